@@ -1,0 +1,31 @@
+// The headless check behind "vornlink --selftest": broadcast discovery for
+// about 2.4 s and print one line per unit that answered.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <span>
+#include <string>
+
+#include "VornProtocol.h"
+
+namespace VornLink {
+
+inline constexpr std::string_view kSelfTestFlag = "--selftest";
+
+// True when one argument (after the program name) is exactly "--selftest".
+bool hasSelfTestFlag(std::span<const char* const> arguments);
+
+struct SelfTestOptions {
+    // Loopback tests move these; the program uses the defaults.
+    std::uint16_t port = Vorn::kPort;
+    std::string broadcastAddress = "255.255.255.255";
+};
+
+// Runs the whole check, writes its report to `out` and returns the exit status.
+int runSelfTest(std::ostream& out, const SelfTestOptions& options = {});
+
+// One report line, for the unit at `address` with configuration `config`.
+std::string selfTestLine(const std::string& address, const Vorn::Config& config);
+
+}  // namespace VornLink

@@ -1,0 +1,254 @@
+#include "VornProtocol.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace Vorn {
+namespace {
+
+constexpr std::array<std::uint8_t, 4> kMagic = {0x3A, 0x62, 0x7F, 0x3D};
+constexpr std::string_view kDiscoverGroup = "224.0.0.200";
+constexpr std::string_view kWriteGroup = "224.0.0.100";
+
+void putHeader(Bytes& out, std::string_view group, std::uint8_t flag, std::uint8_t cmd,
+               std::size_t total, std::uint16_t seq)
+{
+    const auto groupBytes = detail::ipToBytes(group);
+    out.insert(out.end(), kMagic.begin(), kMagic.end());
+    out.insert(out.end(), groupBytes.begin(), groupBytes.end());
+    out.push_back(0x00);
+    out.push_back(flag);
+    out.push_back(0x01);
+    out.push_back(cmd);
+    out.push_back(static_cast<std::uint8_t>(total & 0xFF));
+    out.push_back(static_cast<std::uint8_t>(total >> 8));
+    out.push_back(static_cast<std::uint8_t>(seq & 0xFF));
+    out.push_back(static_cast<std::uint8_t>(seq >> 8));
+    out.insert(out.end(), 4, 0x00);
+}
+
+// A decimal byte value 0..255 with an optional leading '+', else nothing.
+std::optional<std::uint8_t> parseOctet(std::string_view piece)
+{
+    if (!piece.empty() && piece.front() == '+')
+        piece.remove_prefix(1);
+    if (piece.empty())
+        return std::nullopt;
+    unsigned value = 0;
+    for (char c : piece) {
+        if (c < '0' || c > '9')
+            return std::nullopt;
+        value = value * 10 + static_cast<unsigned>(c - '0');
+        if (value > 255)
+            return std::nullopt;
+    }
+    return static_cast<std::uint8_t>(value);
+}
+
+void appendDecimal(std::string& out, std::uint8_t value)
+{
+    char digits[3];
+    int n = 0;
+    do {
+        digits[n++] = static_cast<char>('0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    while (n > 0)
+        out.push_back(digits[--n]);
+}
+
+void appendReplacementCharacter(std::string& out)
+{
+    out.append("\xEF\xBF\xBD");
+}
+
+bool isContinuation(std::uint8_t b)
+{
+    return (b & 0xC0) == 0x80;
+}
+
+// Files one body line: key before the first ':', value after it.
+void addLine(Config& config, std::string_view line)
+{
+    const auto colon = line.find(':');
+    if (colon == std::string_view::npos)
+        return;
+    auto key = line.substr(0, colon);
+    auto value = line.substr(colon + 1);
+    auto it = config.find(key);
+    if (it == config.end())
+        config.emplace(std::string(key), std::string(value));
+    else
+        it->second.assign(value);
+}
+
+}  // namespace
+
+namespace detail {
+
+std::array<std::uint8_t, 4> ipToBytes(std::string_view dotted)
+{
+    std::array<std::uint8_t, 4> out{};
+    std::size_t count = 0;
+    std::size_t start = 0;
+    while (start <= dotted.size()) {
+        auto dot = dotted.find('.', start);
+        if (dot == std::string_view::npos)
+            dot = dotted.size();
+        const auto piece = dotted.substr(start, dot - start);
+        if (!piece.empty()) {
+            if (count == out.size())
+                return {};
+            out[count++] = parseOctet(piece).value_or(0);
+        }
+        start = dot + 1;
+    }
+    return count == out.size() ? out : std::array<std::uint8_t, 4>{};
+}
+
+// Replaces each maximal invalid subpart with one U+FFFD, the substitution
+// practice the Unicode standard recommends.
+std::string decodeUtf8Lossy(std::span<const std::uint8_t> bytes)
+{
+    std::string out;
+    out.reserve(bytes.size());
+    std::size_t i = 0;
+    const std::size_t n = bytes.size();
+    while (i < n) {
+        const std::uint8_t lead = bytes[i];
+        if (lead < 0x80) {
+            out.push_back(static_cast<char>(lead));
+            ++i;
+            continue;
+        }
+        std::size_t length = 0;
+        std::uint8_t secondLow = 0x80;
+        std::uint8_t secondHigh = 0xBF;
+        if (lead >= 0xC2 && lead <= 0xDF) {
+            length = 2;
+        } else if (lead >= 0xE0 && lead <= 0xEF) {
+            length = 3;
+            if (lead == 0xE0)
+                secondLow = 0xA0;
+            else if (lead == 0xED)
+                secondHigh = 0x9F;
+        } else if (lead >= 0xF0 && lead <= 0xF4) {
+            length = 4;
+            if (lead == 0xF0)
+                secondLow = 0x90;
+            else if (lead == 0xF4)
+                secondHigh = 0x8F;
+        } else {
+            appendReplacementCharacter(out);
+            ++i;
+            continue;
+        }
+        std::size_t consumed = 1;
+        bool valid = true;
+        while (consumed < length) {
+            if (i + consumed >= n) {
+                valid = false;
+                break;
+            }
+            const std::uint8_t b = bytes[i + consumed];
+            const bool ok = consumed == 1 ? (b >= secondLow && b <= secondHigh) : isContinuation(b);
+            if (!ok) {
+                valid = false;
+                break;
+            }
+            ++consumed;
+        }
+        if (valid)
+            out.append(reinterpret_cast<const char*>(bytes.data() + i), length);
+        else
+            appendReplacementCharacter(out);
+        i += consumed;
+    }
+    return out;
+}
+
+}  // namespace detail
+
+Bytes discoverPacket(std::uint16_t seq)
+{
+    Bytes out;
+    out.reserve(kHeaderSize);
+    putHeader(out, kDiscoverGroup, 0x01, kCmdDiscover, kHeaderSize, seq);
+    return out;
+}
+
+Bytes writePacket(std::uint16_t seq, const Config& config)
+{
+    std::size_t bodySize = 0;
+    for (const auto key : kWriteKeys) {
+        const auto it = config.find(key);
+        if (it != config.end() && !it->second.empty())
+            bodySize += key.size() + 1 + it->second.size() + 1;
+    }
+    if (bodySize == 0)
+        bodySize = 1;  // the lone LF of an empty body
+    bodySize += 1;     // the closing NUL
+    const std::size_t total = kHeaderSize + bodySize;
+    if (total > 0xFFFF) {
+        std::fprintf(stderr, "Vorn::writePacket: datagram of %zu bytes exceeds 65535\n", total);
+        std::abort();
+    }
+
+    Bytes out;
+    out.reserve(total);
+    putHeader(out, kWriteGroup, 0x00, kCmdWrite, total, seq);
+    bool anyLine = false;
+    for (const auto key : kWriteKeys) {
+        const auto it = config.find(key);
+        if (it == config.end() || it->second.empty())
+            continue;
+        out.insert(out.end(), key.begin(), key.end());
+        out.push_back(':');
+        out.insert(out.end(), it->second.begin(), it->second.end());
+        out.push_back('\n');
+        anyLine = true;
+    }
+    if (!anyLine)
+        out.push_back('\n');
+    out.push_back(0x00);
+    return out;
+}
+
+std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
+{
+    if (datagram.size() < kHeaderSize)
+        return std::nullopt;
+    for (std::size_t i = 0; i < kMagic.size(); ++i) {
+        if (datagram[i] != kMagic[i])
+            return std::nullopt;
+    }
+
+    Reply reply;
+    reply.cmd = datagram[11];
+    reply.deviceIp.reserve(15);
+    for (int i = 7; i >= 4; --i) {
+        appendDecimal(reply.deviceIp, datagram[static_cast<std::size_t>(i)]);
+        if (i != 4)
+            reply.deviceIp.push_back('.');
+    }
+
+    const std::size_t declared = datagram[12] | (static_cast<std::size_t>(datagram[13]) << 8);
+    const std::size_t bodyEnd = declared > kHeaderSize ? std::min(declared, datagram.size()) : datagram.size();
+    const std::string text = detail::decodeUtf8Lossy(datagram.subspan(kHeaderSize, bodyEnd - kHeaderSize));
+
+    // Lines end at LF, except that CR LF is one character and does not split.
+    const std::string_view body(text);
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < body.size(); ++i) {
+        if (body[i] != '\n' || (i > 0 && body[i - 1] == '\r'))
+            continue;
+        if (i > start)
+            addLine(reply.config, body.substr(start, i - start));
+        start = i + 1;
+    }
+    if (start < body.size())
+        addLine(reply.config, body.substr(start));
+    return reply;
+}
+
+}  // namespace Vorn

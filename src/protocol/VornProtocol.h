@@ -1,0 +1,58 @@
+// The base-station wire format: building discover and write datagrams and
+// decoding what units send back. Pure functions, no I/O, no shared state.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Vorn {
+
+// Transparent comparison lets lookups by string_view skip an allocation.
+using Config = std::map<std::string, std::string, std::less<>>;
+using Bytes = std::vector<std::uint8_t>;
+
+inline constexpr std::uint16_t kPort = 23457;
+inline constexpr std::uint8_t kCmdWrite = 0xA0;
+inline constexpr std::uint8_t kCmdReport = 0xA2;
+inline constexpr std::uint8_t kCmdDiscover = 0xA3;
+inline constexpr std::size_t kHeaderSize = 20;
+
+// The only keys a write carries, in the order they go on the wire.
+inline constexpr std::array<std::string_view, 18> kWriteKeys = {
+    "IPAddress",    "Netmask",          "Gateway",         "ManagerIp",    "AtemIp",
+    "AtemPort",     "Channel",          "CallMagic",       "ScenarioType", "SilenceThreshold",
+    "SilenceSuppress", "TallyType",     "TallyGpioType",   "AtemExtTally", "SwitcherBand",
+    "SwitcherModel", "Wire2Enable",     "Serial",
+};
+
+// One decoded datagram. `deviceIp` comes from the header, never from the sender.
+struct Reply {
+    std::string deviceIp;
+    std::optional<std::uint8_t> cmd;
+    Config config;
+
+    bool operator==(const Reply&) const = default;
+};
+
+Bytes discoverPacket(std::uint16_t seq);
+
+// Stops the process when the datagram would exceed 65535 bytes: the callers
+// build configurations from a fixed key list, so that can only be a bug.
+Bytes writePacket(std::uint16_t seq, const Config& config);
+
+std::optional<Reply> parse(std::span<const std::uint8_t> datagram);
+
+namespace detail {
+// Dotted text to four address bytes, first octet first; never fails (0.0.0.0).
+std::array<std::uint8_t, 4> ipToBytes(std::string_view dotted);
+// Bytes as UTF-8, each invalid sequence replaced by U+FFFD.
+std::string decodeUtf8Lossy(std::span<const std::uint8_t> bytes);
+}  // namespace detail
+
+}  // namespace Vorn

@@ -1,0 +1,16 @@
+#include "SwitcherCatalog.h"
+
+namespace SwitcherCatalog {
+
+std::string label(std::int64_t band, std::int64_t model)
+{
+    for (const auto& preset : presets) {
+        if (preset.band == band && preset.model == model)
+            return std::string(preset.label);
+    }
+    if (band == 7)
+        return std::string(presets.front().label);
+    return "Band " + std::to_string(band) + " / Model " + std::to_string(model);
+}
+
+}  // namespace SwitcherCatalog
