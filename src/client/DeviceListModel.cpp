@@ -1,0 +1,104 @@
+#include "DeviceListModel.h"
+
+#include "ConfigConversion.h"
+
+DeviceListModel::DeviceListModel(QObject* parent) : QAbstractListModel(parent) {}
+
+void DeviceListModel::setClient(VornClient* client)
+{
+    if (client == client_)
+        return;
+    beginResetModel();
+    if (client_)
+        disconnect(client_, nullptr, this, nullptr);
+    client_ = client;
+    if (client_)
+        connectClient();
+    endResetModel();
+    emit clientChanged();
+}
+
+void DeviceListModel::connectClient()
+{
+    connect(client_, &VornClient::deviceAboutToBeAdded, this, [this](int row) { beginInsertRows({}, row, row); });
+    connect(client_, &VornClient::deviceAdded, this, [this] { endInsertRows(); });
+    connect(client_, &VornClient::deviceUpdated, this, [this](int row) {
+        const QModelIndex changed = index(row);
+        emit dataChanged(changed, changed);
+    });
+    connect(client_, &QObject::destroyed, this, &DeviceListModel::forgetClient);
+    connect(client_->clock(), &PresenceClock::ticked, this, &DeviceListModel::refreshPresence);
+    presenceJudgedAt_ = client_->clock()->now();
+}
+
+void DeviceListModel::forgetClient()
+{
+    beginResetModel();
+    client_ = nullptr;
+    endResetModel();
+    emit clientChanged();
+}
+
+void DeviceListModel::refreshPresence()
+{
+    // Presence only lapses with time, so a row whose verdict at the previous
+    // judgement equals the verdict now cannot have flipped in between.
+    const auto now = client_->clock()->now();
+    const auto& devices = client_->devices();
+    const int count = static_cast<int>(devices.size());
+    int runStart = -1;
+    for (int row = 0; row <= count; ++row) {
+        bool flipped = false;
+        if (row < count) {
+            const auto lastSeen = devices[static_cast<std::size_t>(row)].lastSeen;
+            flipped = isPresent(lastSeen, presenceJudgedAt_) != isPresent(lastSeen, now);
+        }
+        if (flipped && runStart < 0)
+            runStart = row;
+        if (!flipped && runStart >= 0) {
+            emit dataChanged(index(runStart), index(row - 1), {OnlineRole});
+            runStart = -1;
+        }
+    }
+    presenceJudgedAt_ = now;
+}
+
+int DeviceListModel::rowCount(const QModelIndex& parent) const
+{
+    if (parent.isValid() || !client_)
+        return 0;
+    return client_->deviceCount();
+}
+
+QVariant DeviceListModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Device& device = client_->devices()[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case Qt::DisplayRole:
+    case TitleRole:
+        return device.title();
+    case IpRole:
+        return QString::fromStdString(device.ip);
+    case LastSeenRole:
+        return toDateTime(device.lastSeen);
+    case OnlineRole:
+        return isPresent(device.lastSeen, client_->clock()->now());
+    case ConfigRole:
+        return toVariantMap(device.config);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> DeviceListModel::roleNames() const
+{
+    return {
+        {IpRole, "ip"},
+        {TitleRole, "title"},
+        {LastSeenRole, "lastSeen"},
+        {OnlineRole, "online"},
+        {ConfigRole, "config"},
+    };
+}

@@ -1,0 +1,149 @@
+#include "VornClient.h"
+
+#include <algorithm>
+
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QTimer>
+
+#include "ClientLogging.h"
+#include "ConfigConversion.h"
+#include "LogTime.h"
+
+VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject* parent)
+    : QObject(parent),
+      socket_(port, std::move(broadcastAddress)),
+      clock_(new PresenceClock(this)),
+      status_(QStringLiteral("starting\u2026")),
+      seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001)))
+{
+}
+
+VornClient::~VornClient()
+{
+    // The receive thread may be inside the handler; clearing it waits for that
+    // call, so nothing refers to this object once the handler is gone.
+    socket_.setOnPacket(nullptr);
+}
+
+void VornClient::start()
+{
+    if (started_)
+        return;
+    started_ = true;
+    installPacketHandler();
+    const QString port = QString::number(socket_.port());
+    if (!socket_.start()) {
+        setStatus(QStringLiteral("cannot bind UDP %1 (in use?)").arg(port));
+        return;
+    }
+    setStatus(QStringLiteral("listening on %1").arg(port));
+    discoverTo(socket_.broadcastAddress());
+
+    discoveryTimer_ = new QTimer(this);
+    discoveryTimer_->setObjectName(QStringLiteral("discoveryTimer"));
+    discoveryTimer_->setInterval(kDiscoveryIntervalMs);
+    connect(discoveryTimer_, &QTimer::timeout, this, [this] { discoverTo(socket_.broadcastAddress()); });
+    discoveryTimer_->start();
+}
+
+void VornClient::installPacketHandler()
+{
+    socket_.setOnPacket([client = QPointer<VornClient>(this)](Vorn::Bytes data, std::string) {
+        // Runs on the receive thread: decode here, touch the client only on
+        // the main thread. The sender address is not used; the reply names its unit.
+        auto reply = Vorn::parse(data);
+        if (!reply) {
+            qCDebug(lcVornClient) << "dropped a foreign datagram of" << data.size() << "bytes";
+            return;
+        }
+        QMetaObject::invokeMethod(
+            client.data(),
+            [client, reply = std::move(*reply)]() mutable {
+                if (client)
+                    client->ingest(std::move(reply));
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void VornClient::sendDiscover(const QString& address)
+{
+    discoverTo(address.toStdString());
+}
+
+void VornClient::discoverTo(const std::string& address)
+{
+    socket_.send(Vorn::discoverPacket(nextSeq()), address);
+}
+
+void VornClient::ingest(Vorn::Reply reply)
+{
+    if (reply.cmd != Vorn::kCmdReport) {
+        qCDebug(lcVornClient) << "ignored a datagram with command" << reply.cmd.value_or(0);
+        return;
+    }
+    const auto now = clock_->now();
+    const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp,
+                                        [](const Device& device, const std::string& ip) { return device.ip < ip; });
+    const int row = static_cast<int>(place - devices_.begin());
+    if (place != devices_.end() && place->ip == reply.deviceIp) {
+        place->config = std::move(reply.config);
+        place->lastSeen = now;
+        emit deviceUpdated(row);
+        return;
+    }
+    const QString address = QString::fromStdString(reply.deviceIp);
+    emit deviceAboutToBeAdded(row);
+    devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now});
+    emit deviceAdded(row);
+    emit deviceCountChanged();
+    addLog(QStringLiteral("found ") + address);
+}
+
+int VornClient::indexOf(std::string_view ip) const
+{
+    const auto place = std::lower_bound(devices_.begin(), devices_.end(), ip,
+                                        [](const Device& device, std::string_view key) { return device.ip < key; });
+    if (place == devices_.end() || place->ip != ip)
+        return -1;
+    return static_cast<int>(place - devices_.begin());
+}
+
+std::optional<Device> VornClient::device(std::string_view ip) const
+{
+    const int row = indexOf(ip);
+    if (row < 0)
+        return std::nullopt;
+    return devices_[static_cast<std::size_t>(row)];
+}
+
+QVariantMap VornClient::deviceData(const QString& ip) const
+{
+    const int row = indexOf(ip.toStdString());
+    if (row < 0)
+        return {};
+    const Device& found = devices_[static_cast<std::size_t>(row)];
+    return {
+        {QStringLiteral("ip"), ip},
+        {QStringLiteral("title"), found.title()},
+        {QStringLiteral("lastSeen"), toDateTime(found.lastSeen)},
+        {QStringLiteral("config"), toVariantMap(found.config)},
+    };
+}
+
+void VornClient::setStatus(const QString& status)
+{
+    if (status == status_)
+        return;
+    status_ = status;
+    emit statusChanged();
+}
+
+void VornClient::addLog(const QString& message)
+{
+    log_.append(logTimeText(toDateTime(clock_->now())) + QStringLiteral("  ") + message);
+    if (log_.size() > kLogLimit)
+        log_.remove(0, log_.size() - kLogLimit);
+    emit logChanged();
+}

@@ -1,0 +1,52 @@
+// The configuration write: the whole configuration goes out, twice, and the
+// unit is asked again shortly after so its own answer updates the table.
+#include <algorithm>
+#include <vector>
+
+#include <QStringList>
+#include <QTimer>
+
+#include "ConfigConversion.h"
+#include "VornClient.h"
+
+namespace {
+
+// "Key=Value" pieces sorted as text, joined by one blank.
+QString changesText(const Vorn::Config& changes)
+{
+    std::vector<std::string> pieces;
+    pieces.reserve(changes.size());
+    for (const auto& [key, value] : changes)
+        pieces.push_back(key + '=' + value);
+    std::sort(pieces.begin(), pieces.end());
+    QStringList text;
+    for (const auto& piece : pieces)
+        text.append(QString::fromStdString(piece));
+    return text.join(u' ');
+}
+
+}  // namespace
+
+void VornClient::write(const QString& ip, const QVariantMap& changes)
+{
+    writeChanges(ip.toStdString(), toConfig(changes));
+}
+
+void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes)
+{
+    // No optimistic update: the table changes only when the unit answers.
+    Vorn::Config full;
+    if (const int row = indexOf(ip); row >= 0)
+        full = devices_[static_cast<std::size_t>(row)].config;
+    for (const auto& [key, value] : changes)
+        full.insert_or_assign(key, value);
+
+    // The second copy is the only guard against a lost datagram.
+    const Vorn::Bytes datagram = Vorn::writePacket(nextSeq(), full);
+    socket_.send(datagram, ip);
+    socket_.send(datagram, ip);
+
+    addLog(QStringLiteral("write \u2192 %1: %2").arg(QString::fromStdString(ip), changesText(changes)));
+
+    QTimer::singleShot(kRequeryDelayMs, this, [this, ip] { discoverTo(ip); });
+}
