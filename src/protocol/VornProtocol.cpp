@@ -67,6 +67,65 @@ bool isContinuation(std::uint8_t b)
     return (b & 0xC0) == 0x80;
 }
 
+// One step through UTF-8 text at `i`: how many bytes it covers and whether they
+// form a valid sequence. An invalid step covers the maximal invalid subpart,
+// which the Unicode standard recommends replacing with one U+FFFD.
+struct Utf8Step {
+    std::size_t length;
+    bool valid;
+};
+
+Utf8Step nextUtf8Step(std::span<const std::uint8_t> bytes, std::size_t i)
+{
+    const std::uint8_t lead = bytes[i];
+    if (lead < 0x80)
+        return {1, true};
+    std::size_t length = 0;
+    std::uint8_t secondLow = 0x80;
+    std::uint8_t secondHigh = 0xBF;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        if (lead == 0xE0)
+            secondLow = 0xA0;
+        else if (lead == 0xED)
+            secondHigh = 0x9F;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        if (lead == 0xF0)
+            secondLow = 0x90;
+        else if (lead == 0xF4)
+            secondHigh = 0x8F;
+    } else {
+        return {1, false};
+    }
+    for (std::size_t consumed = 1; consumed < length; ++consumed) {
+        if (i + consumed >= bytes.size())
+            return {consumed, false};
+        const std::uint8_t b = bytes[i + consumed];
+        const bool ok = consumed == 1 ? (b >= secondLow && b <= secondHigh) : isContinuation(b);
+        if (!ok)
+            return {consumed, false};
+    }
+    return {length, true};
+}
+
+bool isValidUtf8(std::span<const std::uint8_t> bytes)
+{
+    for (std::size_t i = 0; i < bytes.size();) {
+        if (bytes[i] < 0x80) {
+            ++i;
+            continue;
+        }
+        const Utf8Step step = nextUtf8Step(bytes, i);
+        if (!step.valid)
+            return false;
+        i += step.length;
+    }
+    return true;
+}
+
 // Files one body line: key before the first ':', value after it.
 void addLine(Config& config, std::string_view line)
 {
@@ -75,11 +134,11 @@ void addLine(Config& config, std::string_view line)
         return;
     auto key = line.substr(0, colon);
     auto value = line.substr(colon + 1);
-    auto it = config.find(key);
-    if (it == config.end())
-        config.emplace(std::string(key), std::string(value));
-    else
+    const auto it = config.lower_bound(key);
+    if (it != config.end() && it->first == key)
         it->second.assign(value);
+    else
+        config.emplace_hint(it, std::string(key), std::string(value));
 }
 
 }  // namespace
@@ -106,63 +165,17 @@ std::array<std::uint8_t, 4> ipToBytes(std::string_view dotted)
     return count == out.size() ? out : std::array<std::uint8_t, 4>{};
 }
 
-// Replaces each maximal invalid subpart with one U+FFFD, the substitution
-// practice the Unicode standard recommends.
 std::string decodeUtf8Lossy(std::span<const std::uint8_t> bytes)
 {
     std::string out;
     out.reserve(bytes.size());
-    std::size_t i = 0;
-    const std::size_t n = bytes.size();
-    while (i < n) {
-        const std::uint8_t lead = bytes[i];
-        if (lead < 0x80) {
-            out.push_back(static_cast<char>(lead));
-            ++i;
-            continue;
-        }
-        std::size_t length = 0;
-        std::uint8_t secondLow = 0x80;
-        std::uint8_t secondHigh = 0xBF;
-        if (lead >= 0xC2 && lead <= 0xDF) {
-            length = 2;
-        } else if (lead >= 0xE0 && lead <= 0xEF) {
-            length = 3;
-            if (lead == 0xE0)
-                secondLow = 0xA0;
-            else if (lead == 0xED)
-                secondHigh = 0x9F;
-        } else if (lead >= 0xF0 && lead <= 0xF4) {
-            length = 4;
-            if (lead == 0xF0)
-                secondLow = 0x90;
-            else if (lead == 0xF4)
-                secondHigh = 0x8F;
-        } else {
-            appendReplacementCharacter(out);
-            ++i;
-            continue;
-        }
-        std::size_t consumed = 1;
-        bool valid = true;
-        while (consumed < length) {
-            if (i + consumed >= n) {
-                valid = false;
-                break;
-            }
-            const std::uint8_t b = bytes[i + consumed];
-            const bool ok = consumed == 1 ? (b >= secondLow && b <= secondHigh) : isContinuation(b);
-            if (!ok) {
-                valid = false;
-                break;
-            }
-            ++consumed;
-        }
-        if (valid)
-            out.append(reinterpret_cast<const char*>(bytes.data() + i), length);
+    for (std::size_t i = 0; i < bytes.size();) {
+        const Utf8Step step = nextUtf8Step(bytes, i);
+        if (step.valid)
+            out.append(reinterpret_cast<const char*>(bytes.data() + i), step.length);
         else
             appendReplacementCharacter(out);
-        i += consumed;
+        i += step.length;
     }
     return out;
 }
@@ -234,10 +247,16 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
 
     const std::size_t declared = datagram[12] | (static_cast<std::size_t>(datagram[13]) << 8);
     const std::size_t bodyEnd = declared > kHeaderSize ? std::min(declared, datagram.size()) : datagram.size();
-    const std::string text = detail::decodeUtf8Lossy(datagram.subspan(kHeaderSize, bodyEnd - kHeaderSize));
+    // Valid text (the normal case) is read in place; only broken text is copied.
+    const auto bodyBytes = datagram.subspan(kHeaderSize, bodyEnd - kHeaderSize);
+    std::string repaired;
+    std::string_view body(reinterpret_cast<const char*>(bodyBytes.data()), bodyBytes.size());
+    if (!isValidUtf8(bodyBytes)) {
+        repaired = detail::decodeUtf8Lossy(bodyBytes);
+        body = repaired;
+    }
 
     // Lines end at LF, except that CR LF is one character and does not split.
-    const std::string_view body(text);
     std::size_t start = 0;
     for (std::size_t i = 0; i < body.size(); ++i) {
         if (body[i] != '\n' || (i > 0 && body[i - 1] == '\r'))

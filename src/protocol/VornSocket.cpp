@@ -57,10 +57,8 @@ bool VornSocket::start()
 
     rxfd_.store(fd);
     running_.store(true);
-    rxThread_ = std::thread([this] {
-        pthread_setname_np(pthread_self(), "vorn.rx");
-        recvLoop();
-    });
+    rxThread_ = std::thread([this] { recvLoop(); });
+    pthread_setname_np(rxThread_.native_handle(), "vorn.rx");
     return true;
 }
 

@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <dirent.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <fstream>
+#include <mutex>
+
+#include "LoopbackPeer.h"
+#include "VornSocket.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// Collects what the endpoint hands to its callback.
+struct Inbox {
+    std::mutex mutex;
+    std::condition_variable arrived;
+    std::vector<TestKit::Received> items;
+
+    Vorn::VornSocket::PacketHandler handler()
+    {
+        return [this](Vorn::Bytes data, std::string sender) {
+            std::lock_guard lock(mutex);
+            items.push_back({std::move(data), std::move(sender), 0});
+            arrived.notify_all();
+        };
+    }
+    std::vector<TestKit::Received> waitFor(std::size_t count)
+    {
+        std::unique_lock lock(mutex);
+        arrived.wait_for(lock, 2s, [&] { return items.size() >= count; });
+        return items;
+    }
+};
+
+std::vector<std::string> threadNames()
+{
+    std::vector<std::string> names;
+    DIR* dir = ::opendir("/proc/self/task");
+    while (dirent* entry = ::readdir(dir)) {
+        std::ifstream comm(std::string("/proc/self/task/") + entry->d_name + "/comm");
+        std::string name;
+        if (std::getline(comm, name))
+            names.push_back(name);
+    }
+    ::closedir(dir);
+    return names;
+}
+
+}  // namespace
+
+TEST(VornSocket, StartTwiceReturnsTrueTwiceAndBindsOnce)
+{
+    Vorn::VornSocket socket(TestKit::freeUdpPort(), TestKit::kPeerAddress);
+    ASSERT_TRUE(socket.start());
+    const int first = socket.rxfd();
+    EXPECT_TRUE(socket.start());
+    EXPECT_EQ(socket.rxfd(), first);
+}
+
+TEST(VornSocket, PortHeldExclusivelyMakesStartFailAndLeavesNoDescriptor)
+{
+    const auto port = TestKit::freeUdpPort();
+    const int holder = TestKit::bindUdp("0.0.0.0", port, false);
+    ASSERT_GE(holder, 0);
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    EXPECT_FALSE(socket.start());
+    EXPECT_EQ(socket.rxfd(), -1);
+    EXPECT_FALSE(socket.isListening());
+    ::close(holder);
+    EXPECT_TRUE(socket.start()) << "a failed start may be retried";
+}
+
+TEST(VornSocket, ReceiveThreadIsNamedVornRx)
+{
+    Vorn::VornSocket socket(TestKit::freeUdpPort(), TestKit::kPeerAddress);
+    ASSERT_TRUE(socket.start());
+    const auto names = threadNames();
+    EXPECT_NE(std::find(names.begin(), names.end(), "vorn.rx"), names.end());
+}
+
+TEST(VornSocket, DatagramReachesCallbackWithSenderAddress)
+{
+    const auto port = TestKit::freeUdpPort();
+    Inbox inbox;
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.setOnPacket(inbox.handler());
+    ASSERT_TRUE(socket.start());
+    TestKit::sendUdp({1, 2, 3}, "127.0.0.1", port);
+    const auto items = inbox.waitFor(1);
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].data, (Vorn::Bytes{1, 2, 3}));
+    EXPECT_EQ(items[0].sourceIp, "127.0.0.1");
+}
+
+TEST(VornSocket, ZeroLengthDatagramProducesNoCallback)
+{
+    const auto port = TestKit::freeUdpPort();
+    Inbox inbox;
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.setOnPacket(inbox.handler());
+    ASSERT_TRUE(socket.start());
+    TestKit::sendUdp({}, "127.0.0.1", port);
+    TestKit::sendUdp({42}, "127.0.0.1", port);
+    // Loopback keeps order, so once the second datagram is in, the first was seen.
+    const auto items = inbox.waitFor(1);
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].data, (Vorn::Bytes{42}));
+}
+
+TEST(VornSocket, ThreeThousandByteDatagramArrivesCutToTwoThousandFortyEight)
+{
+    const auto port = TestKit::freeUdpPort();
+    Inbox inbox;
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.setOnPacket(inbox.handler());
+    ASSERT_TRUE(socket.start());
+    Vorn::Bytes big(3000);
+    for (std::size_t i = 0; i < big.size(); ++i)
+        big[i] = static_cast<std::uint8_t>(i);
+    TestKit::sendUdp(big, "127.0.0.1", port);
+    TestKit::sendUdp({7}, "127.0.0.1", port);
+    const auto items = inbox.waitFor(2);
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].data, Vorn::Bytes(big.begin(), big.begin() + 2048));
+}
+
+TEST(VornSocket, SendGoesToTheGivenAddressFromAnEphemeralPort)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, nullptr);
+    Vorn::VornSocket socket(port, "127.0.0.9");
+    socket.send(Vorn::Bytes{9, 8, 7}, TestKit::kPeerAddress);
+    const auto got = peer.waitForDatagrams(1);
+    ASSERT_EQ(got.size(), 1u);
+    EXPECT_EQ(got[0].data, (Vorn::Bytes{9, 8, 7}));
+    EXPECT_NE(got[0].sourcePort, port);
+}
+
+TEST(VornSocket, SendToTextThatIsNotADottedAddressGoesToTheBroadcastAddress)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, nullptr);
+    // On loopback the broadcast address is moved to the peer's address.
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.send(Vorn::Bytes{1}, "studio-base-station.local");
+    socket.send(Vorn::Bytes{2}, "");
+    const auto got = peer.waitForDatagrams(2);
+    ASSERT_EQ(got.size(), 2u);
+    EXPECT_EQ(got[0].data, (Vorn::Bytes{1}));
+    EXPECT_EQ(got[1].data, (Vorn::Bytes{2}));
+}
+
+TEST(VornSocket, SendWithoutStartNeedsNoBoundSocket)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, nullptr);
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    EXPECT_FALSE(socket.isListening());
+    socket.send(Vorn::Bytes{5}, TestKit::kPeerAddress);
+    EXPECT_EQ(peer.waitForDatagrams(1).size(), 1u);
+    EXPECT_FALSE(socket.isListening());
+}
+
+TEST(VornSocket, ReplacingTheCallbackRoutesLaterDatagramsToTheNewOne)
+{
+    const auto port = TestKit::freeUdpPort();
+    Inbox first;
+    Inbox second;
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.setOnPacket(first.handler());
+    ASSERT_TRUE(socket.start());
+    TestKit::sendUdp({1}, "127.0.0.1", port);
+    ASSERT_EQ(first.waitFor(1).size(), 1u);
+    socket.setOnPacket(second.handler());
+    TestKit::sendUdp({2}, "127.0.0.1", port);
+    ASSERT_EQ(second.waitFor(1).size(), 1u);
+    EXPECT_EQ(first.items.size(), 1u);
+}
+
+TEST(VornSocket, DestroyingAListeningEndpointEndsItsThread)
+{
+    const auto port = TestKit::freeUdpPort();
+    {
+        Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+        ASSERT_TRUE(socket.start());
+    }
+    const auto names = threadNames();
+    EXPECT_EQ(std::find(names.begin(), names.end(), "vorn.rx"), names.end());
+    // And the port is free again.
+    const int fd = TestKit::bindUdp("0.0.0.0", port, false);
+    EXPECT_GE(fd, 0);
+    ::close(fd);
+}

@@ -1,0 +1,66 @@
+// Loopback test kit: a free UDP port, and a fake unit that sits on 127.0.0.2
+// (more specific than the endpoint's wildcard bind, so the kernel hands it the
+// datagrams sent there) and answers every datagram it receives.
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "VornProtocol.h"
+
+namespace TestKit {
+
+inline constexpr const char* kPeerAddress = "127.0.0.2";
+
+// A UDP port that was free a moment ago.
+std::uint16_t freeUdpPort();
+
+// A socket bound to `address`:`port` with or without SO_REUSEADDR; -1 on failure.
+int bindUdp(const char* address, std::uint16_t port, bool reuseAddress);
+
+// Sends `data` from a fresh socket to address:port.
+void sendUdp(const Vorn::Bytes& data, const char* address, std::uint16_t port);
+
+struct Received {
+    Vorn::Bytes data;
+    std::string sourceIp;
+    std::uint16_t sourcePort = 0;
+};
+
+class LoopbackPeer {
+public:
+    // For each received datagram, `answer` returns the datagrams to send back
+    // to the sender's address at `port`.
+    using Answer = std::function<std::vector<Vorn::Bytes>(const Received&)>;
+
+    LoopbackPeer(std::uint16_t port, Answer answer);
+    ~LoopbackPeer();
+
+    // Waits up to two seconds for at least `count` datagrams.
+    std::vector<Received> waitForDatagrams(std::size_t count);
+    std::vector<Received> received();
+
+private:
+    void run();
+
+    std::uint16_t port_;
+    Answer answer_;
+    int fd_ = -1;
+    std::atomic<bool> stop_{false};
+    std::mutex mutex_;
+    std::condition_variable arrived_;
+    std::vector<Received> received_;
+    std::thread thread_;
+};
+
+// A configuration report as a unit sends it, with its address in the header.
+Vorn::Bytes reportDatagram(const std::string& unitIp, const Vorn::Config& config,
+                           std::uint8_t cmd = Vorn::kCmdReport);
+
+}  // namespace TestKit
