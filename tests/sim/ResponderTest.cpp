@@ -1,0 +1,229 @@
+#include "Responder.h"
+
+#include <gtest/gtest.h>
+
+namespace VornSim {
+namespace {
+
+const Vorn::Config kConfig = {{"IPAddress", "10.232.1.2"}, {"Channel", "7"}, {"Serial", "ABCDEF123456"}};
+
+Datagram discoverTo(std::string dst, std::uint16_t seq = 1)
+{
+    return Datagram{Vorn::discoverPacket(seq), "10.232.0.50", 50123, std::move(dst)};
+}
+
+Datagram writeTo(std::string dst, const Vorn::Config& settings)
+{
+    return Datagram{Vorn::writePacket(9, settings), "10.232.0.50", 50123, std::move(dst)};
+}
+
+std::vector<Unit> twoUnits()
+{
+    return {Unit{"10.232.1.2", kConfig, {}}, Unit{"10.232.1.3", {{"Channel", "9"}}, {}}};
+}
+
+TEST(Responder, ReportHeaderCarriesTheAddressLastOctetFirst)
+{
+    const auto packet = reportPacket(Unit{"10.232.1.2", kConfig, {}}, 0x1234);
+    ASSERT_GE(packet.size(), 20u);
+    const Vorn::Bytes header(packet.begin(), packet.begin() + 20);
+    const std::size_t length = packet.size();
+    EXPECT_EQ(header, (Vorn::Bytes{0x3A, 0x62, 0x7F, 0x3D, 2, 1, 232, 10, 0x00, 0x01, 0x01, 0xA2,
+                                   static_cast<std::uint8_t>(length & 0xFF), static_cast<std::uint8_t>(length >> 8),
+                                   0x34, 0x12, 0, 0, 0, 0}));
+}
+
+TEST(Responder, ReportBodyIsKeyValueLinesEndedByNul)
+{
+    const auto packet = reportPacket(Unit{"10.0.0.1", {{"A", "1"}, {"B", "x:y"}}, {}}, 1);
+    const std::string body(packet.begin() + 20, packet.end());
+    EXPECT_EQ(body, std::string("A:1\nB:x:y\n") + '\0');
+    EXPECT_EQ(packet[12], packet.size());
+}
+
+TEST(Responder, ReportParsesBackToTheUnitsConfiguration)
+{
+    const auto reply = Vorn::parse(reportPacket(Unit{"10.232.1.2", kConfig, {}}, 5));
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->deviceIp, "10.232.1.2");
+    EXPECT_EQ(reply->cmd, Vorn::kCmdReport);
+    EXPECT_EQ(reply->config, kConfig);
+}
+
+TEST(Responder, OversizedConfigurationIsCutToOneDatagram)
+{
+    Vorn::Config huge;
+    for (int i = 0; i < 10; ++i)
+        huge["Key" + std::to_string(i)] = std::string(10000, 'x');
+    const auto packet = reportPacket(Unit{"10.0.0.1", huge, {}}, 1);
+    EXPECT_LE(packet.size(), 65507u);
+    EXPECT_EQ(Vorn::parse(packet)->config.size(), 6u);
+}
+
+TEST(Responder, BroadcastDiscoverReachesEveryUnitAndEchoesTheSequence)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    const auto replies = respond(units, discoverTo("255.255.255.255", 0xBEEF), dice);
+    ASSERT_EQ(replies.size(), 2u);
+    for (std::size_t i = 0; i < replies.size(); ++i) {
+        EXPECT_EQ(replies[i].fromIp, units[i].ip);
+        EXPECT_EQ(replies[i].toIp, "10.232.0.50");
+        EXPECT_EQ(replies[i].delay, std::chrono::milliseconds(0));
+        EXPECT_EQ(replies[i].bytes, reportPacket(units[i], 0xBEEF));
+        EXPECT_EQ(replies[i].bytes[14], 0xEF);
+        EXPECT_EQ(replies[i].bytes[15], 0xBE);
+    }
+}
+
+TEST(Responder, DiscoverToTheListenAddressReachesEveryUnit)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    EXPECT_EQ(respond(units, discoverTo("127.0.0.2"), dice).size(), 2u);
+}
+
+TEST(Responder, DiscoverToAUnitsAddressReachesOnlyThatUnit)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    const auto replies = respond(units, discoverTo("10.232.1.3"), dice);
+    ASSERT_EQ(replies.size(), 1u);
+    EXPECT_EQ(Vorn::parse(replies[0].bytes)->deviceIp, "10.232.1.3");
+}
+
+TEST(Responder, ForeignDatagramsAndOtherCommandsGetNoReply)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    EXPECT_TRUE(respond(units, Datagram{{1, 2, 3}, "10.0.0.9", 1, "255.255.255.255"}, dice).empty());
+    EXPECT_TRUE(respond(units, Datagram{reportPacket(units[0], 1), "10.0.0.9", 1, "255.255.255.255"}, dice).empty());
+    EXPECT_EQ(units, twoUnits());
+}
+
+TEST(Responder, WriteReplacesGivenKeysAndKeepsTheOthers)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    EXPECT_TRUE(respond(units, writeTo("10.232.1.2", {{"Channel", "42"}, {"AtemIp", "10.0.0.9"}}), dice).empty());
+    EXPECT_EQ(units[0].config, (Vorn::Config{{"IPAddress", "10.232.1.2"}, {"Channel", "42"}, {"AtemIp", "10.0.0.9"},
+                                             {"Serial", "ABCDEF123456"}}));
+    EXPECT_EQ(units[1], twoUnits()[1]);
+}
+
+TEST(Responder, WriteOfANewAddressMovesTheUnit)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.9.9"}}), dice);
+    EXPECT_EQ(units[0].ip, "10.232.9.9");
+    EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.9.9");
+
+    const auto atNewAddress = respond(units, discoverTo("10.232.9.9"), dice);
+    ASSERT_EQ(atNewAddress.size(), 1u);
+    EXPECT_EQ(atNewAddress[0].fromIp, "10.232.9.9");
+    EXPECT_EQ(Vorn::parse(atNewAddress[0].bytes)->deviceIp, "10.232.9.9");
+    // The old address belongs to no unit now, so a discover to it reaches everyone.
+    EXPECT_EQ(respond(units, discoverTo("10.232.1.2"), dice).size(), 2u);
+}
+
+TEST(Responder, WriteOfAMalformedAddressIsStoredButTheUnitStays)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.9"}}), dice);
+    EXPECT_EQ(units[0].ip, "10.232.1.2");
+    EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.9");
+}
+
+TEST(Responder, WriteToABroadcastOrUnknownAddressChangesNothing)
+{
+    auto units = twoUnits();
+    DropDice dice(1);
+    respond(units, writeTo("255.255.255.255", {{"Channel", "1"}}), dice);
+    respond(units, writeTo("10.232.1.99", {{"Channel", "1"}}), dice);
+    EXPECT_EQ(units, twoUnits());
+}
+
+TEST(Responder, ReportIpFaultChangesOnlyTheHeaderAddress)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.reportIp = "10.9.8.7"}}};
+    DropDice dice(1);
+    const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
+    ASSERT_EQ(replies.size(), 1u);
+    EXPECT_EQ(replies[0].fromIp, "10.232.1.2");
+    EXPECT_EQ(Vorn::parse(replies[0].bytes)->deviceIp, "10.9.8.7");
+}
+
+TEST(Responder, CmdFaultChangesTheReplyCommand)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.cmd = 0xA1}}};
+    DropDice dice(1);
+    const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
+    ASSERT_EQ(replies.size(), 1u);
+    EXPECT_EQ(replies[0].bytes[11], 0xA1);
+}
+
+TEST(Responder, SilentUnitNeverAnswersButStillTakesWrites)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.silent = true}}};
+    DropDice dice(1);
+    EXPECT_TRUE(respond(units, discoverTo("255.255.255.255"), dice).empty());
+    EXPECT_TRUE(respond(units, discoverTo("10.232.1.2"), dice).empty());
+    respond(units, writeTo("10.232.1.2", {{"Channel", "3"}}), dice);
+    EXPECT_EQ(units[0].config.at("Channel"), "3");
+}
+
+TEST(Responder, DelayFaultIsCarriedOnTheReply)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.delay = std::chrono::milliseconds(250)}}};
+    DropDice dice(1);
+    const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
+    ASSERT_EQ(replies.size(), 1u);
+    EXPECT_EQ(replies[0].delay, std::chrono::milliseconds(250));
+}
+
+// How many of `requests` discovers a unit with drop = `fraction` answers.
+int answered(double fraction, std::uint64_t seed, int requests, std::vector<bool>* pattern = nullptr)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.drop = fraction}}};
+    DropDice dice(seed);
+    int count = 0;
+    for (int i = 0; i < requests; ++i) {
+        const bool replied = !respond(units, discoverTo("255.255.255.255"), dice).empty();
+        count += replied;
+        if (pattern)
+            pattern->push_back(replied);
+    }
+    return count;
+}
+
+TEST(Responder, DropFaultIgnoresAboutThatFractionOfRequests)
+{
+    const int count = answered(0.25, 1, 2000);
+    EXPECT_GT(count, 1350);
+    EXPECT_LT(count, 1650);
+    EXPECT_EQ(answered(0.0, 1, 100), 100);
+    EXPECT_EQ(answered(1.0, 1, 100), 0);
+}
+
+TEST(Responder, DropDecisionsRepeatForTheSameSeed)
+{
+    std::vector<bool> first, again, otherSeed;
+    answered(0.5, 7, 200, &first);
+    answered(0.5, 7, 200, &again);
+    answered(0.5, 8, 200, &otherSeed);
+    EXPECT_EQ(first, again);
+    EXPECT_NE(first, otherSeed);
+}
+
+TEST(Responder, DroppedWriteIsNotApplied)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.drop = 1.0}}};
+    DropDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"Channel", "3"}}), dice);
+    EXPECT_EQ(units[0].config, kConfig);
+}
+
+}  // namespace
+}  // namespace VornSim

@@ -1,0 +1,19 @@
+#include "Unit.h"
+
+namespace VornSim {
+
+void FaultOverrides::applyTo(Faults& faults) const
+{
+    if (reportIp)
+        faults.reportIp = reportIp;
+    if (cmd)
+        faults.cmd = cmd;
+    if (silent)
+        faults.silent = *silent;
+    if (drop)
+        faults.drop = *drop;
+    if (delay)
+        faults.delay = *delay;
+}
+
+}  // namespace VornSim

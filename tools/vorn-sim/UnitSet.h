@@ -1,0 +1,19 @@
+// The units a run simulates: generated or read from a file, with the
+// command line's faults applied.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "Options.h"
+#include "Result.h"
+#include "Unit.h"
+
+namespace VornSim {
+
+Result<std::vector<Unit>> makeUnits(const Options& options);
+
+// Fails naming the first fault whose unit address matches no unit.
+std::optional<Error> applyFaultOptions(std::vector<Unit>& units, std::span<const FaultOption> faults);
+
+}  // namespace VornSim
