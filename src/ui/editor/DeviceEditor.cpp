@@ -1,0 +1,206 @@
+#include "DeviceEditor.h"
+
+#include "ConfigConversion.h"
+#include "EditorOptions.h"
+#include "EditorRules.h"
+
+DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent)
+{
+    shown_ = snapshot();
+}
+
+void DeviceEditor::setClient(VornClient* client)
+{
+    if (client == client_)
+        return;
+    if (client_) {
+        disconnect(client_, nullptr, this, nullptr);
+        disconnect(client_->clock(), nullptr, this, nullptr);
+    }
+    client_ = client;
+    if (client_) {
+        // A reply changes the live configuration but never the fields.
+        connect(client_, &VornClient::deviceAdded, this, &DeviceEditor::announce);
+        connect(client_, &VornClient::deviceUpdated, this, &DeviceEditor::announce);
+        connect(client_->clock(), &PresenceClock::ticked, this, &DeviceEditor::announce);
+        connect(client_, &QObject::destroyed, this, [this] {
+            emit clientChanged();
+            announce();
+        });
+    }
+    emit clientChanged();
+    load();
+}
+
+void DeviceEditor::setIp(const QString& ip)
+{
+    if (ip == ip_)
+        return;
+    ip_ = ip;
+    emit ipChanged();
+    // Another unit: its fields replace the edits of the previous one.
+    load();
+}
+
+void DeviceEditor::load()
+{
+    state_.fields = loadFields(liveConfig());
+    state_.loadedFor = ip_;
+    announce();
+}
+
+void DeviceEditor::save()
+{
+    write(changesOf(compareSettings(state_.fields, liveConfig())));
+}
+
+void DeviceEditor::applyNetwork()
+{
+    if (!networkValid(state_.fields))
+        return;
+    write(changesOf(compareNetwork(state_.fields, liveConfig())));
+}
+
+void DeviceEditor::write(const Vorn::Config& changes)
+{
+    // The fields stay as they are: the unit's next reply clears "dirty".
+    if (changes.empty() || !client_)
+        return;
+    client_->writeChanges(ip_.toStdString(), changes);
+}
+
+qint64 DeviceEditor::sceneDefault() const
+{
+    return ::sceneDefault(liveConfig());
+}
+
+qint64 DeviceEditor::suppressDefault() const
+{
+    return ::suppressDefault(liveConfig());
+}
+
+void DeviceEditor::stepTallyType(int delta)
+{
+    setTallyType(steppedType(state_.fields.tallyType, delta));
+}
+
+void DeviceEditor::stepGpioType(int delta)
+{
+    setGpioType(steppedType(state_.fields.gpioType, delta));
+}
+
+QString DeviceEditor::tabTitle(DetailTab tab)
+{
+    switch (tab) {
+    case DetailTab::Tally:
+        return QStringLiteral("Tally");
+    case DetailTab::Intercom:
+        return QStringLiteral("Communication");
+    case DetailTab::Network:
+        return QStringLiteral("Network");
+    case DetailTab::Details:
+        return QStringLiteral("Details");
+    }
+    qFatal("DeviceEditor::tabTitle: unknown tab %d", static_cast<int>(tab));
+}
+
+QStringList DeviceEditor::tabTitles() const
+{
+    return {tabTitle(DetailTab::Tally), tabTitle(DetailTab::Intercom), tabTitle(DetailTab::Network),
+            tabTitle(DetailTab::Details)};
+}
+
+QStringList DeviceEditor::tallyBankOptions() const
+{
+    return EditorOptions::tallyBankOptions();
+}
+
+QStringList DeviceEditor::sceneOptions() const
+{
+    return EditorOptions::sceneOptions();
+}
+
+QStringList DeviceEditor::suppressOptions() const
+{
+    return EditorOptions::suppressOptions();
+}
+
+QVariantMap DeviceEditor::live() const
+{
+    return toVariantMap(shown_.view.live);
+}
+
+std::optional<Device> DeviceEditor::unit() const
+{
+    if (!client_)
+        return std::nullopt;
+    return client_->device(ip_.toStdString());
+}
+
+Vorn::Config DeviceEditor::liveConfig() const
+{
+    const auto found = unit();
+    return found ? found->config : Vorn::Config{};
+}
+
+DeviceEditor::Snapshot DeviceEditor::snapshot() const
+{
+    const WallClock::time_point now = client_ ? client_->clock()->now() : WallClock::now();
+    return {state_, presentEditor(state_.fields, unit(), now, ip_)};
+}
+
+void DeviceEditor::setText(std::string EditorFields::*field, const QString& value)
+{
+    state_.fields.*field = value.toStdString();
+    announce();
+}
+
+void DeviceEditor::setInteger(std::int64_t EditorFields::*field, qint64 value)
+{
+    state_.fields.*field = value;
+    announce();
+}
+
+void DeviceEditor::setAtemIp(const QString& value) { setText(&EditorFields::atemIp, value); }
+void DeviceEditor::setAtemPort(const QString& value) { setText(&EditorFields::atemPort, value); }
+void DeviceEditor::setChannel(const QString& value) { setText(&EditorFields::channel, value); }
+void DeviceEditor::setBand(qint64 value) { setInteger(&EditorFields::band, value); }
+void DeviceEditor::setModel(qint64 value) { setInteger(&EditorFields::model, value); }
+void DeviceEditor::setExtTally(qint64 value) { setInteger(&EditorFields::extTally, value); }
+void DeviceEditor::setTallyType(qint64 value) { setInteger(&EditorFields::tallyType, value); }
+void DeviceEditor::setGpioType(qint64 value) { setInteger(&EditorFields::gpioType, value); }
+void DeviceEditor::setIpAddr(const QString& value) { setText(&EditorFields::ipAddr, value); }
+void DeviceEditor::setNetmask(const QString& value) { setText(&EditorFields::netmask, value); }
+void DeviceEditor::setGateway(const QString& value) { setText(&EditorFields::gateway, value); }
+void DeviceEditor::setScene(qint64 value) { setInteger(&EditorFields::scene, value); }
+void DeviceEditor::setSuppress(qint64 value) { setInteger(&EditorFields::suppress, value); }
+void DeviceEditor::setPassword(const QString& value) { setText(&EditorFields::password, value); }
+
+void DeviceEditor::setWire2(bool value)
+{
+    state_.fields.wire2 = value;
+    announce();
+}
+
+void DeviceEditor::setShowNetConfirm(bool value)
+{
+    state_.showNetConfirm = value;
+    announce();
+}
+
+void DeviceEditor::setTab(DetailTab value)
+{
+    state_.tab = value;
+    announce();
+}
+
+void DeviceEditor::setSwitcherSelection(const QString& tag)
+{
+    // A tag that does not hold exactly two integers leaves both numbers alone.
+    const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
+    if (!numbers)
+        return;
+    state_.fields.band = numbers->first;
+    state_.fields.model = numbers->second;
+    announce();
+}

@@ -1,0 +1,79 @@
+#include "EditorOptions.h"
+
+#include <QVariantMap>
+
+#include "EditorRules.h"
+#include "SwitcherCatalog.h"
+
+namespace EditorOptions {
+namespace {
+
+QVariantMap entry(const std::string& label, const std::string& tag)
+{
+    return {{QStringLiteral("label"), QString::fromStdString(label)}, {QStringLiteral("tag"), QString::fromStdString(tag)}};
+}
+
+// The row of the preset with this tag, or the row after the presets.
+int presetRow(std::int64_t band, std::int64_t model)
+{
+    const std::string tag = EditorRules::switcherTag(band, model);
+    for (std::size_t row = 0; row < SwitcherCatalog::presets.size(); ++row) {
+        const auto& preset = SwitcherCatalog::presets[row];
+        if (EditorRules::switcherTag(preset.band, preset.model) == tag)
+            return static_cast<int>(row);
+    }
+    return static_cast<int>(SwitcherCatalog::presets.size());
+}
+
+}  // namespace
+
+QStringList sceneOptions()
+{
+    return {
+        QStringLiteral("0 \u00B7 Quiet place (whisper)"),
+        QStringLiteral("1 \u00B7 Most scenes (speak loudly)"),
+        QStringLiteral("2 \u00B7 Very noisy (roar)"),
+        QStringLiteral("3 \u00B7 Deafening (loud voice)"),
+        QStringLiteral("4 \u00B7 Deafening (extreme)"),
+    };
+}
+
+QStringList suppressOptions()
+{
+    return {
+        QStringLiteral("0 \u00B7 Off"), QStringLiteral("1 \u00B7 1%"), QStringLiteral("2 \u00B7 2%"),
+        QStringLiteral("3 \u00B7 3%"),  QStringLiteral("4 \u00B7 4%"), QStringLiteral("5 \u00B7 5%"),
+    };
+}
+
+QStringList tallyBankOptions()
+{
+    return {
+        QStringLiteral("Cameras 1\u201312"),
+        QStringLiteral("Cameras 13\u201324"),
+        QStringLiteral("Cameras 25\u201336"),
+        QStringLiteral("Cameras 37\u201340"),
+    };
+}
+
+int optionIndex(std::int64_t value, qsizetype count)
+{
+    return value >= 0 && value < count ? static_cast<int>(value) : -1;
+}
+
+QVariantList switcherEntries(std::int64_t band, std::int64_t model)
+{
+    QVariantList entries;
+    for (const auto& preset : SwitcherCatalog::presets)
+        entries.append(entry(std::string(preset.label), EditorRules::switcherTag(preset.band, preset.model)));
+    if (presetRow(band, model) == static_cast<int>(SwitcherCatalog::presets.size()))
+        entries.append(entry(SwitcherCatalog::label(band, model), EditorRules::switcherTag(band, model)));
+    return entries;
+}
+
+int switcherIndex(std::int64_t band, std::int64_t model)
+{
+    return presetRow(band, model);
+}
+
+}  // namespace EditorOptions

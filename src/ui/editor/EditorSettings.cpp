@@ -1,0 +1,113 @@
+#include "EditorSettings.h"
+
+#include <algorithm>
+
+#include "EditorRules.h"
+
+using namespace EditorKeys;
+using EditorRules::integerText;
+using EditorRules::liveInteger;
+using EditorRules::liveText;
+
+namespace {
+
+constexpr std::int64_t kBandDefault = 7;
+constexpr std::int64_t kSceneDefault = 1;
+constexpr std::string_view kWire2On = "1";
+constexpr std::string_view kWire2Off = "0";
+
+std::string wire2Text(bool on)
+{
+    return std::string(on ? kWire2On : kWire2Off);
+}
+
+// A missing key counts as the empty text.
+KeyComparison byText(const Vorn::Config& live, std::string_view key, std::string text)
+{
+    const bool differs = text != liveText(live, key);
+    return {key, std::move(text), differs};
+}
+
+}  // namespace
+
+std::int64_t sceneDefault(const Vorn::Config& live)
+{
+    return liveInteger(live, kScenarioType, kSceneDefault);
+}
+
+std::int64_t suppressDefault(const Vorn::Config& live)
+{
+    return liveInteger(live, kSilenceSuppress, 0);
+}
+
+EditorFields loadFields(const Vorn::Config& live)
+{
+    EditorFields fields;
+    fields.atemIp = liveText(live, kAtemIp);
+    fields.atemPort = liveText(live, kAtemPort);
+    fields.channel = liveText(live, kChannel);
+    fields.band = liveInteger(live, kSwitcherBand, kBandDefault);
+    fields.model = liveInteger(live, kSwitcherModel, 0);
+    fields.extTally = liveInteger(live, kAtemExtTally, 0);
+    fields.tallyType = liveInteger(live, kTallyType, 0);
+    fields.gpioType = liveInteger(live, kTallyGpioType, 0);
+    fields.ipAddr = liveText(live, kIPAddress);
+    fields.netmask = liveText(live, kNetmask);
+    fields.gateway = liveText(live, kGateway);
+    fields.scene = sceneDefault(live);
+    fields.suppress = suppressDefault(live);
+    fields.wire2 = liveText(live, kWire2Enable, kWire2Off) == kWire2On;
+    fields.password = liveText(live, kCallMagic);
+    return fields;
+}
+
+std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live)
+{
+    // Integers compare as canonical text, so a reported "07" differs from 7;
+    // the two levels compare as integers with their defaults instead.
+    const std::string wire2 = wire2Text(fields.wire2);
+    return {{
+        byText(live, kAtemIp, fields.atemIp),
+        byText(live, kAtemPort, fields.atemPort),
+        byText(live, kChannel, fields.channel),
+        byText(live, kSwitcherBand, integerText(fields.band)),
+        byText(live, kSwitcherModel, integerText(fields.model)),
+        byText(live, kAtemExtTally, integerText(fields.extTally)),
+        byText(live, kTallyType, integerText(fields.tallyType)),
+        byText(live, kTallyGpioType, integerText(fields.gpioType)),
+        {kScenarioType, integerText(fields.scene), fields.scene != sceneDefault(live)},
+        {kSilenceSuppress, integerText(fields.suppress), fields.suppress != suppressDefault(live)},
+        {kWire2Enable, wire2, wire2 != liveText(live, kWire2Enable, kWire2Off)},
+        byText(live, kCallMagic, fields.password),
+    }};
+}
+
+std::array<KeyComparison, 3> compareNetwork(const EditorFields& fields, const Vorn::Config& live)
+{
+    return {{
+        byText(live, kIPAddress, fields.ipAddr),
+        byText(live, kNetmask, fields.netmask),
+        byText(live, kGateway, fields.gateway),
+    }};
+}
+
+bool anyDiffers(std::span<const KeyComparison> keys)
+{
+    return std::any_of(keys.begin(), keys.end(), [](const KeyComparison& key) { return key.differs; });
+}
+
+Vorn::Config changesOf(std::span<const KeyComparison> keys)
+{
+    Vorn::Config changes;
+    for (const auto& key : keys) {
+        if (key.differs)
+            changes.emplace(key.key, key.text);
+    }
+    return changes;
+}
+
+bool networkValid(const EditorFields& fields)
+{
+    return EditorRules::isDottedQuad(fields.ipAddr) && EditorRules::isDottedQuad(fields.netmask)
+        && EditorRules::isDottedQuad(fields.gateway);
+}

@@ -1,0 +1,80 @@
+// The editor's fields and how they meet the unit's live configuration:
+// loading them, comparing them key by key and collecting what to send.
+#pragma once
+
+#include <array>
+#include <span>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "VornProtocol.h"
+
+namespace EditorKeys {
+inline constexpr std::string_view kAtemIp = "AtemIp";
+inline constexpr std::string_view kAtemPort = "AtemPort";
+inline constexpr std::string_view kChannel = "Channel";
+inline constexpr std::string_view kSwitcherBand = "SwitcherBand";
+inline constexpr std::string_view kSwitcherModel = "SwitcherModel";
+inline constexpr std::string_view kAtemExtTally = "AtemExtTally";
+inline constexpr std::string_view kTallyType = "TallyType";
+inline constexpr std::string_view kTallyGpioType = "TallyGpioType";
+inline constexpr std::string_view kScenarioType = "ScenarioType";
+inline constexpr std::string_view kSilenceSuppress = "SilenceSuppress";
+inline constexpr std::string_view kWire2Enable = "Wire2Enable";
+inline constexpr std::string_view kCallMagic = "CallMagic";
+inline constexpr std::string_view kIPAddress = "IPAddress";
+inline constexpr std::string_view kNetmask = "Netmask";
+inline constexpr std::string_view kGateway = "Gateway";
+inline constexpr std::string_view kVersion = "Version";
+}  // namespace EditorKeys
+
+// What the user edits. The initial values are those of a fresh editor.
+struct EditorFields {
+    std::string atemIp;
+    std::string atemPort;
+    std::string channel;
+    std::int64_t band = 7;  // the family of the first switcher preset
+    std::int64_t model = 0;
+    std::int64_t extTally = 0;
+    std::int64_t tallyType = 0;
+    std::int64_t gpioType = 0;
+    std::string ipAddr;
+    std::string netmask;
+    std::string gateway;
+    std::int64_t scene = 1;
+    std::int64_t suppress = 0;
+    bool wire2 = false;
+    std::string password;
+
+    bool operator==(const EditorFields&) const = default;
+};
+
+// One key as "Save changes" or the network apply sees it: the field's text
+// form and whether it differs from what the unit reports.
+struct KeyComparison {
+    std::string_view key;
+    std::string text;
+    bool differs;
+};
+
+// The unit's scene level, 1 when missing or unparsable.
+std::int64_t sceneDefault(const Vorn::Config& live);
+// The unit's suppression level, 0 when missing or unparsable.
+std::int64_t suppressDefault(const Vorn::Config& live);
+
+// Every field from the live configuration; missing or unparsable values
+// give the defaults of the key table.
+EditorFields loadFields(const Vorn::Config& live);
+
+// The twelve keys of "Save changes", in the order they are checked.
+std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live);
+// IPAddress, Netmask, Gateway, in that order; plain text comparison.
+std::array<KeyComparison, 3> compareNetwork(const EditorFields& fields, const Vorn::Config& live);
+
+bool anyDiffers(std::span<const KeyComparison> keys);
+// The differing keys with their text forms: the change set of a write.
+Vorn::Config changesOf(std::span<const KeyComparison> keys);
+
+// All three network fields are dotted quads.
+bool networkValid(const EditorFields& fields);

@@ -1,0 +1,58 @@
+// Everything the editor shows that follows from its fields and the unit's
+// latest reply, computed in one place so changes can be announced by comparison.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+#include <QVariantList>
+
+#include "Device.h"
+#include "EditorSettings.h"
+
+struct EditorView {
+    Vorn::Config live;
+    bool online = false;
+    bool dirty = false;
+    bool netValid = false;
+    bool netDirty = false;
+    bool netWarning = false;
+    bool canApplyNetwork = false;
+
+    QString title;
+    QString onlineText;
+    QString switcherLabel;
+    QString channelChip;
+    QString firmwareChip;
+
+    QString switcherSelection;
+    QVariantList switcherEntries;
+    int switcherIndex = 0;
+    int extTallyIndex = -1;
+    int sceneIndex = -1;
+    int suppressIndex = -1;
+
+    QString tallyTypeTitle;
+    QString gpioTypeTitle;
+    bool canIncreaseTallyType = false;
+    bool canDecreaseTallyType = false;
+    bool canIncreaseGpioType = false;
+    bool canDecreaseGpioType = false;
+
+    QString confirmTitle;
+    QString confirmMessage;
+    QVariantList details;
+};
+
+// `unit` is the client's record for `ip`, or none; `now` decides presence.
+EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, WallClock::time_point now,
+                         const QString& ip);
+
+// The type steppers' range.
+inline constexpr std::int64_t kTypeMinimum = 0;
+inline constexpr std::int64_t kTypeMaximum = 9;
+
+// One step of a type stepper: the value moves by `delta` and lands inside the
+// range (a reported 12 steps down to 9); a step away from the range, or past
+// its end, leaves the value as it is.
+std::int64_t steppedType(std::int64_t value, int delta);
