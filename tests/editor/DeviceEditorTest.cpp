@@ -1,5 +1,5 @@
 // The editor object with a client: loading, reloading, replies arriving while
-// the user edits, the header and the notifications.
+// the user edits, the notifications and a client that goes away.
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
@@ -336,71 +336,6 @@ TEST_F(DeviceEditorTest, EditingAndRevertingAFieldTogglesDirtyTwice)
     EXPECT_FALSE(editor.dirty());
     EXPECT_EQ(dirtySpy.count(), 2);
     EXPECT_EQ(channelSpy.count(), 3);
-}
-
-TEST_F(DeviceEditorTest, HeaderShowsTitleSwitcherChannelAndFirmware)
-{
-    report(kFull);
-    open();
-    EXPECT_EQ(editor.title(), QStringLiteral("KT400 \u00B7ABC123"));
-    EXPECT_EQ(editor.switcherLabel(), QStringLiteral("Panasonic KAIROS"));
-    EXPECT_EQ(editor.channelChip(), QStringLiteral("Ch 3"));
-    EXPECT_EQ(editor.firmwareChip(), QStringLiteral("fw 1.4.2"));
-}
-
-TEST_F(DeviceEditorTest, TitleIsTheAddressWhenTheSerialIsMissing)
-{
-    report({{"Channel", "3"}});
-    open();
-    EXPECT_EQ(editor.title(), QString::fromLatin1(kUnitIp));
-}
-
-TEST_F(DeviceEditorTest, ChannelChipShowsAnEnDashWhenChannelIsMissing)
-{
-    report({{"SwitcherBand", "7"}});
-    open();
-    EXPECT_EQ(editor.channelChip(), QStringLiteral("Ch \u2013"));
-}
-
-TEST_F(DeviceEditorTest, ChannelChipFollowsTheUnitNotTheEditedField)
-{
-    report(kFull);
-    open();
-    editor.setChannel(QStringLiteral("12"));
-    EXPECT_EQ(editor.channelChip(), QStringLiteral("Ch 3"));
-}
-
-TEST_F(DeviceEditorTest, FirmwareChipIsEmptyOnlyWhenVersionIsNotReported)
-{
-    report({{"SwitcherBand", "7"}});
-    open();
-    EXPECT_EQ(editor.firmwareChip(), QString());
-    report({{"SwitcherBand", "7"}, {"Version", ""}});
-    EXPECT_EQ(editor.firmwareChip(), QStringLiteral("fw "));
-}
-
-TEST_F(DeviceEditorTest, SwitcherChipFollowsThePickerBeforeSaving)
-{
-    report(kFull);
-    open();
-    QSignalSpy labelSpy(&editor, &DeviceEditor::switcherLabelChanged);
-    editor.setSwitcherSelection(QStringLiteral("5.1"));
-    EXPECT_EQ(editor.switcherLabel(), QStringLiteral("Roland V-60HD"));
-    editor.setModel(77);
-    EXPECT_EQ(editor.switcherLabel(), QStringLiteral("Band 5 / Model 77"));
-    EXPECT_EQ(labelSpy.count(), 2);
-}
-
-TEST_F(DeviceEditorTest, TabsHaveTheirTitlesInCaseOrder)
-{
-    EXPECT_EQ(editor.tabTitles(), (QStringList{QStringLiteral("Tally"), QStringLiteral("Communication"),
-                                               QStringLiteral("Network"), QStringLiteral("Details")}));
-    EXPECT_EQ(DeviceEditor::tabTitle(DeviceEditor::DetailTab::Intercom), QStringLiteral("Communication"));
-    QSignalSpy tabSpy(&editor, &DeviceEditor::tabChanged);
-    editor.setTab(DeviceEditor::DetailTab::Network);
-    editor.setTab(DeviceEditor::DetailTab::Network);
-    EXPECT_EQ(editor.tab(), DeviceEditor::DetailTab::Network);
-    EXPECT_EQ(tabSpy.count(), 1);
 }
 
 TEST_F(DeviceEditorTest, ClientGoneLeavesAnOfflineEditorWithEmptyLive)
