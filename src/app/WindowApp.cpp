@@ -1,0 +1,94 @@
+#include "WindowApp.h"
+
+#include <cstdio>
+
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "AppLogging.h"
+#include "SharedClient.h"
+#include "SingleInstance.h"
+
+Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
+
+namespace VornLink {
+namespace {
+
+bool hasDisplay()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
+}
+
+void bringToFront(QQuickWindow* window)
+{
+    window->show();
+    window->raise();
+    window->requestActivate();
+}
+
+void reportFirstFrame(QQuickWindow* window)
+{
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    *connection = QObject::connect(window, &QQuickWindow::frameSwapped, window, [connection] {
+        QObject::disconnect(*connection);
+        qCInfo(lcWindow, "first frame");
+    });
+}
+
+}  // namespace
+
+int runWindowApp(int& argc, char** argv)
+{
+    if (!hasDisplay()) {
+        std::fputs("vornlink: no display for the window (DISPLAY, WAYLAND_DISPLAY and QT_QPA_PLATFORM are unset);"
+                   " 'vornlink --selftest' runs without one\n",
+                   stderr);
+        return 1;
+    }
+
+    QGuiApplication app(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("VornLink"));
+    // Closing the window leaves discovery running; a new launch or the dock brings it back.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    SingleInstance instance(SingleInstance::defaultName());
+    if (instance.handOverToRunning()) {
+        qCInfo(lcWindow, "handed over to the running instance");
+        return 0;
+    }
+
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    SharedClient client;
+    QQmlApplicationEngine engine;
+    engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
+    auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
+    if (!window) {
+        std::fputs("vornlink: the window could not be created\n", stderr);
+        return 1;
+    }
+
+    reportFirstFrame(window);
+    bringToFront(window);
+    QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {
+        qCInfo(lcWindow, "raising the window for another launch");
+        bringToFront(window);
+    });
+#if defined(Q_OS_MACOS)
+    // The dock icon activates the application; bring a closed window back then.
+    QObject::connect(&app, &QGuiApplication::applicationStateChanged, window, [window](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive && !window->isVisible())
+            bringToFront(window);
+    });
+#endif
+    return app.exec();
+}
+
+}  // namespace VornLink

@@ -1,0 +1,65 @@
+// The primary button: dark label on the tint; while disabled, muted text on
+// surface2. Dims and shrinks a little while down, in either look.
+import QtQuick
+import QtQuick.Controls.Basic
+
+Button {
+    id: root
+
+    required property color tint
+    property string systemImage: ""
+
+    leftPadding: 15
+    rightPadding: 15
+    topPadding: 8
+    bottomPadding: 8
+    font.pixelSize: 13
+    font.weight: Font.DemiBold
+    opacity: root.down ? 0.82 : 1
+    scale: root.down ? 0.98 : 1
+
+    Behavior on opacity {
+        NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }
+    }
+    Behavior on scale {
+        NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }
+    }
+
+    contentItem: Item {
+        implicitWidth: label.implicitWidth
+        implicitHeight: label.implicitHeight
+
+        Row {
+            id: label
+
+            anchors.centerIn: parent
+            spacing: 7
+
+            Icon {
+                visible: root.systemImage !== ""
+                anchors.verticalCenter: parent.verticalCenter
+                glyph: root.systemImage
+                color: labelText.color
+                points: root.font.pixelSize
+            }
+            Text {
+                id: labelText
+
+                objectName: "accentLabel"
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.text
+                textFormat: Text.PlainText
+                font: root.font
+                color: root.enabled ? Theme.bg : Theme.inkMuted
+            }
+        }
+    }
+
+    background: Rectangle {
+        objectName: "accentFill"
+        radius: 9
+        color: root.enabled ? root.tint : Theme.surface2
+        border.width: root.visualFocus ? 2 : 0
+        border.color: Theme.ink
+    }
+}

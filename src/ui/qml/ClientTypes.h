@@ -1,0 +1,52 @@
+// The client's types as QML sees them: the type VornClient (views take one as
+// a property), the singleton SharedClient (the process's one client, owned by
+// C++), the clock that comes with a client, and the device list model, which
+// QML makes and points at a client.
+#pragma once
+
+#include <QJSEngine>
+#include <QQmlEngine>
+#include <QtQml/qqmlregistration.h>
+
+#include "DeviceListModel.h"
+#include "PresenceClock.h"
+#include "SharedClient.h"
+#include "VornClient.h"
+
+struct VornClientForeign {
+    Q_GADGET
+    QML_FOREIGN(VornClient)
+    QML_NAMED_ELEMENT(VornClient)
+    QML_UNCREATABLE("the window uses SharedClient")
+};
+
+struct VornClientSingleton {
+    Q_GADGET
+    QML_FOREIGN(VornClient)
+    QML_NAMED_ELEMENT(SharedClient)
+    QML_SINGLETON
+
+public:
+    static VornClient* create(QQmlEngine*, QJSEngine*)
+    {
+        VornClient* client = SharedClient::instance();
+        QJSEngine::setObjectOwnership(client, QJSEngine::CppOwnership);
+        return client;
+    }
+};
+
+struct PresenceClockForeign {
+    Q_GADGET
+    QML_FOREIGN(PresenceClock)
+    QML_NAMED_ELEMENT(PresenceClock)
+    QML_UNCREATABLE("the clock belongs to a VornClient")
+};
+
+// A subclass, because a foreign registration does not make a type creatable here.
+class QmlDeviceListModel : public DeviceListModel {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(DeviceListModel)
+
+public:
+    using DeviceListModel::DeviceListModel;
+};

@@ -1,0 +1,156 @@
+// The content of the main window: the sidebar (known units, manual query,
+// Discover, status) beside the detail of the selected unit.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+
+SplitView {
+    id: root
+
+    required property VornClient client
+    // Address of the selected unit; it may name a unit the client does not know yet.
+    property string selection: ""
+    property alias manualIP: sidebarFooter.manualIP
+    readonly property color statusColor: root.client.status.startsWith("listening") ? Theme.online : Theme.amber
+    readonly property bool selectionKnown: {
+        root.client.deviceCount; // units are only ever added, so the count marks every change
+        return root.selection !== "" && root.client.deviceData(root.selection).ip !== undefined;
+    }
+
+    // Sends one discover to the address in the field, blanks around it
+    // removed, and selects that address; a blank field does nothing.
+    function query() {
+        const ip = root.manualIP.replace(/^[\t\p{Zs}]+|[\t\p{Zs}]+$/gu, "");
+        if (ip === "")
+            return;
+        root.client.sendDiscover(ip);
+        root.selection = ip;
+    }
+
+    function discover() {
+        root.client.sendDiscover(root.client.broadcastAddress);
+    }
+
+    orientation: Qt.Horizontal
+
+    handle: Rectangle {
+        implicitWidth: 1
+        color: Theme.stroke
+    }
+
+    ColumnLayout {
+        id: sidebar
+
+        objectName: "sidebar"
+        SplitView.minimumWidth: 232
+        SplitView.preferredWidth: 258
+        spacing: 0
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            color: Theme.bg
+
+            ListView {
+                id: deviceList
+
+                objectName: "deviceList"
+                anchors.fill: parent
+                clip: true
+                topMargin: 9
+                bottomMargin: 3
+                leftMargin: 6
+                rightMargin: 6
+                spacing: 6
+                boundsBehavior: Flickable.StopAtBounds
+                model: DeviceListModel {
+                    client: root.client
+                }
+                delegate: DeviceRow {
+                    required property int index
+
+                    width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
+                    clock: root.client.clock
+                    selected: root.selection === ip
+
+                    TapHandler {
+                        onTapped: root.selection = parent.ip
+                    }
+                }
+
+                ScrollBar.vertical: ScrollBar {
+                    id: scrollBar
+
+                    contentItem: Rectangle {
+                        implicitWidth: 4
+                        radius: 2
+                        color: Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.35)
+                        opacity: scrollBar.size < 1 && (scrollBar.active || scrollBar.hovered) ? 1 : 0
+
+                        Behavior on opacity {
+                            NumberAnimation { duration: 200 }
+                        }
+                    }
+                }
+            }
+
+            RowLayout {
+                objectName: "scanningRow"
+                visible: root.client.deviceCount === 0
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.top: parent.top
+                anchors.leftMargin: 16
+                anchors.topMargin: 12 + 6
+                spacing: 8
+
+                Spinner {
+                    running: parent.visible
+                }
+                Text {
+                    Layout.fillWidth: true
+                    text: "Scanning the network\u2026"
+                    textFormat: Text.PlainText
+                    color: Theme.inkMuted
+                    font.pixelSize: 12
+                }
+            }
+        }
+
+        SidebarFooter {
+            id: sidebarFooter
+
+            objectName: "sidebarFooter"
+            Layout.fillWidth: true
+            client: root.client
+            statusColor: root.statusColor
+            onQueryRequested: root.query()
+            onDiscoverRequested: root.discover()
+        }
+    }
+
+    Rectangle {
+        objectName: "detail"
+        SplitView.fillWidth: true
+        color: Theme.bg
+
+        EmptyState {
+            id: emptyState
+
+            objectName: "emptyState"
+            visible: !root.selectionKnown
+            anchors.centerIn: parent
+        }
+
+        Loader {
+            objectName: "detailLoader"
+            anchors.fill: parent
+            active: root.selectionKnown
+            sourceComponent: DeviceDetailView {
+                client: root.client
+                ip: root.selection
+            }
+        }
+    }
+}

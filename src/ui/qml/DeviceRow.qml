@@ -1,0 +1,88 @@
+// One base station in the sidebar: icon tile, title over address, and a dot
+// that is green while the unit's last reply is younger than 15 s by the
+// client's shared clock. Draws its own selection look.
+import QtQuick
+import VornLink
+import QtQuick.Layouts
+
+Rectangle {
+    id: root
+
+    required property string title
+    required property string ip
+    required property date lastSeen
+    required property bool selected
+    required property PresenceClock clock
+    readonly property bool present: {
+        root.clock.now; // judged again on every tick of the shared clock
+        return root.clock.isOnline(root.lastSeen);
+    }
+
+    implicitWidth: row.implicitWidth + 16
+    implicitHeight: row.implicitHeight + 10
+    radius: 10
+    color: root.selected ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.12) : "transparent"
+    border.width: 1
+    border.color: root.selected ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.4) : "transparent"
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        anchors.leftMargin: 8
+        anchors.rightMargin: 8
+        anchors.topMargin: 5
+        anchors.bottomMargin: 5
+        spacing: 11
+
+        Rectangle {
+            objectName: "iconTile"
+            Layout.preferredWidth: 36
+            Layout.preferredHeight: 36
+            radius: 9
+            color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, root.selected ? 0.22 : 0.13)
+
+            Icon {
+                anchors.centerIn: parent
+                glyph: Glyphs.station
+                color: Theme.cyan
+                points: 15
+                font.weight: Font.DemiBold
+            }
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 2
+
+            Text {
+                objectName: "rowTitle"
+                Layout.fillWidth: true
+                text: root.title
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.ink
+                font.pixelSize: 13
+                font.weight: Font.DemiBold
+            }
+            Text {
+                objectName: "rowAddress"
+                Layout.fillWidth: true
+                text: root.ip
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.inkMuted
+                font.family: "monospace"
+                font.pixelSize: 11
+            }
+        }
+
+        Rectangle {
+            objectName: "presenceDot"
+            Layout.preferredWidth: 7
+            Layout.preferredHeight: 7
+            radius: 3.5
+            color: root.present ? Theme.online : Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.5)
+        }
+    }
+}

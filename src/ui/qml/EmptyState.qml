@@ -1,0 +1,43 @@
+// What the detail column shows while no known unit is selected.
+import QtQuick
+import QtQuick.Layouts
+
+ColumnLayout {
+    id: root
+
+    spacing: 14
+
+    Rectangle {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.preferredWidth: 92
+        Layout.preferredHeight: 92
+        radius: 46
+        color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.1)
+
+        Icon {
+            anchors.centerIn: parent
+            glyph: Glyphs.station
+            points: 38
+            color: Theme.cyan
+        }
+    }
+
+    Text {
+        objectName: "emptyTitle"
+        Layout.alignment: Qt.AlignHCenter
+        text: "Select a base station"
+        textFormat: Text.PlainText
+        color: Theme.ink
+        font.pixelSize: 16
+        font.weight: Font.DemiBold
+    }
+
+    Text {
+        objectName: "emptyHint"
+        Layout.alignment: Qt.AlignHCenter
+        text: "Pick a unit from the list, or add one by IP."
+        textFormat: Text.PlainText
+        color: Theme.inkMuted
+        font.pixelSize: 13
+    }
+}

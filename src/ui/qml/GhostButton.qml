@@ -1,0 +1,38 @@
+// The secondary button: tinted label on surface2 with a hairline; dims while down.
+import QtQuick
+import QtQuick.Controls.Basic
+
+Button {
+    id: root
+
+    required property color tint
+
+    leftPadding: 13
+    rightPadding: 13
+    topPadding: 8
+    bottomPadding: 8
+    font.pixelSize: 13
+    font.weight: Font.Medium
+    opacity: root.down ? 0.8 : 1
+
+    Behavior on opacity {
+        NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }
+    }
+
+    contentItem: Text {
+        text: root.text
+        textFormat: Text.PlainText
+        font: root.font
+        color: root.tint
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+
+    background: Rectangle {
+        radius: 9
+        color: Theme.surface2
+        border.width: 1
+        border.color: root.visualFocus ? root.tint : Theme.stroke
+    }
+}

@@ -1,0 +1,24 @@
+// The text field of the window: no platform bezel, ink on surface2 in a
+// rounded frame with a hairline. Users set the font size and the paddings.
+import QtQuick
+import QtQuick.Controls.Basic
+
+TextField {
+    id: root
+
+    property bool mono: false
+
+    font.family: root.mono ? "monospace" : Qt.application.font.family
+    color: Theme.ink
+    placeholderTextColor: Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.7)
+    selectionColor: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.35)
+    selectedTextColor: Theme.ink
+    selectByMouse: true
+
+    background: Rectangle {
+        radius: 8
+        color: Theme.surface2
+        border.width: 1
+        border.color: root.activeFocus ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.55) : Theme.stroke
+    }
+}

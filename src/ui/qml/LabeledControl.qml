@@ -1,0 +1,33 @@
+// A form row: the label in the fixed 116-wide column, then the control at its
+// natural width, then free space.
+import QtQuick
+import QtQuick.Layouts
+
+RowLayout {
+    id: root
+
+    required property string label
+    default property alias control: slot.data
+
+    spacing: 12
+
+    Text {
+        Layout.preferredWidth: 116
+        Layout.maximumWidth: 116
+        text: root.label
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.inkMuted
+        font.pixelSize: 13
+    }
+
+    Row {
+        id: slot
+
+        objectName: "controlSlot"
+    }
+
+    Item {
+        Layout.fillWidth: true
+    }
+}

@@ -1,0 +1,39 @@
+// A form row: the label in the fixed 116-wide column, then a text field that
+// takes the rest of the width.
+import QtQuick
+import QtQuick.Layouts
+
+RowLayout {
+    id: root
+
+    required property string label
+    required property bool mono
+    required property string placeholder
+    property alias text: field.text
+    readonly property alias field: field
+
+    spacing: 12
+
+    Text {
+        Layout.preferredWidth: 116
+        Layout.maximumWidth: 116
+        text: root.label
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.inkMuted
+        font.pixelSize: 13
+    }
+
+    InputField {
+        id: field
+
+        Layout.fillWidth: true
+        mono: root.mono
+        placeholderText: root.placeholder
+        font.pixelSize: 13
+        leftPadding: 11
+        rightPadding: 11
+        topPadding: 7
+        bottomPadding: 7
+    }
+}

@@ -1,0 +1,100 @@
+// The foot of the sidebar: a hairline, the manual address row, the Discover
+// button and the client's status line with the number of known units.
+import QtQuick
+import VornLink
+import QtQuick.Layouts
+
+Rectangle {
+    id: root
+
+    required property VornClient client
+    required property color statusColor
+    property alias manualIP: addressField.text
+    readonly property alias addressField: addressField
+
+    signal queryRequested()
+    signal discoverRequested()
+
+    implicitHeight: column.implicitHeight + 24
+    color: Theme.bg
+
+    ColumnLayout {
+        id: column
+
+        anchors.fill: parent
+        anchors.margins: 12
+        spacing: 10
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            color: Theme.stroke
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 8
+
+            InputField {
+                id: addressField
+
+                objectName: "addressField"
+                Layout.fillWidth: true
+                mono: true
+                placeholderText: "Add by IP"
+                font.pixelSize: 12
+                leftPadding: 9
+                rightPadding: 9
+                topPadding: 6
+                bottomPadding: 6
+                onAccepted: root.queryRequested()
+            }
+
+            GhostButton {
+                objectName: "queryButton"
+                text: "Query"
+                tint: Theme.inkMuted
+                onClicked: root.queryRequested()
+            }
+        }
+
+        AccentButton {
+            objectName: "discoverButton"
+            Layout.fillWidth: true
+            text: "Discover"
+            systemImage: Glyphs.broadcast
+            tint: Theme.cyan
+            onClicked: root.discoverRequested()
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 6
+
+            Rectangle {
+                objectName: "statusDot"
+                Layout.preferredWidth: 6
+                Layout.preferredHeight: 6
+                radius: 3
+                color: root.statusColor
+            }
+            Text {
+                objectName: "statusText"
+                Layout.fillWidth: true
+                text: root.client.status
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.inkMuted
+                font.pixelSize: 11
+            }
+            Text {
+                objectName: "unitCount"
+                text: String(root.client.deviceCount)
+                textFormat: Text.PlainText
+                color: Theme.inkMuted
+                font.pixelSize: 11
+                font.weight: Font.DemiBold
+            }
+        }
+    }
+}

@@ -1,0 +1,16 @@
+// The one palette of the window: dark only, never following the system.
+pragma Singleton
+import QtQuick
+
+QtObject {
+    readonly property color bg: Qt.rgba(0.043, 0.086, 0.125, 1)
+    readonly property color surface: Qt.rgba(0.082, 0.145, 0.192, 1)
+    readonly property color surface2: Qt.rgba(0.114, 0.192, 0.247, 1)
+    readonly property color stroke: Qt.rgba(1, 1, 1, 0.09)
+    readonly property color ink: Qt.rgba(0.922, 0.953, 0.973, 1)
+    readonly property color inkMuted: Qt.rgba(0.596, 0.678, 0.729, 1)
+    readonly property color tally: Qt.rgba(1.0, 0.271, 0.227, 1)
+    readonly property color cyan: Qt.rgba(0.22, 0.815, 0.909, 1)
+    readonly property color online: Qt.rgba(0.196, 0.843, 0.294, 1)
+    readonly property color amber: Qt.rgba(1.0, 0.839, 0.039, 1)
+}
