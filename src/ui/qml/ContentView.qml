@@ -21,7 +21,8 @@ SplitView {
     // Sends one discover to the address in the field, blanks around it
     // removed, and selects that address; a blank field does nothing.
     function query() {
-        const ip = root.manualIP.replace(/^[\t\p{Zs}]+|[\t\p{Zs}]+$/gu, "");
+        const blanks = "[\\t \\u00a0\\u1680\\u2000-\\u200a\\u202f\\u205f\\u3000]+";
+        const ip = root.manualIP.replace(new RegExp("^" + blanks + "|" + blanks + "$", "g"), "");
         if (ip === "")
             return;
         root.client.sendDiscover(ip);

@@ -13,10 +13,8 @@ Rectangle {
     required property date lastSeen
     required property bool selected
     required property PresenceClock clock
-    readonly property bool present: {
-        root.clock.now; // judged again on every tick of the shared clock
-        return root.clock.isOnline(root.lastSeen);
-    }
+    // Judged again on every tick of the shared clock (its `now` changes).
+    readonly property bool present: root.clock.now.getTime() > 0 && root.clock.isOnline(root.lastSeen)
 
     implicitWidth: row.implicitWidth + 16
     implicitHeight: row.implicitHeight + 10

@@ -1,0 +1,57 @@
+// What the QML tests need beyond the window's own module: loopback clients
+// (never the device port or a real broadcast), units filed without a network,
+// a clock that stands still, the sequence counter, and a fake unit that
+// records what reaches it.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QDateTime>
+#include <QObject>
+#include <QVariantList>
+#include <QVariantMap>
+#include <QtQml/qqmlregistration.h>
+
+#include "FakeUnit.h"
+#include "VornClient.h"
+
+class UnitProbe : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by TestKit.makeProbe")
+
+public:
+    UnitProbe(std::uint16_t port, const char* address, QObject* parent);
+
+    // Sequence numbers of all discovers received since the probe was made,
+    // once there are `count` or `patienceMs` passed.
+    Q_INVOKABLE QVariantList receiveDiscovers(int count, int patienceMs);
+
+    // All datagrams received since the probe was made, after listening for
+    // `windowMs` more; for "nothing (more) was sent".
+    Q_INVOKABLE int totalAfter(int windowMs);
+
+private:
+    ClientTest::FakeUnit unit_;
+};
+
+class TestKit : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    // A client on a free port that broadcasts to 127.0.0.3 and is not started.
+    Q_INVOKABLE VornClient* makeClient();
+    // A fake unit at `address` on the client's port.
+    Q_INVOKABLE UnitProbe* makeProbe(VornClient* client, const QString& address);
+
+    // Files a report from the unit at `ip` as if it had just answered.
+    Q_INVOKABLE void ingest(VornClient* client, const QString& ip, const QVariantMap& config);
+    // Stops the client's clock at `now` and lets everything re-judge presence.
+    Q_INVOKABLE void setNow(VornClient* client, const QDateTime& now);
+
+    Q_INVOKABLE int seq(VornClient* client) const;
+    Q_INVOKABLE void setSeq(VornClient* client, int seq);
+};

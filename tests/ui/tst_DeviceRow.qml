@@ -1,0 +1,122 @@
+import QtQuick
+import QtTest
+import TestKit
+import VornLink
+
+TestCase {
+    id: testCase
+
+    name: "DeviceRow"
+    when: windowShown
+    visible: true
+    width: 300
+    height: 200
+
+    readonly property date now: new Date(2024, 5, 1, 12, 0, 0)
+    property VornClient client
+
+    Component {
+        id: rowComponent
+
+        DeviceRow {
+            width: 246
+            title: "KT400 ·A1B2C3"
+            ip: "10.232.1.7"
+            lastSeen: testCase.now
+            selected: false
+            clock: testCase.client.clock
+        }
+    }
+
+    // Items keep colours at 8 bits a channel; the theme has exact fractions.
+    function sameColour(a, b) {
+        return Math.abs(a.r - b.r) < 0.003 && Math.abs(a.g - b.g) < 0.003 && Math.abs(a.b - b.b) < 0.003 && Math.abs(a.a - b.a) < 0.003;
+    }
+
+    function init() {
+        client = TestKit.makeClient();
+        TestKit.setNow(client, now);
+    }
+
+    function secondsBefore(seconds) {
+        return new Date(now.getTime() - seconds * 1000);
+    }
+
+    function dotColour(row) {
+        return findChild(row, "presenceDot").color;
+    }
+
+    function test_present_at_14_9_seconds() {
+        const row = createTemporaryObject(rowComponent, testCase, { lastSeen: secondsBefore(14.9) });
+        verify(row.present);
+        verify(sameColour(dotColour(row), Theme.online));
+    }
+
+    function test_absent_at_15_seconds() {
+        const row = createTemporaryObject(rowComponent, testCase, { lastSeen: secondsBefore(15) });
+        verify(!row.present);
+        fuzzyCompare(dotColour(row).a, 0.5, 0.005);
+        fuzzyCompare(dotColour(row).r, Theme.inkMuted.r, 0.005);
+    }
+
+    function test_last_seen_in_the_future_is_present() {
+        const row = createTemporaryObject(rowComponent, testCase, { lastSeen: secondsBefore(-60) });
+        verify(row.present);
+    }
+
+    function test_presence_lapses_on_the_clock_tick() {
+        const row = createTemporaryObject(rowComponent, testCase, { lastSeen: secondsBefore(14) });
+        verify(row.present);
+        TestKit.setNow(client, new Date(now.getTime() + 1000));
+        verify(!row.present);
+    }
+
+    function test_selected_look() {
+        const row = createTemporaryObject(rowComponent, testCase, { selected: true });
+        fuzzyCompare(row.color.a, 0.12, 0.005);
+        fuzzyCompare(row.border.color.a, 0.4, 0.005);
+        fuzzyCompare(row.border.color.b, Theme.cyan.b, 0.005);
+        compare(row.border.width, 1);
+        fuzzyCompare(findChild(row, "iconTile").color.a, 0.22, 0.005);
+    }
+
+    function test_unselected_look() {
+        const row = createTemporaryObject(rowComponent, testCase);
+        compare(row.color.a, 0);
+        compare(row.border.color.a, 0);
+        fuzzyCompare(findChild(row, "iconTile").color.a, 0.13, 0.005);
+    }
+
+    function test_measures() {
+        const row = createTemporaryObject(rowComponent, testCase);
+        compare(row.radius, 10);
+        const tile = findChild(row, "iconTile");
+        const tileAt = tile.mapToItem(row, 0, 0);
+        compare([tileAt.x, tileAt.y, tile.width, tile.height, tile.radius], [8, 5, 36, 36, 9]);
+        compare(row.height, 36 + 10);
+        const title = findChild(row, "rowTitle");
+        compare(title.mapToItem(row, 0, 0).x, 8 + 36 + 11);
+        compare(title.font.pixelSize, 13);
+        compare(title.font.weight, Font.DemiBold);
+        const address = findChild(row, "rowAddress");
+        compare(address.font.pixelSize, 11);
+        compare(address.y - (title.y + title.height), 2);
+        const dot = findChild(row, "presenceDot");
+        compare([dot.width, dot.height], [7, 7]);
+    }
+
+    function test_long_title_keeps_the_dot_at_the_trailing_edge() {
+        const row = createTemporaryObject(rowComponent, testCase, { title: "KT400 ·" + "W".repeat(80) });
+        const dot = findChild(row, "presenceDot");
+        compare(dot.mapToItem(row, 0, 0).x + dot.width, row.width - 8);
+        verify(findChild(row, "rowTitle").truncated);
+    }
+
+    function test_markup_in_title_is_literal() {
+        const title = "KT400 ·<img src=\"http://127.0.0.1:9/x.png\"><b>big</b>";
+        const row = createTemporaryObject(rowComponent, testCase, { title: title });
+        const text = findChild(row, "rowTitle");
+        compare(text.textFormat, Text.PlainText);
+        compare(text.text, title);
+    }
+}
