@@ -1,0 +1,225 @@
+// The whole window rendered offscreen in its main states, saved as PNG for a
+// look, and checked for the texts and parts each state must show.
+#include <QDir>
+#include <QNetworkAccessManager>
+#include <QQmlApplicationEngine>
+#include <QQmlNetworkAccessManagerFactory>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include <unistd.h>
+
+#include "FakeUnit.h"
+#include "SharedClient.h"
+
+Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
+
+namespace {
+
+// Counts every request the QML engine makes: the window must make none.
+class CountingNetwork : public QQmlNetworkAccessManagerFactory {
+public:
+    class Manager : public QNetworkAccessManager {
+    public:
+        using QNetworkAccessManager::QNetworkAccessManager;
+        inline static QStringList requested;
+
+    protected:
+        QNetworkReply* createRequest(Operation op, const QNetworkRequest& request, QIODevice* data) override
+        {
+            requested.append(request.url().toString());
+            return QNetworkAccessManager::createRequest(op, request, data);
+        }
+    };
+
+    QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
+};
+
+// The window on a loopback client (free port, broadcast to 127.0.0.3).
+struct Window {
+    Window()
+        : owner([this] {
+              port = ClientTest::freeUdpPort();
+              return std::make_unique<VornClient>(port, "127.0.0.3");
+          })
+    {
+    }
+
+    bool load()
+    {
+        engine.setNetworkAccessManagerFactory(&network);
+        engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
+        if (engine.rootObjects().isEmpty())
+            return false;
+        window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
+        window->show();
+        return QTest::qWaitForWindowExposed(window);
+    }
+
+    VornClient* client() { return SharedClient::instance(); }
+    // The first item named `name` in the visual tree (views move their items
+    // away from their object parents), or null.
+    QQuickItem* item(const char* name) { return find(window->contentItem(), QString::fromUtf8(name)); }
+
+    void ingest(const std::string& ip, Vorn::Config config)
+    {
+        client()->ingest(Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)});
+    }
+
+    // Texts of every Text item that is on screen.
+    QStringList visibleTexts()
+    {
+        QStringList texts;
+        collect(window->contentItem(), texts);
+        return texts;
+    }
+
+    QImage shoot(const QString& name)
+    {
+        QTest::qWait(50);  // let the scene settle after the last change
+        QImage image = window->grabWindow();
+        QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
+        image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(name));
+        return image;
+    }
+
+    std::uint16_t port = 0;
+    SharedClient owner;
+    CountingNetwork network;
+    QQmlApplicationEngine engine;
+    QQuickWindow* window = nullptr;
+
+private:
+    static QQuickItem* find(QQuickItem* item, const QString& name)
+    {
+        if (item->objectName() == name)
+            return item;
+        for (QQuickItem* child : item->childItems()) {
+            if (QQuickItem* found = find(child, name))
+                return found;
+        }
+        return nullptr;
+    }
+
+    static void collect(QQuickItem* item, QStringList& texts)
+    {
+        if (!item->isVisible())
+            return;
+        if (QByteArray(item->metaObject()->className()) == "QQuickText")
+            texts.append(item->property("text").toString());
+        for (QQuickItem* child : item->childItems())
+            collect(child, texts);
+    }
+};
+
+Vorn::Config unitConfig(const char* serial, const char* channel)
+{
+    return {{"Serial", serial}, {"Channel", channel}, {"AtemIp", "192.168.10.240"}, {"SwitcherBand", "1"}};
+}
+
+}  // namespace
+
+class WindowShotTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QQuickStyle::setStyle(QStringLiteral("Basic"));
+        CountingNetwork::Manager::requested.clear();
+    }
+
+    void noUnits()
+    {
+        Window w;
+        QVERIFY(w.load());
+        QTRY_VERIFY(w.client()->status().startsWith(QStringLiteral("listening on ")));
+        const QImage shot = w.shoot(QStringLiteral("no-units"));
+        QCOMPARE(shot.size(), w.window->size() * w.window->devicePixelRatio());
+
+        const QStringList texts = w.visibleTexts();
+        for (const char* expected : {"Scanning the network\u2026", "Select a base station",
+                                     "Pick a unit from the list, or add one by IP.", "Query", "Discover", "0"})
+            QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+        QVERIFY(texts.contains(w.client()->status()));
+        QCOMPARE(w.item("addressField")->property("placeholderText").toString(), QStringLiteral("Add by IP"));
+        QCOMPARE(w.item("deviceList")->property("count").toInt(), 0);
+        QVERIFY(!w.item("detailLoader")->property("active").toBool());
+        QCOMPARE(w.item("statusDot")->property("color").value<QColor>().name(), QStringLiteral("#32d74b"));
+        QCOMPARE(w.window->minimumSize(), QSize(860, 560));
+        QCOMPARE(w.item("sidebar")->width(), 258.0);
+    }
+
+    void threeUnitsOneSelected()
+    {
+        Window w;
+        QVERIFY(w.load());
+        w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
+        w.ingest("10.232.1.10", unitConfig("KT4-0002C9", "5"));
+        w.ingest("10.232.1.1", unitConfig("KT4-0004F1", "1"));
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        QTRY_VERIFY(w.item("detailTitle") != nullptr);
+        w.shoot(QStringLiteral("three-units"));
+
+        const QStringList texts = w.visibleTexts();
+        QVERIFY(!texts.contains(QStringLiteral("Scanning the network\u2026")));
+        QVERIFY(!texts.contains(QStringLiteral("Select a base station")));
+        QVERIFY(texts.contains(QStringLiteral("3")));
+        // The rows in address-text order, each with its title over its address.
+        const QStringList rows = {"10.232.1.1", "10.232.1.10", "10.232.1.2"};
+        qsizetype previous = -1;
+        for (const QString& ip : rows) {
+            const qsizetype at = texts.indexOf(ip);
+            QVERIFY2(at > previous, qPrintable(ip));
+            QCOMPARE(texts.at(at - 1), w.client()->device(ip.toStdString())->title());
+            previous = at;
+        }
+        QCOMPARE(w.item("detailTitle")->property("text").toString(), QStringLiteral("KT400 \u00b70002C9"));
+        QCOMPARE(w.item("detailAddress")->property("text").toString(), QStringLiteral("10.232.1.10"));
+    }
+
+    void bindFailure()
+    {
+        Window w;
+        const int holder = ClientTest::bindUdp("0.0.0.0", w.client()->socket().port(), false);
+        QVERIFY(holder >= 0);
+        QVERIFY(w.load());
+        const QString status = QStringLiteral("cannot bind UDP %1 (in use?)").arg(w.port);
+        QTRY_COMPARE(w.client()->status(), status);
+        w.shoot(QStringLiteral("bind-failure"));
+        ::close(holder);
+
+        const QStringList texts = w.visibleTexts();
+        QVERIFY(texts.contains(status));
+        QVERIFY(texts.contains(QStringLiteral("Scanning the network\u2026")));
+        QVERIFY(texts.contains(QStringLiteral("Select a base station")));
+        QCOMPARE(w.item("statusDot")->property("color").value<QColor>().name(), QStringLiteral("#ffd60a"));
+    }
+
+    void untrustedSerialIsShownAsText()
+    {
+        Window w;
+        QVERIFY(w.load());
+        const char* serial = R"(<img src="http://127.0.0.1:9/x.png"><b>big</b>)";
+        w.ingest("10.232.1.5", {{"Serial", serial}});
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.5"));
+        QTRY_VERIFY(w.item("detailTitle") != nullptr);
+        w.shoot(QStringLiteral("untrusted-serial"));
+
+        const QString title = w.client()->device("10.232.1.5")->title();
+        QVERIFY(title.endsWith(QStringLiteral("</b>")));
+        QCOMPARE(w.visibleTexts().count(title), 2);  // the row and the detail header
+        QCOMPARE(w.item("detailTitle")->property("text").toString(), title);
+        QTest::qWait(200);
+        QVERIFY2(CountingNetwork::Manager::requested.isEmpty(), qPrintable(CountingNetwork::Manager::requested.join(' ')));
+    }
+};
+
+QTEST_MAIN(WindowShotTest)
+
+#include "WindowShotTest.moc"
