@@ -1,3 +1,3 @@
 #include "ClientLogging.h"
 
-Q_LOGGING_CATEGORY(lcVornClient, "vorn.client")
+Q_LOGGING_CATEGORY(lcVornClient, "vorn.client", QtInfoMsg)

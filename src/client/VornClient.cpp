@@ -13,6 +13,7 @@
 VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject* parent)
     : QObject(parent),
       socket_(port, std::move(broadcastAddress)),
+      inbox_(std::make_shared<ReplyInbox>()),
       clock_(new PresenceClock(this)),
       status_(QStringLiteral("starting\u2026")),
       seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001)))
@@ -49,7 +50,7 @@ void VornClient::start()
 
 void VornClient::installPacketHandler()
 {
-    socket_.setOnPacket([client = QPointer<VornClient>(this)](Vorn::Bytes data, std::string) {
+    socket_.setOnPacket([client = QPointer<VornClient>(this), inbox = inbox_](Vorn::Bytes data, std::string) {
         // Runs on the receive thread: decode here, touch the client only on
         // the main thread. The sender address is not used; the reply names its unit.
         auto reply = Vorn::parse(data);
@@ -57,14 +58,22 @@ void VornClient::installPacketHandler()
             qCDebug(lcVornClient) << "dropped a foreign datagram of" << data.size() << "bytes";
             return;
         }
-        QMetaObject::invokeMethod(
-            client.data(),
-            [client, reply = std::move(*reply)]() mutable {
-                if (client)
-                    client->ingest(std::move(reply));
-            },
-            Qt::QueuedConnection);
+        if (inbox->push(std::move(*reply))) {
+            QMetaObject::invokeMethod(
+                client.data(),
+                [client] {
+                    if (client)
+                        client->ingestInbox();
+                },
+                Qt::QueuedConnection);
+        }
     });
+}
+
+void VornClient::ingestInbox()
+{
+    for (auto& reply : inbox_->takeAll())
+        ingest(std::move(reply));
 }
 
 void VornClient::sendDiscover(const QString& address)

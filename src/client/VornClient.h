@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,7 @@
 
 #include "Device.h"
 #include "PresenceClock.h"
+#include "ReplyInbox.h"
 #include "VornSocket.h"
 
 class QTimer;
@@ -86,11 +88,14 @@ signals:
 
 private:
     void installPacketHandler();
+    void ingestInbox();
     void discoverTo(const std::string& address);
     void setStatus(const QString& status);
     void addLog(const QString& message);
 
     Vorn::VornSocket socket_;
+    // Shared with the receive thread's handler, which may outlive a drain.
+    std::shared_ptr<ReplyInbox> inbox_;
     PresenceClock* clock_;
     std::vector<Device> devices_;
     QString status_;

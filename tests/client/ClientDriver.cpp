@@ -1,0 +1,146 @@
+// client_driver: runs one VornClient with the program's defaults (port 23457,
+// limited broadcast) through a scripted scenario and prints what it saw as
+// JSON lines on standard output. The LAN tests run it inside the console
+// namespace of a private LAN; it must never run on a real network.
+//
+//   client_driver --netns NAME --run-ms MS [--snapshot-at MS]... [--hold-port]
+//                 [--write-at MS --write-ip IP --set KEY=VALUE...]
+//
+// Lines: {"event":"started","status":...} after start(); {"event":"table",
+// "atMs":...,"devices":[{"ip","title","config"}...]} at each snapshot and at
+// the end; then {"event":"end","status":...,"log":[...]}.
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+
+#include "ConfigConversion.h"
+#include "VornClient.h"
+
+namespace {
+
+struct Scenario {
+    QString netns;
+    int runMs = 0;
+    QList<int> snapshotsMs;
+    bool holdPort = false;
+    int writeAtMs = -1;
+    QString writeIp;
+    QVariantMap changes;
+};
+
+Scenario parseArguments(const QStringList& arguments)
+{
+    Scenario scenario;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const QString& name = arguments[i];
+        const QString value = i + 1 < arguments.size() ? arguments[i + 1] : QString();
+        if (name == u"--hold-port") {
+            scenario.holdPort = true;
+            continue;
+        }
+        ++i;
+        if (name == u"--netns")
+            scenario.netns = value;
+        else if (name == u"--run-ms")
+            scenario.runMs = value.toInt();
+        else if (name == u"--snapshot-at")
+            scenario.snapshotsMs.append(value.toInt());
+        else if (name == u"--write-at")
+            scenario.writeAtMs = value.toInt();
+        else if (name == u"--write-ip")
+            scenario.writeIp = value;
+        else if (name == u"--set")
+            scenario.changes.insert(value.section(u'=', 0, 0), value.section(u'=', 1));
+        else
+            qFatal("client_driver: unknown argument %s", qPrintable(name));
+    }
+    return scenario;
+}
+
+// The driver broadcasts for real, so it runs only inside the named network
+// namespace it is told about ("ip netns exec NAME" keeps it in /run/netns).
+bool insideNamedNamespace(const QString& name)
+{
+    struct stat own = {};
+    struct stat named = {};
+    const QByteArray path = QByteArrayLiteral("/run/netns/") + name.toLocal8Bit();
+    if (name.isEmpty() || name.contains(u'/') || ::stat("/proc/self/ns/net", &own) != 0 ||
+        ::stat(path.constData(), &named) != 0)
+        return false;
+    return own.st_ino == named.st_ino && own.st_dev == named.st_dev;
+}
+
+// Another program holding the device port exclusively (no SO_REUSEADDR).
+int holdDevicePort()
+{
+    const int fd = ::socket(AF_INET, SOCK_DGRAM, 0);
+    sockaddr_in local;
+    std::memset(&local, 0, sizeof local);
+    local.sin_family = AF_INET;
+    local.sin_addr.s_addr = htonl(INADDR_ANY);
+    local.sin_port = htons(Vorn::kPort);
+    if (::bind(fd, reinterpret_cast<const sockaddr*>(&local), sizeof local) != 0)
+        qFatal("client_driver: cannot hold the device port");
+    return fd;
+}
+
+void printLine(const QJsonObject& object)
+{
+    std::fputs(QJsonDocument(object).toJson(QJsonDocument::Compact).append('\n').constData(), stdout);
+    std::fflush(stdout);
+}
+
+void printTable(const VornClient& client, qint64 atMs)
+{
+    QJsonArray devices;
+    for (const Device& device : client.devices()) {
+        devices.append(QJsonObject{
+            {"ip", QString::fromStdString(device.ip)},
+            {"title", device.title()},
+            {"config", QJsonObject::fromVariantMap(toVariantMap(device.config))},
+        });
+    }
+    printLine({{"event", "table"}, {"atMs", atMs}, {"devices", devices}});
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    const Scenario scenario = parseArguments(app.arguments());
+    if (!insideNamedNamespace(scenario.netns)) {
+        std::fputs("client_driver: not inside the network namespace given by --netns\n", stderr);
+        return 2;
+    }
+    if (scenario.holdPort)
+        holdDevicePort();
+
+    VornClient client;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    client.start();
+    printLine({{"event", "started"}, {"status", client.status()}});
+
+    for (const int atMs : scenario.snapshotsMs)
+        QTimer::singleShot(atMs, &app, [&] { printTable(client, elapsed.elapsed()); });
+    if (scenario.writeAtMs >= 0)
+        QTimer::singleShot(scenario.writeAtMs, &app, [&] { client.write(scenario.writeIp, scenario.changes); });
+    QTimer::singleShot(scenario.runMs, &app, [&] {
+        printTable(client, elapsed.elapsed());
+        printLine({{"event", "end"}, {"status", client.status()}, {"log", QJsonArray::fromStringList(client.log())}});
+        app.quit();
+    });
+    return app.exec();
+}
