@@ -33,6 +33,26 @@ SplitView {
         root.client.sendDiscover(root.client.broadcastAddress);
     }
 
+    // Diagnostics (QT_LOGGING_RULES "vornlink.sidebar.info=true"): the rows as
+    // laid out, [address, title] from top to bottom, whenever their number changes.
+    function reportRows() {
+        deviceList.forceLayout();
+        const rows = [];
+        for (let i = 0; i < deviceList.count; ++i) {
+            const row = deviceList.itemAtIndex(i);
+            if (row)
+                rows.push([row.ip, row.title]);
+        }
+        console.info(sidebarLog, "rows " + JSON.stringify(rows));
+    }
+
+    LoggingCategory {
+        id: sidebarLog
+
+        name: "vornlink.sidebar"
+        defaultLogLevel: LoggingCategory.Warning
+    }
+
     orientation: Qt.Horizontal
 
     handle: Rectangle {
@@ -65,6 +85,7 @@ SplitView {
                 rightMargin: 6
                 spacing: 6
                 boundsBehavior: Flickable.StopAtBounds
+                onCountChanged: Qt.callLater(root.reportRows)
                 model: DeviceListModel {
                     client: root.client
                 }

@@ -1,0 +1,99 @@
+// The real vornlink window (offscreen) on a private LAN against vorn-sim:
+// what the sidebar lists, a unit with markup in its serial, and one running
+// instance per user.
+#include <fstream>
+#include <sstream>
+
+#include <nlohmann/json.hpp>
+
+#include "LanTestCase.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class WindowOnLan : public LanTestCase {
+protected:
+    // vornlink with its window offscreen, its diagnostics on, and its
+    // single-instance socket in this test's directory.
+    LanTest::Process startVornlink() const
+    {
+        return LanTest::Process(lan().consoleNs(),
+                                {"env", "QT_QPA_PLATFORM=offscreen", "TMPDIR=" + dir().string(),
+                                 "QT_LOGGING_RULES=vornlink.*.info=true", LanTest::kVornlinkBinary},
+                                dir());
+    }
+
+    // The rows of the sidebar's latest report, or an empty array.
+    static nlohmann::json lastRows(const std::string& err)
+    {
+        static const std::string prefix = "vornlink.sidebar: rows ";
+        nlohmann::json rows = nlohmann::json::array();
+        std::istringstream lines(err);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.rfind(prefix, 0) == 0)
+                rows = nlohmann::json::parse(line.substr(prefix.size()));
+        }
+        return rows;
+    }
+
+    // The diagnostic line of the sidebar for these [address, title] rows.
+    static std::string rowsLine(const nlohmann::json& rows) { return "vornlink.sidebar: rows " + rows.dump(); }
+};
+
+TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
+{
+    LanTest::Simulator sim(lan(), {"--count", "10", "--first-ip", "10.232.1.1"}, dir());
+    auto app = startVornlink();
+
+    std::vector<std::string> addresses;
+    for (int host = 1; host <= 10; ++host)
+        addresses.push_back("10.232.1." + std::to_string(host));
+    std::sort(addresses.begin(), addresses.end());
+    // The rows come in as the replies do; wait for the report that lists all ten.
+    nlohmann::json rows;
+    for (int attempt = 0; attempt < 200 && rows.size() < 10; ++attempt) {
+        if (app.wait(100ms).has_value())
+            break;
+        rows = lastRows(app.stderrText());
+    }
+    ASSERT_EQ(rows.size(), 10u) << app.stderrText();
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        EXPECT_EQ(rows[i][0], addresses[i]) << rows.dump();
+    EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
+}
+
+TEST_F(WindowOnLan, ShowsMarkupInASerialAsTextAndFetchesNothing)
+{
+    const std::string serial = R"(<img src="http://127.0.0.1:9/x.png"><b>big</b>)";
+    const auto unitsFile = dir() / "units.json";
+    std::ofstream(unitsFile) << nlohmann::json::array({{{"ip", "10.232.1.5"}, {"config", {{"Serial", serial}}}}}).dump();
+    LanTest::Simulator sim(lan(), {"--units", unitsFile.string()}, dir());
+    LanTest::Process witness(lan().consoleNs(), {TCP_WITNESS, "9"}, dir());
+    ASSERT_TRUE(witness.waitForStderrLine("tcp_witness: listening", kReadyTimeout)) << witness.stderrText();
+
+    auto app = startVornlink();
+    // The title keeps the serial's last six characters, markup and all.
+    const std::string title = "KT400 \u00b7ig</b>";
+    ASSERT_TRUE(app.waitForStderrLine(rowsLine(nlohmann::json::array({nlohmann::json::array({"10.232.1.5", title})})), 20s)) << app.stderrText();
+    EXPECT_FALSE(app.wait(1s).has_value()) << "the window ended: " << app.stderrText();
+    EXPECT_EQ(witness.stderrText().find("connection"), std::string::npos);
+}
+
+TEST_F(WindowOnLan, ASecondLaunchRaisesTheFirstWindowAndEndsWithoutListening)
+{
+    LanTest::Simulator sim(lan(), {"--count", "2"}, dir());
+    auto first = startVornlink();
+    ASSERT_TRUE(first.waitForStderrLine("vornlink.window: first frame", 20s)) << first.stderrText();
+
+    auto second = startVornlink();
+    EXPECT_EQ(second.wait(20s), 0) << second.stderrText();
+    EXPECT_NE(second.stderrText().find("handed over to the running instance"), std::string::npos)
+        << second.stderrText();
+    EXPECT_EQ(second.stderrText().find("first frame"), std::string::npos) << second.stderrText();
+    EXPECT_EQ(second.stderrText().find("cannot bind"), std::string::npos) << second.stderrText();
+    EXPECT_TRUE(first.waitForStderrLine("raising the window for another launch", 10s)) << first.stderrText();
+    EXPECT_FALSE(first.wait(500ms).has_value()) << "the first instance ended";
+}
+
+}  // namespace
