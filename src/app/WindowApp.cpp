@@ -36,11 +36,9 @@ void bringToFront(QQuickWindow* window)
 
 void reportFirstFrame(QQuickWindow* window)
 {
-    auto connection = std::make_shared<QMetaObject::Connection>();
-    *connection = QObject::connect(window, &QQuickWindow::frameSwapped, window, [connection] {
-        QObject::disconnect(*connection);
-        qCInfo(lcWindow, "first frame");
-    });
+    QObject::connect(
+        window, &QQuickWindow::frameSwapped, window, [] { qCInfo(lcWindow, "first frame"); },
+        Qt::SingleShotConnection);
 }
 
 }  // namespace
