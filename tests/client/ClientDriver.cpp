@@ -134,10 +134,10 @@ int main(int argc, char** argv)
     printLine({{"event", "started"}, {"status", client.status()}});
 
     for (const int atMs : scenario.snapshotsMs)
-        QTimer::singleShot(atMs, &app, [&] { printTable(client, elapsed.elapsed()); });
+        QTimer::singleShot(atMs, Qt::PreciseTimer, &app, [&] { printTable(client, elapsed.elapsed()); });
     if (scenario.writeAtMs >= 0)
-        QTimer::singleShot(scenario.writeAtMs, &app, [&] { client.write(scenario.writeIp, scenario.changes); });
-    QTimer::singleShot(scenario.runMs, &app, [&] {
+        QTimer::singleShot(scenario.writeAtMs, Qt::PreciseTimer, &app, [&] { client.write(scenario.writeIp, scenario.changes); });
+    QTimer::singleShot(scenario.runMs, Qt::PreciseTimer, &app, [&] {
         printTable(client, elapsed.elapsed());
         printLine({{"event", "end"}, {"status", client.status()}, {"log", QJsonArray::fromStringList(client.log())}});
         app.quit();
