@@ -20,6 +20,9 @@ struct VornClientForeign {
     QML_UNCREATABLE("the window uses SharedClient")
 };
 
+// The same class as VornClient under another name. It has to be registered
+// after VornClientForeign (the registrar goes by struct name), or QML no longer
+// takes "VornClient" as a property type.
 struct VornClientSingleton {
     Q_GADGET
     QML_FOREIGN(VornClient)
