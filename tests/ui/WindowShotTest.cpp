@@ -122,6 +122,17 @@ Vorn::Config unitConfig(const char* serial, const char* channel)
     return {{"Serial", serial}, {"Channel", channel}, {"AtemIp", "192.168.10.240"}, {"SwitcherBand", "1"}};
 }
 
+// A unit as a studio has it: every key the editor shows, firmware and serial.
+Vorn::Config studioUnit()
+{
+    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
+            {"ManagerIp", "10.232.0.50"}, {"AtemIp", "10.232.0.20"},     {"AtemPort", "9910"},
+            {"SwitcherBand", "7"},        {"SwitcherModel", "0"},        {"Channel", "3"},
+            {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
+            {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
+            {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
+}
+
 }  // namespace
 
 class WindowShotTest : public QObject {
@@ -181,6 +192,63 @@ private slots:
         }
         QCOMPARE(w.item("detailTitle")->property("text").toString(), QStringLiteral("KT400 \u00b70002C9"));
         QCOMPARE(w.item("detailAddress")->property("text").toString(), QStringLiteral("10.232.1.10"));
+    }
+
+    // Each tab of the editor for one unit, shot and checked for what it must show.
+    void editorTabs_data()
+    {
+        QTest::addColumn<QString>("segment");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("tally") << "segment0"
+                               << QStringList{"Tally source", "ATEM IP", "ATEM port", "Switcher", "Tally Channel",
+                                              "Tally / GPIO", "Blackmagic ATEM", "Cameras 13\u201324", "type 2",
+                                              "gpio 1",
+                                              "A base station drives 12 tally channels at a time. Tally bank selects "
+                                              "which 12 \u2014 13\u201324 for cameras beyond 12. One unit can\u2019t "
+                                              "span more than 12 at once (firmware limit); use a second base station "
+                                              "on the next bank."};
+        QTest::newRow("communication")
+            << "segment1"
+            << QStringList{"Communication", "Channel", "Password", "Scene Level", "Suppression Level", "Wire2",
+                           "3 \u00b7 Deafening (loud voice)", "2 \u00b7 2%"};
+        QTest::newRow("network") << "segment2"
+                                 << QStringList{"Network", "IP address", "Subnet mask", "Gateway",
+                                                "Apply network\u2026",
+                                                "Changing IP / mask / gateway can take the unit off-network \u2014 "
+                                                "recovery then needs the serial DB9 tool. Applied separately, with "
+                                                "confirmation."};
+        QTest::newRow("details") << "segment3"
+                                 << QStringList{"Device details", "IPAddress", "10.232.1.10", "Netmask", "255.255.0.0",
+                                                "Gateway", "10.232.0.1", "ManagerIp", "10.232.0.50", "AtemIp",
+                                                "10.232.0.20", "AtemPort", "9910", "SwitcherBand", "7",
+                                                "SwitcherModel", "0", "Channel", "3", "CallMagic", "studio-b",
+                                                "TallyType", "2", "TallyGpioType", "1", "AtemExtTally", "1",
+                                                "Serial", "KT4-0002C9", "Version", "2.4.1"};
+    }
+
+    void editorTabs()
+    {
+        QFETCH(QString, segment);
+        QFETCH(QStringList, expected);
+        Window w;
+        QVERIFY(w.load());
+        w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
+        w.ingest("10.232.1.10", studioUnit());
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        QQuickItem* tab = w.item(qPrintable(segment));
+        QTest::mouseClick(w.window, Qt::LeftButton, {}, tab->mapToScene(tab->boundingRect().center()).toPoint());
+        w.shoot(QStringLiteral("editor-") + QString::fromUtf8(QTest::currentDataTag()));
+
+        const QStringList texts = w.visibleTexts();
+        // The header and the tab bar on every tab.
+        for (const char* always : {"KT400 \u00b70002C9", "10.232.1.10", "Online", "Blackmagic ATEM", "Ch 3",
+                                   "fw 2.4.1", "Reload", "Save changes", "Tally", "Communication", "Network",
+                                   "Details"})
+            QVERIFY2(texts.contains(QString::fromUtf8(always)), always);
+        QVERIFY(!texts.contains(QStringLiteral("unsaved changes")));
+        for (const QString& text : expected)
+            QVERIFY2(texts.contains(text), qPrintable(text));
     }
 
     void bindFailure()

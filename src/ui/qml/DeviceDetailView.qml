@@ -1,7 +1,12 @@
-// The right-hand pane for the selected unit; for now its header: the unit's
-// title and address, read live from the client.
+// The right-hand pane for the selected unit: the header, the tab bar and the
+// panel of the selected tab, all bound to this view's DeviceEditor, and the
+// confirmation for network settings. The fields load when the view appears,
+// when another unit is selected and on Reload, never on a reply: what the user
+// is typing stays, while presence, chips, "unsaved changes" and Details follow
+// every reply at once.
 import QtQuick
 import VornLink
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 
 Item {
@@ -9,48 +14,92 @@ Item {
 
     required property VornClient client
     required property string ip
-    // Bumped when the client replaces this unit's record, so `unit` is read again.
-    property int revision: 0
-    readonly property var unit: {
-        root.revision;
-        return root.client.deviceData(root.ip);
+    readonly property alias editor: deviceEditor
+
+    DeviceEditor {
+        id: deviceEditor
+
+        client: root.client
+        ip: root.ip
     }
 
-    Connections {
-        target: root.client
-
-        function onDeviceUpdated(row) {
-            if (root.client.deviceData(root.ip).ip !== undefined)
-                root.revision++;
-        }
-    }
+    Component.onCompleted: deviceEditor.load()
 
     ColumnLayout {
-        objectName: "hero"
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.margins: 28
-        spacing: 4
+        id: column
 
-        Text {
-            objectName: "detailTitle"
+        anchors.fill: parent
+        anchors.margins: 28
+        anchors.bottomMargin: 0
+        spacing: 18
+
+        DetailHeader {
+            objectName: "hero"
             Layout.fillWidth: true
-            text: root.unit.title ?? ""
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            color: Theme.ink
-            font.pixelSize: 25
-            font.weight: Font.Bold
+            editor: deviceEditor
         }
-        Text {
-            objectName: "detailAddress"
+
+        SegmentBar {
+            objectName: "segmentBar"
+            titles: deviceEditor.tabTitles
+            glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details]
+            selection: deviceEditor.tab
+            onSelected: index => deviceEditor.tab = index
+        }
+
+        Flickable {
+            id: scroller
+
+            objectName: "panelScroller"
             Layout.fillWidth: true
-            text: root.ip
-            textFormat: Text.PlainText
-            color: Theme.inkMuted
-            font.family: "monospace"
-            font.pixelSize: 13
+            Layout.fillHeight: true
+            clip: true
+            contentWidth: width
+            contentHeight: panels.implicitHeight + 28
+            boundsBehavior: Flickable.StopAtBounds
+
+            ColumnLayout {
+                id: panels
+
+                width: scroller.width
+
+                TallyPanel {
+                    objectName: "tallyPanel"
+                    visible: deviceEditor.tab === DeviceEditor.Tally
+                    editor: deviceEditor
+                }
+                CommunicationPanel {
+                    objectName: "communicationPanel"
+                    visible: deviceEditor.tab === DeviceEditor.Intercom
+                    editor: deviceEditor
+                }
+                NetworkPanel {
+                    objectName: "networkPanel"
+                    visible: deviceEditor.tab === DeviceEditor.Network
+                    editor: deviceEditor
+                }
+                DetailsPanel {
+                    objectName: "detailsPanel"
+                    visible: deviceEditor.tab === DeviceEditor.Details
+                    editor: deviceEditor
+                }
+            }
+
+            ScrollBar.vertical: ScrollBar {
+                id: scrollBar
+
+                contentItem: Rectangle {
+                    implicitWidth: 4
+                    radius: 2
+                    color: Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.35)
+                    opacity: scrollBar.size < 1 && (scrollBar.active || scrollBar.hovered) ? 1 : 0
+                }
+            }
         }
+    }
+
+    NetworkConfirmDialog {
+        objectName: "networkConfirm"
+        editor: deviceEditor
     }
 }

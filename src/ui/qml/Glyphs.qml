@@ -11,4 +11,17 @@ QtObject {
 
     readonly property string station: "\ue51e"      // sensors: a base station
     readonly property string broadcast: "\uebba"    // cell_tower: discover on the LAN
+    readonly property string tally: "\uf048"        // podcasts: camera tally
+    readonly property string intercom: "\uf01f"     // headphones: communication
+    readonly property string network: "\ueb2f"      // lan: the unit's own network settings
+    readonly property string details: "\ue88e"      // info: what the unit reports
+    readonly property string save: "\ue5ca"         // check: save changes
+    readonly property string warning: "\ue002"      // warning: apply network settings
+    readonly property string increase: "\ue145"     // add: stepper up
+    readonly property string decrease: "\ue15b"     // remove: stepper down
+    readonly property string chooser: "\ue5d7"      // unfold_more: a picker's handle
+    readonly property string dot: "\ue061"          // fiber_manual_record: presence
+    readonly property string switcher: "\ue04b"     // videocam: the video switcher
+    readonly property string channel: "\ue311"      // headset_mic: intercom channel
+    readonly property string firmware: "\ue322"     // memory: firmware version
 }

@@ -16,7 +16,8 @@ RowLayout {
         Layout.maximumWidth: 116
         text: root.label
         textFormat: Text.PlainText
-        elide: Text.ElideRight
+        // A label longer than the column wraps instead of being cut.
+        wrapMode: Text.Wrap
         color: Theme.inkMuted
         font.pixelSize: 13
     }

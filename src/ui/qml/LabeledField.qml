@@ -12,6 +12,9 @@ RowLayout {
     property alias text: field.text
     readonly property alias field: field
 
+    // The user changed the text (not a change made by a binding).
+    signal edited(string text)
+
     spacing: 12
 
     Text {
@@ -19,7 +22,8 @@ RowLayout {
         Layout.maximumWidth: 116
         text: root.label
         textFormat: Text.PlainText
-        elide: Text.ElideRight
+        // A label longer than the column wraps instead of being cut.
+        wrapMode: Text.Wrap
         color: Theme.inkMuted
         font.pixelSize: 13
     }
@@ -35,5 +39,6 @@ RowLayout {
         rightPadding: 11
         topPadding: 7
         bottomPadding: 7
+        onTextEdited: root.edited(field.text)
     }
 }

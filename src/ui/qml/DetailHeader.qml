@@ -1,0 +1,114 @@
+// The head of the editor: the unit's title and address, its chips (presence,
+// the switcher being edited, the channel and firmware it reports), and on the
+// right the unsaved-changes mark with Reload and Save changes.
+import QtQuick
+import VornLink
+import QtQuick.Layouts
+
+RowLayout {
+    id: root
+
+    required property DeviceEditor editor
+
+    spacing: 16
+
+    ColumnLayout {
+        Layout.fillWidth: true
+        Layout.alignment: Qt.AlignTop
+        spacing: 4
+
+        Text {
+            objectName: "detailTitle"
+            Layout.fillWidth: true
+            text: root.editor.title
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.ink
+            font.pixelSize: 25
+            font.weight: Font.Bold
+        }
+        Text {
+            objectName: "detailAddress"
+            Layout.fillWidth: true
+            text: root.editor.ip
+            textFormat: Text.PlainText
+            color: Theme.inkMuted
+            font.family: "monospace"
+            font.pixelSize: 13
+        }
+        Flow {
+            Layout.fillWidth: true
+            Layout.topMargin: 8
+            spacing: 6
+
+            Chip {
+                objectName: "onlineChip"
+                text: root.editor.onlineText
+                systemImage: Glyphs.dot
+                tint: root.editor.online ? Theme.online : Theme.tally
+            }
+            Chip {
+                objectName: "switcherChip"
+                text: root.editor.switcherLabel
+                systemImage: Glyphs.switcher
+                tint: Theme.inkMuted
+            }
+            Chip {
+                objectName: "channelChip"
+                text: root.editor.channelChip
+                systemImage: Glyphs.channel
+                tint: Theme.cyan
+            }
+            Chip {
+                objectName: "firmwareChip"
+                visible: root.editor.firmwareChip !== ""
+                text: root.editor.firmwareChip
+                systemImage: Glyphs.firmware
+                tint: Theme.inkMuted
+            }
+        }
+    }
+
+    RowLayout {
+        Layout.alignment: Qt.AlignTop
+        Layout.topMargin: 4
+        spacing: 10
+
+        Row {
+            objectName: "unsavedMark"
+            visible: root.editor.dirty
+            Layout.rightMargin: 4
+            spacing: 6
+
+            Rectangle {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 6
+                height: 6
+                radius: 3
+                color: Theme.amber
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: "unsaved changes"
+                textFormat: Text.PlainText
+                color: Theme.amber
+                font.pixelSize: 12
+                font.weight: Font.Medium
+            }
+        }
+        GhostButton {
+            objectName: "reloadButton"
+            text: "Reload"
+            tint: Theme.ink
+            onClicked: root.editor.load()
+        }
+        AccentButton {
+            objectName: "saveButton"
+            text: "Save changes"
+            systemImage: Glyphs.save
+            tint: Theme.cyan
+            enabled: root.editor.dirty
+            onClicked: root.editor.save()
+        }
+    }
+}

@@ -1,0 +1,109 @@
+// A pop-up choice of the window: the chosen text on surface2 in a rounded
+// frame with a hairline and a handle glyph, the list in the same look. Every
+// text is drawn as plain text (entries can be built from a unit's values).
+// With no current entry (a unit's value outside the list) it shows a muted dash.
+import QtQuick
+import QtQuick.Controls.Basic
+
+ComboBox {
+    id: root
+
+    leftPadding: 11
+    rightPadding: 32
+    topPadding: 7
+    bottomPadding: 7
+    font.pixelSize: 13
+    // As wide as its longest entry, so no entry is ever cut.
+    implicitWidth: Math.max(120, Math.ceil(root.widestText) + root.leftPadding + root.rightPadding)
+
+    readonly property real widestText: {
+        root.model;
+        let widest = 0;
+        for (let i = 0; i < root.count; ++i)
+            widest = Math.max(widest, metrics.advanceWidth(root.textAt(i)));
+        return widest;
+    }
+
+    FontMetrics {
+        id: metrics
+
+        font: root.font
+    }
+
+    contentItem: Text {
+        objectName: "pickerText"
+        text: root.currentIndex >= 0 ? root.displayText : "\u2014"
+        textFormat: Text.PlainText
+        font: root.font
+        color: root.currentIndex >= 0 ? Theme.ink : Theme.inkMuted
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+
+    indicator: Icon {
+        x: root.width - width - 9
+        y: (root.height - height) / 2
+        glyph: Glyphs.chooser
+        color: Theme.inkMuted
+        points: 13
+    }
+
+    background: Rectangle {
+        radius: 8
+        color: Theme.surface2
+        border.width: 1
+        border.color: root.visualFocus || root.popup.visible ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.55) : Theme.stroke
+    }
+
+    delegate: ItemDelegate {
+        id: entry
+
+        required property int index
+        required property var modelData
+
+        width: ListView.view.width
+        leftPadding: 11
+        rightPadding: 11
+        topPadding: 6
+        bottomPadding: 6
+        highlighted: root.highlightedIndex === entry.index
+
+        contentItem: Text {
+            text: root.textRole ? entry.modelData[root.textRole] : entry.modelData
+            textFormat: Text.PlainText
+            font: root.font
+            color: root.currentIndex === entry.index ? Theme.cyan : Theme.ink
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+        }
+
+        background: Rectangle {
+            radius: 6
+            color: entry.highlighted ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.14) : "transparent"
+        }
+    }
+
+    popup: Popup {
+        y: root.height + 4
+        width: root.width
+        implicitHeight: Math.min(list.contentHeight, 360) + topPadding + bottomPadding
+        padding: 4
+
+        contentItem: ListView {
+            id: list
+
+            clip: true
+            implicitHeight: contentHeight
+            model: root.popup.visible ? root.delegateModel : null
+            currentIndex: root.highlightedIndex
+            boundsBehavior: Flickable.StopAtBounds
+        }
+
+        background: Rectangle {
+            radius: 9
+            color: Theme.surface2
+            border.width: 1
+            border.color: Theme.stroke
+        }
+    }
+}

@@ -1,0 +1,76 @@
+// The tab bar of the editor: one button per tab, glyph and title, in a
+// rounded track; the selected one is drawn in the accent. Pressing a button
+// only reports its index; the owner keeps the selection.
+import QtQuick
+import QtQuick.Controls.Basic
+
+Rectangle {
+    id: root
+
+    required property var titles
+    required property var glyphs
+    required property int selection
+
+    signal selected(int index)
+
+    implicitWidth: row.implicitWidth + 8
+    implicitHeight: row.implicitHeight + 8
+    radius: 11
+    color: Theme.surface
+    border.width: 1
+    border.color: Theme.stroke
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 2
+
+        Repeater {
+            model: root.titles
+
+            AbstractButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+                readonly property bool current: root.selection === segment.index
+
+                objectName: "segment" + segment.index
+                leftPadding: 14
+                rightPadding: 14
+                topPadding: 7
+                bottomPadding: 7
+                onClicked: root.selected(segment.index)
+
+                contentItem: Row {
+                    spacing: 7
+
+                    Icon {
+                        anchors.verticalCenter: parent.verticalCenter
+                        glyph: root.glyphs[segment.index]
+                        color: segment.current ? Theme.cyan : Theme.inkMuted
+                        points: 13
+                    }
+                    Text {
+                        objectName: "segmentTitle"
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: segment.modelData
+                        textFormat: Text.PlainText
+                        color: segment.current ? Theme.ink : Theme.inkMuted
+                        font.pixelSize: 13
+                        font.weight: segment.current ? Font.DemiBold : Font.Medium
+                    }
+                }
+
+                background: Rectangle {
+                    radius: 8
+                    color: segment.current ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.14)
+                                           : segment.hovered ? Qt.rgba(Theme.ink.r, Theme.ink.g, Theme.ink.b, 0.05) : "transparent"
+                    border.width: segment.current || segment.visualFocus ? 1 : 0
+                    border.color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, segment.visualFocus ? 0.8 : 0.35)
+                }
+            }
+        }
+    }
+}
