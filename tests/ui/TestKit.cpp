@@ -1,5 +1,7 @@
 #include "TestKit.h"
 
+#include <QTimer>
+
 #include "PresenceClock.h"
 
 UnitProbe::UnitProbe(std::uint16_t port, const char* address, QObject* parent)
@@ -25,6 +27,21 @@ VornClient* TestKit::makeClient()
     return new VornClient(ClientTest::freeUdpPort(), "127.0.0.3", this);
 }
 
+void TestKit::startWithoutRepeats(VornClient* client)
+{
+    client->start();
+    // The client's own children: its discovery timer is the only repeating one.
+    for (QTimer* timer : client->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) {
+        if (!timer->isSingleShot())
+            timer->stop();
+    }
+}
+
+SimulatedUnits* TestKit::startSimulator(VornClient* client, const QVariantList& units)
+{
+    return new SimulatedUnits(client->broadcastAddress(), client->socket().port(), units, this);
+}
+
 UnitProbe* TestKit::makeProbe(VornClient* client, const QString& address)
 {
     return new UnitProbe(client->socket().port(), qPrintable(address), this);
@@ -43,6 +60,14 @@ void TestKit::setNow(VornClient* client, const QDateTime& now)
     const auto instant = toTimePoint(now);
     client->clock()->setNowFunction([instant] { return instant; });
     client->clock()->tick();
+}
+
+QStringList TestKit::writeKeys() const
+{
+    QStringList keys;
+    for (const auto key : Vorn::kWriteKeys)
+        keys.append(QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())));
+    return keys;
 }
 
 int TestKit::seq(VornClient* client) const

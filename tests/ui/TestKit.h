@@ -14,6 +14,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "FakeUnit.h"
+#include "SimulatedUnits.h"
 #include "VornClient.h"
 
 class UnitProbe : public QObject {
@@ -44,6 +45,12 @@ class TestKit : public QObject {
 public:
     // A client on a free port that broadcasts to 127.0.0.3 and is not started.
     Q_INVOKABLE VornClient* makeClient();
+    // Starts `client` with one discover to its broadcast address and then no
+    // periodic ones, so every later datagram is one the test caused.
+    Q_INVOKABLE void startWithoutRepeats(VornClient* client);
+    // vorn-sim at the client's broadcast address and port, serving `units`.
+    Q_INVOKABLE SimulatedUnits* startSimulator(VornClient* client, const QVariantList& units);
+
     // A fake unit at `address` on the client's port.
     Q_INVOKABLE UnitProbe* makeProbe(VornClient* client, const QString& address);
 
@@ -51,6 +58,9 @@ public:
     Q_INVOKABLE void ingest(VornClient* client, const QString& ip, const QVariantMap& config);
     // Stops the client's clock at `now` and lets everything re-judge presence.
     Q_INVOKABLE void setNow(VornClient* client, const QDateTime& now);
+
+    // The keys a write datagram carries, in the protocol's order.
+    Q_INVOKABLE QStringList writeKeys() const;
 
     Q_INVOKABLE int seq(VornClient* client) const;
     Q_INVOKABLE void setSeq(VornClient* client, int seq);
