@@ -1,3 +1,4 @@
 #include "AppLogging.h"
 
 Q_LOGGING_CATEGORY(lcWindow, "vornlink.window", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcLatency, "vornlink.latency", QtWarningMsg)

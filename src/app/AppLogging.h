@@ -5,3 +5,5 @@
 #include <QLoggingCategory>
 
 Q_DECLARE_LOGGING_CATEGORY(lcWindow)
+// Main-thread lateness, see LatencyProbe.h.
+Q_DECLARE_LOGGING_CATEGORY(lcLatency)

@@ -9,6 +9,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "AppLogging.h"
+#include "LatencyProbe.h"
 #include "SharedClient.h"
 #include "SingleInstance.h"
 
@@ -74,6 +75,7 @@ int runWindowApp(int& argc, char** argv)
     }
 
     reportFirstFrame(window);
+    startLatencyProbe(window);
     bringToFront(window);
     QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {
         qCInfo(lcWindow, "raising the window for another launch");
