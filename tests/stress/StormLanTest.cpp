@@ -1,0 +1,49 @@
+// Reply storms: N simulated units all answering each discover at once. The
+// program must list every one of them within a few discovery rounds by
+// itself; how many it lists after each round is recorded.
+#include "StressTestCase.h"
+
+namespace {
+
+constexpr int kRoundMs = 5000;  // the discovery interval
+constexpr int kMaxRounds = 6;
+
+class StormOnLan : public StressTestCase, public ::testing::WithParamInterface<int> {};
+
+TEST_P(StormOnLan, EveryUnitIsListedWithinAFewRounds)
+{
+    const int units = GetParam();
+    LanTest::Simulator simulator(lan(), {"--count", std::to_string(units), "--first-ip", "10.232.1.1"}, dir());
+    startWindow();
+
+    // The probe starts with the client, so the reports before 5000 ms belong
+    // to the first round, those before 10000 ms to the second, and so on.
+    const auto done = waitForReport(
+        [&](const auto& r) { return r.atMs >= 3 * kRoundMs - 1000 && (r.rows >= units || r.atMs >= kMaxRounds * kRoundMs); },
+        std::chrono::seconds(kMaxRounds * kRoundMs / 1000 + 30));
+    const auto all = reports();
+    ASSERT_FALSE(all.empty()) << windowErrors();
+    int roundsNeeded = 0;
+    // A round counts once the reports reach its last second.
+    for (int round = 1; round <= kMaxRounds && all.back().atMs >= round * kRoundMs - 1000; ++round) {
+        int rows = 0;
+        for (const auto& r : all) {
+            if (r.atMs < round * kRoundMs)
+                rows = r.rows;
+        }
+        record("listed_after_round_" + std::to_string(round), rows);
+        if (rows >= units && roundsNeeded == 0)
+            roundsNeeded = round;
+    }
+    const auto counters = udpCounters();
+    record("dropped_buffer_full", counters.receiveBufferErrors);
+    record("rounds_to_list_all", roundsNeeded);
+
+    ASSERT_TRUE(windowRunning()) << windowErrors();
+    EXPECT_EQ(done.rows, units) << "listed " << done.rows << " of " << units << " after " << done.atMs << " ms";
+    EXPECT_GT(roundsNeeded, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Units, StormOnLan, ::testing::Values(200, 1000, 5000));
+
+}  // namespace
