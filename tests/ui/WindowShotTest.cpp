@@ -251,6 +251,32 @@ private slots:
             QVERIFY2(texts.contains(text), qPrintable(text));
     }
 
+    // An edited gateway waiting for confirmation: "unsaved changes" stays off
+    // (network edits are not saved by Save changes), the alert repeats the values.
+    void networkConfirmation()
+    {
+        Window w;
+        QVERIFY(w.load());
+        w.ingest("10.232.1.10", studioUnit());
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+        editor->setProperty("atemPort", QStringLiteral("9911"));
+        editor->setProperty("tab", 2);
+        editor->setProperty("gateway", QStringLiteral("10.232.0.254"));
+        editor->setProperty("showNetConfirm", true);
+        QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Apply network settings to 10.232.1.10?")));
+        w.shoot(QStringLiteral("editor-network-confirm"));
+
+        const QStringList texts = w.visibleTexts();
+        for (const char* expected : {"unsaved changes", "Apply network settings to 10.232.1.10?", "Apply", "Cancel"})
+            QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+        QVERIFY(texts.contains(QStringLiteral("New: IP 10.232.1.10, mask 255.255.0.0, gateway 10.232.0.254.\n\n"
+                                              "If the IP changes, the unit reappears in the list under its new "
+                                              "address. A wrong value can strip it off-network (serial DB9 "
+                                              "recovery).")));
+    }
+
     void bindFailure()
     {
         Window w;

@@ -1,6 +1,6 @@
 // The head of the editor: the unit's title and address, its chips (presence,
 // the switcher being edited, the channel and firmware it reports), and on the
-// right the unsaved-changes mark with Reload and Save changes.
+// right Reload and Save changes above the unsaved-changes mark.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -69,15 +69,36 @@ RowLayout {
         }
     }
 
-    RowLayout {
+    // The mark sits under the buttons, so its coming and going never moves them.
+    ColumnLayout {
         Layout.alignment: Qt.AlignTop
         Layout.topMargin: 4
         spacing: 10
 
+        RowLayout {
+            spacing: 10
+
+            GhostButton {
+                objectName: "reloadButton"
+                text: "Reload"
+                tint: Theme.ink
+                onClicked: root.editor.load()
+            }
+            AccentButton {
+                objectName: "saveButton"
+                text: "Save changes"
+                systemImage: Glyphs.save
+                tint: Theme.cyan
+                enabled: root.editor.dirty
+                onClicked: root.editor.save()
+            }
+        }
+
         Row {
             objectName: "unsavedMark"
+            Layout.alignment: Qt.AlignRight
+            Layout.rightMargin: 2
             visible: root.editor.dirty
-            Layout.rightMargin: 4
             spacing: 6
 
             Rectangle {
@@ -95,20 +116,6 @@ RowLayout {
                 font.pixelSize: 12
                 font.weight: Font.Medium
             }
-        }
-        GhostButton {
-            objectName: "reloadButton"
-            text: "Reload"
-            tint: Theme.ink
-            onClicked: root.editor.load()
-        }
-        AccentButton {
-            objectName: "saveButton"
-            text: "Save changes"
-            systemImage: Glyphs.save
-            tint: Theme.cyan
-            enabled: root.editor.dirty
-            onClicked: root.editor.save()
         }
     }
 }
