@@ -1,20 +1,29 @@
 // Starts a program, and reports the time from its start to the first line on
 // its standard error that contains "first frame", and its resident memory a
-// while later; then ends it.
-//   startup_probe SETTLE_MS PROGRAM [ARG...]
+// while later; then ends it. With --until, the wait for the memory reading
+// starts only once a line containing TEXT has come (say, the program reports
+// that every unit is listed); the program gets 60 s for each line.
+//   startup_probe SETTLE_MS [--until TEXT] PROGRAM [ARG...]
 // Output: "first_frame_ms=<ms> rss_kib=<KiB>"
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto kLinePatience = std::chrono::seconds(60);
 
 long residentKib(pid_t pid)
 {
@@ -26,12 +35,54 @@ long residentKib(pid_t pid)
     return -1;
 }
 
+// Reads the program's standard error to its end, noting when the lines of
+// interest come.
+struct ErrorWatch {
+    std::string until;
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::optional<Clock::time_point> firstFrame;
+    bool untilSeen = false;
+    bool ended = false;
+
+    void read(FILE* err)
+    {
+        char buffer[4096];
+        while (std::fgets(buffer, sizeof buffer, err)) {
+            const auto now = Clock::now();
+            std::lock_guard lock(mutex);
+            if (!firstFrame && std::strstr(buffer, "first frame"))
+                firstFrame = now;
+            if (firstFrame && !until.empty() && std::strstr(buffer, until.c_str()))
+                untilSeen = true;
+            changed.notify_all();
+        }
+        std::lock_guard lock(mutex);
+        ended = true;
+        changed.notify_all();
+    }
+
+    template <typename Predicate>
+    bool waitFor(Predicate predicate)
+    {
+        std::unique_lock lock(mutex);
+        changed.wait_for(lock, kLinePatience, [&] { return predicate() || ended; });
+        return predicate();
+    }
+};
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc < 3) {
-        std::fputs("usage: startup_probe SETTLE_MS PROGRAM [ARG...]\n", stderr);
+    int first = 2;
+    ErrorWatch watch;
+    if (argc > 3 && std::strcmp(argv[2], "--until") == 0) {
+        watch.until = argv[3];
+        first = 4;
+    }
+    if (argc <= first) {
+        std::fputs("usage: startup_probe SETTLE_MS [--until TEXT] PROGRAM [ARG...]\n", stderr);
         return 2;
     }
     const auto settle = std::chrono::milliseconds(std::atoi(argv[1]));
@@ -39,44 +90,38 @@ int main(int argc, char** argv)
     if (::pipe(pipeFds) != 0)
         return 1;
 
-    const auto start = std::chrono::steady_clock::now();
+    const auto start = Clock::now();
     const pid_t child = ::fork();
     if (child == 0) {
         ::dup2(pipeFds[1], STDERR_FILENO);
         ::close(pipeFds[0]);
         ::close(pipeFds[1]);
-        ::execvp(argv[2], argv + 2);
+        ::execvp(argv[first], argv + first);
         std::_Exit(127);
     }
     ::close(pipeFds[1]);
-
     FILE* err = ::fdopen(pipeFds[0], "r");
-    char buffer[4096];
-    bool framed = false;
-    while (std::fgets(buffer, sizeof buffer, err)) {
-        if (std::string(buffer).find("first frame") != std::string::npos) {
-            framed = true;
-            break;
-        }
+    std::thread reader([&] { watch.read(err); });
+
+    const char* problem = nullptr;
+    if (!watch.waitFor([&] { return watch.firstFrame.has_value(); }))
+        problem = "the program showed no first frame";
+    else if (!watch.until.empty() && !watch.waitFor([&] { return watch.untilSeen; }))
+        problem = "the program never printed the --until text";
+    long rss = -1;
+    if (!problem) {
+        std::this_thread::sleep_for(settle);
+        rss = residentKib(child);
     }
-    const auto firstFrame = std::chrono::steady_clock::now();
-    if (!framed) {
-        std::fputs("startup_probe: the program ended without a first frame\n", stderr);
-        return 1;
-    }
-    // Keep draining its output so it never blocks on a full pipe.
-    std::thread drain([err] {
-        char rest[4096];
-        while (std::fgets(rest, sizeof rest, err)) {
-        }
-    });
-    std::this_thread::sleep_for(settle);
-    const long rss = residentKib(child);
     ::kill(child, SIGTERM);
     ::waitpid(child, nullptr, 0);
-    drain.join();
+    reader.join();
 
-    const double ms = std::chrono::duration<double, std::milli>(firstFrame - start).count();
+    if (problem) {
+        std::fprintf(stderr, "startup_probe: %s\n", problem);
+        return 1;
+    }
+    const double ms = std::chrono::duration<double, std::milli>(*watch.firstFrame - start).count();
     std::printf("first_frame_ms=%.1f rss_kib=%ld\n", ms, rss);
     return 0;
 }

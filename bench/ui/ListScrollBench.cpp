@@ -1,0 +1,125 @@
+// Frame time of the sidebar list while it scrolls through 10,000 units: the
+// real window (offscreen, software scene graph) on a client that listens on a
+// free loopback port and is fed through ingest, so nothing leaves the machine.
+// Each step moves the list by a fixed distance and times the frame that shows
+// it (polish, sync, render), delegates made for rows coming into view included.
+//   bench_list_scroll [UNITS] [FRAMES]   (defaults 10000 and 2000)
+// Output: "units=N frames=F median_ms=.. p95_ms=.. max_ms=.."
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTimer>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "SharedClient.h"
+
+Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
+
+namespace {
+
+std::uint16_t freeLoopbackPort()
+{
+    const int fd = ::socket(AF_INET, SOCK_DGRAM, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length);
+    ::close(fd);
+    return ntohs(address.sin_port);
+}
+
+Vorn::Config unitConfig(int index, const std::string& address)
+{
+    Vorn::Config config;
+    for (const auto key : Vorn::kWriteKeys)
+        config.emplace(key, std::to_string(index % 100));
+    config["IPAddress"] = address;
+    config["Serial"] = "KT400" + std::to_string(100000 + index);
+    return config;
+}
+
+QQuickItem* findItem(QQuickItem* item, const QString& name)
+{
+    if (item->objectName() == name)
+        return item;
+    for (QQuickItem* child : item->childItems()) {
+        if (QQuickItem* found = findItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+// Waits for the window's next frame; false when none comes within a second.
+bool nextFrame(QQuickWindow* window)
+{
+    QEventLoop loop;
+    QTimer::singleShot(1000, &loop, [&loop] { loop.exit(1); });
+    QObject::connect(window, &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
+    window->update();
+    return loop.exec() == 0;
+}
+
+double percentile(std::vector<double> values, double fraction)
+{
+    std::sort(values.begin(), values.end());
+    return values[static_cast<std::size_t>(fraction * double(values.size() - 1) + 0.5)];
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const int units = argc > 1 ? std::atoi(argv[1]) : 10000;
+    const int frames = argc > 2 ? std::atoi(argv[2]) : 2000;
+    // Frames follow update requests at once instead of after the platform's idle delay.
+    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
+    QGuiApplication app(argc, argv);
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    SharedClient owner([] { return std::make_unique<VornClient>(freeLoopbackPort(), "127.0.0.1"); });
+    QQmlApplicationEngine engine;
+    engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
+    auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().first());
+    if (!window)
+        return 1;
+    window->show();
+
+    for (int i = 0; i < units; ++i) {
+        const std::string address = "10.232." + std::to_string(i / 250) + "." + std::to_string(i % 250 + 1);
+        SharedClient::instance()->ingest(Vorn::Reply{address, Vorn::kCmdReport, unitConfig(i, address)});
+    }
+    QQuickItem* list = findItem(window->contentItem(), QStringLiteral("deviceList"));
+    if (!list || !nextFrame(window) || list->property("count").toInt() != units) {
+        std::fputs("bench_list_scroll: the list did not show the units\n", stderr);
+        return 1;
+    }
+
+    const double range = list->property("contentHeight").toDouble() - list->height();
+    const double step = range / frames;
+    std::vector<double> times;
+    QElapsedTimer clock;
+    for (int frame = 1; frame <= frames; ++frame) {
+        clock.start();
+        list->setProperty("contentY", step * frame - list->property("topMargin").toDouble());
+        if (!nextFrame(window))
+            return 1;
+        times.push_back(double(clock.nsecsElapsed()) / 1e6);
+    }
+    std::printf("units=%d frames=%d step_px=%.1f median_ms=%.3f p95_ms=%.3f max_ms=%.3f\n", units, frames, step,
+                percentile(times, 0.5), percentile(times, 0.95), *std::max_element(times.begin(), times.end()));
+    return 0;
+}
