@@ -9,7 +9,8 @@
 //
 // Without --spoof-units: N junk datagrams of every kind (FloodDatagrams.h).
 // With it: N well-formed reports naming U units, from --first-ip (default
-// 10.240.0.1) on, skipping host parts .0 and .255, taken in turn.
+// 10.240.0.1) on, skipping host parts .0 and .255, taken in turn in an order
+// shuffled by the seed.
 // The flood stops after N datagrams or T seconds (default 120), whichever first.
 //
 // Output: sent=N bytes=B seconds=S rate=R errors=E, then per kind its count,
@@ -20,11 +21,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -126,6 +129,7 @@ int main(int argc, char** argv)
     const auto units = unitAddresses(options.firstIp, options.spoofUnits);
     for (const auto& unit : units)
         reports.push_back(generator.report(unit));
+    std::shuffle(reports.begin(), reports.end(), std::mt19937_64(options.seed));
 
     std::map<std::string_view, std::uint64_t> perKind;
     std::uint64_t sent = 0;
