@@ -1,121 +1,18 @@
 // The whole window rendered offscreen in its main states, saved as PNG for a
 // look, and checked for the texts and parts each state must show.
-#include <QDir>
-#include <QNetworkAccessManager>
-#include <QQmlApplicationEngine>
-#include <QQmlNetworkAccessManagerFactory>
-#include <QQuickItem>
 #include <QQuickStyle>
-#include <QQuickWindow>
 #include <QSignalSpy>
-#include <QStringList>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <unistd.h>
 
 #include "FakeUnit.h"
-#include "SharedClient.h"
+#include "WindowHarness.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
 namespace {
-
-// Counts every request the QML engine makes: the window must make none.
-class CountingNetwork : public QQmlNetworkAccessManagerFactory {
-public:
-    class Manager : public QNetworkAccessManager {
-    public:
-        using QNetworkAccessManager::QNetworkAccessManager;
-        inline static QStringList requested;
-
-    protected:
-        QNetworkReply* createRequest(Operation op, const QNetworkRequest& request, QIODevice* data) override
-        {
-            requested.append(request.url().toString());
-            return QNetworkAccessManager::createRequest(op, request, data);
-        }
-    };
-
-    QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
-};
-
-// The window on a loopback client (free port, broadcast to 127.0.0.3).
-struct Window {
-    Window()
-        : owner([this] {
-              port = ClientTest::freeUdpPort();
-              return std::make_unique<VornClient>(port, "127.0.0.3");
-          })
-    {
-    }
-
-    bool load()
-    {
-        engine.setNetworkAccessManagerFactory(&network);
-        engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
-        if (engine.rootObjects().isEmpty())
-            return false;
-        window = qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
-        window->show();
-        return QTest::qWaitForWindowExposed(window);
-    }
-
-    VornClient* client() { return SharedClient::instance(); }
-    // The first item named `name` in the visual tree (views move their items
-    // away from their object parents), or null.
-    QQuickItem* item(const char* name) { return find(window->contentItem(), QString::fromUtf8(name)); }
-
-    void ingest(const std::string& ip, Vorn::Config config)
-    {
-        client()->ingest(Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)});
-    }
-
-    // Texts of every Text item that is on screen.
-    QStringList visibleTexts()
-    {
-        QStringList texts;
-        collect(window->contentItem(), texts);
-        return texts;
-    }
-
-    QImage shoot(const QString& name)
-    {
-        QTest::qWait(50);  // let the scene settle after the last change
-        QImage image = window->grabWindow();
-        QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
-        image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(name));
-        return image;
-    }
-
-    std::uint16_t port = 0;
-    SharedClient owner;
-    CountingNetwork network;
-    QQmlApplicationEngine engine;
-    QQuickWindow* window = nullptr;
-
-private:
-    static QQuickItem* find(QQuickItem* item, const QString& name)
-    {
-        if (item->objectName() == name)
-            return item;
-        for (QQuickItem* child : item->childItems()) {
-            if (QQuickItem* found = find(child, name))
-                return found;
-        }
-        return nullptr;
-    }
-
-    static void collect(QQuickItem* item, QStringList& texts)
-    {
-        if (!item->isVisible())
-            return;
-        if (QByteArray(item->metaObject()->className()) == "QQuickText")
-            texts.append(item->property("text").toString());
-        for (QQuickItem* child : item->childItems())
-            collect(child, texts);
-    }
-};
 
 Vorn::Config unitConfig(const char* serial, const char* channel)
 {

@@ -1,4 +1,5 @@
 // A small badge: optional symbol and text in the tint, on a faint capsule of it.
+// Given a maximumWidth, a long text is cut short with an ellipsis.
 import QtQuick
 
 Rectangle {
@@ -7,8 +8,12 @@ Rectangle {
     required property string text
     required property color tint
     property string systemImage: ""
+    property real maximumWidth: Infinity
 
-    implicitWidth: row.implicitWidth + 18
+    readonly property real symbolWidth: symbol.visible ? symbol.implicitWidth + row.spacing : 0
+
+    implicitWidth: root.symbolWidth + label.implicitWidth + 18
+    width: Math.min(root.implicitWidth, root.maximumWidth)
     implicitHeight: row.implicitHeight + 8
     radius: height / 2
     color: Qt.rgba(root.tint.r, root.tint.g, root.tint.b, 0.16)
@@ -20,6 +25,7 @@ Rectangle {
         spacing: 5
 
         Icon {
+            id: symbol
             objectName: "chipSymbol"
             visible: root.systemImage !== ""
             anchors.verticalCenter: parent.verticalCenter
@@ -29,10 +35,13 @@ Rectangle {
             font.weight: Font.Bold
         }
         Text {
+            id: label
             objectName: "chipText"
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(label.implicitWidth, root.width - 18 - root.symbolWidth)
             text: root.text
             textFormat: Text.PlainText
+            elide: Text.ElideRight
             color: root.tint
             font.pixelSize: 11
             font.weight: Font.DemiBold

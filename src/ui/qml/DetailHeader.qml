@@ -43,24 +43,28 @@ RowLayout {
 
             Chip {
                 objectName: "onlineChip"
+                maximumWidth: parent.width
                 text: root.editor.onlineText
                 systemImage: Glyphs.dot
                 tint: root.editor.online ? Theme.online : Theme.tally
             }
             Chip {
                 objectName: "switcherChip"
+                maximumWidth: parent.width
                 text: root.editor.switcherLabel
                 systemImage: Glyphs.switcher
                 tint: Theme.inkMuted
             }
             Chip {
                 objectName: "channelChip"
+                maximumWidth: parent.width
                 text: root.editor.channelChip
                 systemImage: Glyphs.channel
                 tint: Theme.cyan
             }
             Chip {
                 objectName: "firmwareChip"
+                maximumWidth: parent.width
                 visible: root.editor.firmwareChip !== ""
                 text: root.editor.firmwareChip
                 systemImage: Glyphs.firmware

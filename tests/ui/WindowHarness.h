@@ -1,0 +1,55 @@
+// The whole window loaded offscreen on a loopback client, with helpers to
+// feed it units, find its items, read what it shows and save it as PNG.
+#pragma once
+
+#include <QImage>
+#include <QNetworkAccessManager>
+#include <QQmlApplicationEngine>
+#include <QQmlNetworkAccessManagerFactory>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QStringList>
+
+#include <memory>
+
+#include "SharedClient.h"
+#include "VornProtocol.h"
+
+// Counts every request the QML engine makes: the window must make none.
+class CountingNetwork : public QQmlNetworkAccessManagerFactory {
+public:
+    class Manager : public QNetworkAccessManager {
+    public:
+        using QNetworkAccessManager::QNetworkAccessManager;
+        inline static QStringList requested;
+
+    protected:
+        QNetworkReply* createRequest(Operation op, const QNetworkRequest& request, QIODevice* data) override;
+    };
+
+    QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
+};
+
+// The window on a loopback client (free port, broadcast to 127.0.0.3).
+struct Window {
+    Window();
+
+    bool load();
+    VornClient* client() { return SharedClient::instance(); }
+    // The first item named `name` in the visual tree (views move their items
+    // away from their object parents), or null.
+    QQuickItem* item(const char* name);
+    void ingest(const std::string& ip, Vorn::Config config);
+    // Texts of every Text item that is on screen.
+    QStringList visibleTexts();
+    // Every visible Text item, for checks of where texts were laid out.
+    QList<QQuickItem*> visibleTextItems();
+    // Saves the window as window-shots/NAME.png and returns the image.
+    QImage shoot(const QString& name);
+
+    std::uint16_t port = 0;
+    SharedClient owner;
+    CountingNetwork network;
+    QQmlApplicationEngine engine;
+    QQuickWindow* window = nullptr;
+};
