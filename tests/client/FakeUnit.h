@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "UdpTestKit.h"
 #include "VornProtocol.h"
 
 namespace ClientTest {
@@ -16,18 +17,10 @@ namespace ClientTest {
 inline constexpr const char* kUnitAddress = "127.0.0.2";
 inline constexpr const char* kClientAddress = "127.0.0.1";
 
-// A UDP port above 1024, other than the device port, that was free a moment ago.
-std::uint16_t freeUdpPort();
-
-// A configuration report with `unitIp` in its header, as a unit sends it.
-Vorn::Bytes reportDatagram(const std::string& unitIp, const Vorn::Config& config,
-                           std::uint8_t cmd = Vorn::kCmdReport);
-
-// Sequence number of a request datagram (bytes 14-15, low byte first).
-std::uint16_t sequenceOf(const Vorn::Bytes& datagram);
-
-// Binds `address`:`port`; without `reuseAddress` it holds the port exclusively.
-int bindUdp(const char* address, std::uint16_t port, bool reuseAddress);
+using UdpTestKit::bindUdp;
+using UdpTestKit::freeUdpPort;
+using UdpTestKit::reportDatagram;
+using UdpTestKit::sequenceOf;
 
 class FakeUnit {
 public:

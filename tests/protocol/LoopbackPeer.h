@@ -12,20 +12,17 @@
 #include <thread>
 #include <vector>
 
+#include "UdpTestKit.h"
 #include "VornProtocol.h"
 
 namespace TestKit {
 
 inline constexpr const char* kPeerAddress = "127.0.0.2";
 
-// A UDP port that was free a moment ago.
-std::uint16_t freeUdpPort();
-
-// A socket bound to `address`:`port` with or without SO_REUSEADDR; -1 on failure.
-int bindUdp(const char* address, std::uint16_t port, bool reuseAddress);
-
-// Sends `data` from a fresh socket to address:port.
-void sendUdp(const Vorn::Bytes& data, const char* address, std::uint16_t port);
+using UdpTestKit::bindUdp;
+using UdpTestKit::freeUdpPort;
+using UdpTestKit::reportDatagram;
+using UdpTestKit::sendUdp;
 
 struct Received {
     Vorn::Bytes data;
@@ -58,9 +55,5 @@ private:
     std::vector<Received> received_;
     std::thread thread_;
 };
-
-// A configuration report as a unit sends it, with its address in the header.
-Vorn::Bytes reportDatagram(const std::string& unitIp, const Vorn::Config& config,
-                           std::uint8_t cmd = Vorn::kCmdReport);
 
 }  // namespace TestKit
