@@ -15,6 +15,15 @@ constexpr int kUnits = 20;
 constexpr long kJunkGrowthLimitKib = 16 * 1024;
 constexpr long kPerUnitLimitBytes = 16 * 1024;
 
+// In a sanitizer build the resident memory is mostly the sanitizer's (shadow
+// memory, quarantined frees), so the memory bounds hold only for plain builds;
+// everything else is checked in both.
+#ifdef VORN_SANITIZED_PROGRAM
+constexpr bool kMemoryBoundsApply = false;
+#else
+constexpr bool kMemoryBoundsApply = true;
+#endif
+
 // The address of the top row in the sidebar's latest diagnostic line.
 std::string topSidebarAddress(const std::string& err)
 {
@@ -69,7 +78,10 @@ protected:
         ASSERT_TRUE(windowRunning()) << windowErrors();
         EXPECT_EQ(sent["sent"], std::to_string(datagrams));
         EXPECT_LE(junkRows, Flood::kJunkUnits);
-        EXPECT_LT(afterFlood - before, kJunkGrowthLimitKib);
+        if (kMemoryBoundsApply)
+            EXPECT_LT(afterFlood - before, kJunkGrowthLimitKib);
+        else
+            record("memory_bounds", "not checked in a sanitizer build");
         // Still ticking after the flood: the main thread is not stuck.
         EXPECT_GT(drained.atMs, floodEndMs);
         EXPECT_EQ(listed.rows, junkRows + kUnits);
@@ -120,7 +132,10 @@ TEST_F(FloodOnLan, SpoofedReportsFromTenThousandAddressesAreListedAtAFewKilobyte
     ASSERT_TRUE(windowRunning()) << windowErrors();
     EXPECT_LE(listed, kSpoofed);
     ASSERT_GT(listed, 0);
-    EXPECT_LT((after - before) * 1024 / listed, kPerUnitLimitBytes);
+    if (kMemoryBoundsApply)
+        EXPECT_LT((after - before) * 1024 / listed, kPerUnitLimitBytes);
+    else
+        record("memory_bounds", "not checked in a sanitizer build");
 }
 
 }  // namespace
