@@ -165,14 +165,26 @@ SplitView {
             anchors.centerIn: parent
         }
 
+        // The editor comes by URL, so its types are compiled on the first
+        // selection rather than at start; the view is made on each activation.
         Loader {
+            id: detailLoader
+
+            function follow() {
+                if (detailLoader.active)
+                    detailLoader.setSource("DeviceDetailView.qml", {
+                        client: root.client,
+                        ip: Qt.binding(() => root.selection)
+                    });
+                else
+                    detailLoader.setSource("");
+            }
+
             objectName: "detailLoader"
             anchors.fill: parent
             active: root.selectionKnown
-            sourceComponent: DeviceDetailView {
-                client: root.client
-                ip: root.selection
-            }
+            onActiveChanged: detailLoader.follow()
+            Component.onCompleted: detailLoader.follow()
         }
     }
 }
