@@ -4,10 +4,16 @@ pragma Singleton
 import QtQuick
 
 QtObject {
+    id: root
+
+    // Where the system has the icon font, fontconfig draws its copy even
+    // when ours is registered, so ours is only loaded where it is missing.
+    readonly property string systemFamily: "Material Icons"
+    readonly property bool systemHasFont: Qt.fontFamilies().indexOf(root.systemFamily) >= 0
     readonly property FontLoader loader: FontLoader {
-        source: "fonts/MaterialIcons-Regular.ttf"
+        source: root.systemHasFont ? "" : "fonts/MaterialIcons-Regular.ttf"
     }
-    readonly property string family: loader.name
+    readonly property string family: root.systemHasFont ? root.systemFamily : root.loader.name
 
     readonly property string station: "\ue51e"      // sensors: a base station
     readonly property string broadcast: "\uebba"    // cell_tower: discover on the LAN
