@@ -34,7 +34,8 @@ SplitView {
     }
 
     // Diagnostics (QT_LOGGING_RULES "vornlink.sidebar.info=true"): the rows as
-    // laid out, [address, title] from top to bottom, whenever their number changes.
+    // laid out, [address, title] from top to bottom, whenever their number
+    // changes. Off by default, and then never run: it walks every row.
     function reportRows() {
         deviceList.forceLayout();
         const rows = [];
@@ -85,7 +86,7 @@ SplitView {
                 rightMargin: 6
                 spacing: 6
                 boundsBehavior: Flickable.StopAtBounds
-                onCountChanged: Qt.callLater(root.reportRows)
+                onCountChanged: if (Diagnostics.sidebarRows) Qt.callLater(root.reportRows)
                 model: DeviceListModel {
                     client: root.client
                 }

@@ -1,0 +1,12 @@
+#include "Diagnostics.h"
+
+#include <QLoggingCategory>
+
+namespace {
+Q_LOGGING_CATEGORY(lcSidebar, "vornlink.sidebar", QtWarningMsg)
+}
+
+bool Diagnostics::sidebarRows() const
+{
+    return lcSidebar().isInfoEnabled();
+}
