@@ -25,6 +25,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "SharedClient.h"
+#include "VisualTree.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
@@ -51,17 +52,6 @@ Vorn::Config unitConfig(int index, const std::string& address)
     config["IPAddress"] = address;
     config["Serial"] = "KT400" + std::to_string(100000 + index);
     return config;
-}
-
-QQuickItem* findItem(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
 }
 
 // Waits for the window's next frame; false when none comes within a second.
@@ -102,7 +92,7 @@ int main(int argc, char** argv)
         const std::string address = "10.232." + std::to_string(i / 250) + "." + std::to_string(i % 250 + 1);
         SharedClient::instance()->ingest(Vorn::Reply{address, Vorn::kCmdReport, unitConfig(i, address)});
     }
-    QQuickItem* list = findItem(window->contentItem(), QStringLiteral("deviceList"));
+    QQuickItem* list = findVisualItem(window->contentItem(), QStringLiteral("deviceList"));
     if (!list || !nextFrame(window) || list->property("count").toInt() != units) {
         std::fputs("bench_list_scroll: the list did not show the units\n", stderr);
         return 1;

@@ -10,25 +10,13 @@
 #include <QTimer>
 
 #include "AppLogging.h"
+#include "VisualTree.h"
 
 namespace VornLink {
 namespace {
 
 constexpr int kTickMs = 20;
 constexpr qint64 kReportEveryNs = 1'000'000'000;
-
-// The sidebar's list is found in the visual tree: the split view moves its
-// items away from their object parents.
-QQuickItem* findItem(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
-}
 
 struct Probe {
     QQuickWindow* window;
@@ -51,7 +39,7 @@ struct Probe {
         if (now < nextReportNs)
             return;
         if (!list)
-            list = findItem(window->contentItem(), QStringLiteral("deviceList"));
+            list = findVisualItem(window->contentItem(), QStringLiteral("deviceList"));
         const int rows = list ? list->property("count").toInt() : -1;
         qCInfo(lcLatency, "at %lld ms: worst %.1f ms, mean %.2f ms late over %d ticks; %d rows listed",
                now / 1'000'000, double(worstNs) / 1e6, double(totalNs) / 1e6 / ticks, ticks, rows);

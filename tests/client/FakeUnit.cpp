@@ -11,19 +11,8 @@
 #include <cstring>
 
 namespace ClientTest {
-namespace {
 
-sockaddr_in endpoint(const char* address, std::uint16_t port)
-{
-    sockaddr_in where;
-    std::memset(&where, 0, sizeof where);
-    where.sin_family = AF_INET;
-    where.sin_port = htons(port);
-    ::inet_pton(AF_INET, address, &where.sin_addr);
-    return where;
-}
-
-}  // namespace
+using UdpTestKit::endpoint;
 
 FakeUnit::FakeUnit(std::uint16_t port, const char* address, bool reuseAddress)
     : port_(port), fd_(bindUdp(address, port, reuseAddress))

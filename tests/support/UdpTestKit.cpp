@@ -1,7 +1,6 @@
 #include "UdpTestKit.h"
 
 #include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -10,7 +9,6 @@
 #include <cstring>
 
 namespace UdpTestKit {
-namespace {
 
 sockaddr_in endpoint(const char* address, std::uint16_t port)
 {
@@ -21,8 +19,6 @@ sockaddr_in endpoint(const char* address, std::uint16_t port)
     ::inet_pton(AF_INET, address, &where.sin_addr);
     return where;
 }
-
-}  // namespace
 
 std::uint16_t freeUdpPort()
 {

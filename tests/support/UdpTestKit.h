@@ -2,12 +2,17 @@
 // and datagrams shaped as the units send them.
 #pragma once
 
+#include <netinet/in.h>
+
 #include <cstdint>
 #include <string>
 
 #include "VornProtocol.h"
 
 namespace UdpTestKit {
+
+// An IPv4 socket address for dotted `address` and `port`.
+sockaddr_in endpoint(const char* address, std::uint16_t port);
 
 // A UDP port above 1024, other than the device port, that was free a moment ago.
 std::uint16_t freeUdpPort();

@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "FakeUnit.h"
+#include "VisualTree.h"
 
 QNetworkReply* CountingNetwork::Manager::createRequest(Operation op, const QNetworkRequest& request, QIODevice* data)
 {
@@ -12,17 +13,6 @@ QNetworkReply* CountingNetwork::Manager::createRequest(Operation op, const QNetw
 }
 
 namespace {
-
-QQuickItem* find(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = find(child, name))
-            return found;
-    }
-    return nullptr;
-}
 
 void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 {
@@ -57,7 +47,7 @@ bool Window::load()
 
 QQuickItem* Window::item(const char* name)
 {
-    return find(window->contentItem(), QString::fromUtf8(name));
+    return findVisualItem(window->contentItem(), QString::fromUtf8(name));
 }
 
 void Window::ingest(const std::string& ip, Vorn::Config config)
