@@ -5,10 +5,6 @@
 // it (polish, sync, render), delegates made for rows coming into view included.
 //   bench_list_scroll [UNITS] [FRAMES]   (defaults 10000 and 2000)
 // Output: "units=N frames=F median_ms=.. p95_ms=.. max_ms=.."
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -24,35 +20,13 @@
 #include <QTimer>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "BenchUnits.h"
 #include "SharedClient.h"
 #include "VisualTree.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
 namespace {
-
-std::uint16_t freeLoopbackPort()
-{
-    const int fd = ::socket(AF_INET, SOCK_DGRAM, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length);
-    ::close(fd);
-    return ntohs(address.sin_port);
-}
-
-Vorn::Config unitConfig(int index, const std::string& address)
-{
-    Vorn::Config config;
-    for (const auto key : Vorn::kWriteKeys)
-        config.emplace(key, std::to_string(index % 100));
-    config["IPAddress"] = address;
-    config["Serial"] = "KT400" + std::to_string(100000 + index);
-    return config;
-}
 
 // Waits for the window's next frame; false when none comes within a second.
 bool nextFrame(QQuickWindow* window)
@@ -80,7 +54,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    SharedClient owner([] { return std::make_unique<VornClient>(freeLoopbackPort(), "127.0.0.1"); });
+    SharedClient owner([] { return std::make_unique<VornClient>(BenchUnits::freeLoopbackPort(), "127.0.0.1"); });
     QQmlApplicationEngine engine;
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().first());
@@ -88,10 +62,8 @@ int main(int argc, char** argv)
         return 1;
     window->show();
 
-    for (int i = 0; i < units; ++i) {
-        const std::string address = "10.232." + std::to_string(i / 250) + "." + std::to_string(i % 250 + 1);
-        SharedClient::instance()->ingest(Vorn::Reply{address, Vorn::kCmdReport, unitConfig(i, address)});
-    }
+    for (int i = 0; i < units; ++i)
+        SharedClient::instance()->ingest(BenchUnits::report(i));
     QQuickItem* list = findVisualItem(window->contentItem(), QStringLiteral("deviceList"));
     if (!list || !nextFrame(window) || list->property("count").toInt() != units) {
         std::fputs("bench_list_scroll: the list did not show the units\n", stderr);

@@ -22,10 +22,8 @@ void DeviceListModel::connectClient()
 {
     connect(client_, &VornClient::deviceAboutToBeAdded, this, [this](int row) { beginInsertRows({}, row, row); });
     connect(client_, &VornClient::deviceAdded, this, [this] { endInsertRows(); });
-    connect(client_, &VornClient::deviceUpdated, this, [this](int row) {
-        const QModelIndex changed = index(row);
-        emit dataChanged(changed, changed);
-    });
+    connect(client_, &VornClient::devicesUpdated, this,
+            [this](int first, int last) { emit dataChanged(index(first), index(last)); });
     connect(client_, &QObject::destroyed, this, &DeviceListModel::forgetClient);
     connect(client_->clock(), &PresenceClock::ticked, this, &DeviceListModel::refreshPresence);
     presenceJudgedAt_ = client_->clock()->now();

@@ -1,10 +1,28 @@
 #include "ReplyInbox.h"
 
-bool ReplyInbox::push(Vorn::Reply reply)
+#include <algorithm>
+
+bool ReplyInbox::push(Vorn::Reply reply, std::size_t bytes, Clock::time_point now)
 {
     std::lock_guard lock(mutex_);
     replies_.push_back(std::move(reply));
-    return replies_.size() == 1;
+    lastAt_ = now;
+    const bool wasFull = bytes_ >= limits_.mostBytes;
+    bytes_ += bytes;
+    if (replies_.size() == 1) {
+        firstAt_ = now;
+        return true;
+    }
+    return !wasFull && bytes_ >= limits_.mostBytes;
+}
+
+ReplyInbox::Clock::duration ReplyInbox::settleWait(Clock::time_point now) const
+{
+    std::lock_guard lock(mutex_);
+    if (replies_.empty() || bytes_ >= limits_.mostBytes)
+        return Clock::duration::zero();
+    const auto due = std::min(lastAt_ + limits_.quiet, firstAt_ + limits_.longest);
+    return std::max(due - now, Clock::duration::zero());
 }
 
 std::vector<Vorn::Reply> ReplyInbox::takeAll()
@@ -12,5 +30,6 @@ std::vector<Vorn::Reply> ReplyInbox::takeAll()
     std::vector<Vorn::Reply> taken;
     std::lock_guard lock(mutex_);
     taken.swap(replies_);
+    bytes_ = 0;
     return taken;
 }

@@ -13,11 +13,14 @@
 VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject* parent)
     : QObject(parent),
       socket_(port, std::move(broadcastAddress)),
-      inbox_(std::make_shared<ReplyInbox>()),
+      inbox_(std::make_shared<ReplyInbox>(kDrainLimits)),
       clock_(new PresenceClock(this)),
       status_(QStringLiteral("starting\u2026")),
-      seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001)))
+      seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001))),
+      drainTimer_(new QTimer(this))
 {
+    drainTimer_->setSingleShot(true);
+    connect(drainTimer_, &QTimer::timeout, this, &VornClient::drainWhenSettled);
 }
 
 VornClient::~VornClient()
@@ -54,26 +57,64 @@ void VornClient::installPacketHandler()
         // Runs on the receive thread: decode here, touch the client only on
         // the main thread. The sender address is not used; the reply names its unit.
         auto reply = Vorn::parse(data);
-        if (!reply) {
-            qCDebug(lcVornClient) << "dropped a foreign datagram of" << data.size() << "bytes";
+        if (!reply || reply->cmd != Vorn::kCmdReport) {
+            // Only reports matter to the client; anything else is left here
+            // instead of queueing for the main thread.
+            qCDebug(lcVornClient) << "dropped a datagram of" << data.size() << "bytes that is no report";
             return;
         }
-        if (inbox->push(std::move(*reply))) {
+        if (inbox->push(std::move(*reply), data.size())) {
             QMetaObject::invokeMethod(
                 client.data(),
                 [client] {
                     if (client)
-                        client->ingestInbox();
+                        client->drainWhenSettled();
                 },
                 Qt::QueuedConnection);
         }
     });
 }
 
+void VornClient::drainWhenSettled()
+{
+    const auto wait = inbox_->settleWait(ReplyInbox::Clock::now());
+    if (wait > ReplyInbox::Clock::duration::zero())
+        drainTimer_->start(std::chrono::ceil<std::chrono::milliseconds>(wait));
+    else
+        ingestInbox();
+}
+
 void VornClient::ingestInbox()
 {
+    draining_ = true;
     for (auto& reply : inbox_->takeAll())
         ingest(std::move(reply));
+    draining_ = false;
+    if (const auto updated = std::exchange(drainUpdated_, std::nullopt))
+        emit devicesUpdated(updated->first, updated->second);
+}
+
+void VornClient::noteUpdated(int row)
+{
+    if (!draining_) {
+        emit devicesUpdated(row, row);
+        return;
+    }
+    if (!drainUpdated_)
+        drainUpdated_.emplace(row, row);
+    drainUpdated_->first = std::min(drainUpdated_->first, row);
+    drainUpdated_->second = std::max(drainUpdated_->second, row);
+}
+
+// A new row at `row` moves the rows updated so far that sit at or below it.
+void VornClient::noteInserted(int row)
+{
+    if (!drainUpdated_)
+        return;
+    if (row <= drainUpdated_->first)
+        ++drainUpdated_->first;
+    if (row <= drainUpdated_->second)
+        ++drainUpdated_->second;
 }
 
 void VornClient::sendDiscover(const QString& address)
@@ -99,12 +140,13 @@ void VornClient::ingest(Vorn::Reply reply)
     if (place != devices_.end() && place->ip == reply.deviceIp) {
         place->config = std::move(reply.config);
         place->lastSeen = now;
-        emit deviceUpdated(row);
+        noteUpdated(row);
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
     emit deviceAboutToBeAdded(row);
     devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now});
+    noteInserted(row);
     emit deviceAdded(row);
     emit deviceCountChanged();
     addLog(QStringLiteral("found ") + address);

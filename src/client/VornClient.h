@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QObject>
@@ -34,6 +35,12 @@ public:
     static constexpr int kDiscoveryIntervalMs = 5000;
     static constexpr int kRequeryDelayMs = 1500;
     static constexpr qsizetype kLogLimit = 200;
+    // When the main thread takes the decoded replies (see ReplyInbox): after
+    // 20 ms without a reply, at the latest 100 ms after the first, or at once
+    // when 2 MiB of datagrams wait (a burst of about six thousand units; their
+    // decoded replies hold about four times as much).
+    static constexpr ReplyInbox::Limits kDrainLimits{std::chrono::milliseconds(20), std::chrono::milliseconds(100),
+                                                     std::size_t{2} << 20};
 
     // `port` and `broadcastAddress` let tests run on loopback; the program
     // uses the defaults.
@@ -83,15 +90,19 @@ signals:
     // Around the insertion of a new unit at `row`, so a model can follow.
     void deviceAboutToBeAdded(int row);
     void deviceAdded(int row);
-    // A known unit's configuration and lastSeen were replaced.
-    void deviceUpdated(int row);
+    // Known units in rows first..last had their configuration and lastSeen
+    // replaced: one signal for a single merge, one per drain of the inbox.
+    void devicesUpdated(int first, int last);
 
 private:
     void installPacketHandler();
+    void drainWhenSettled();
     void ingestInbox();
     void discoverTo(const std::string& address);
     void setStatus(const QString& status);
     void addLog(const QString& message);
+    void noteUpdated(int row);
+    void noteInserted(int row);
 
     Vorn::VornSocket socket_;
     // Shared with the receive thread's handler, which may outlive a drain.
@@ -102,5 +113,10 @@ private:
     QStringList log_;
     std::uint16_t seq_;
     QTimer* discoveryTimer_ = nullptr;
+    QTimer* drainTimer_;
+    // While a drain merges, the updated rows gather here and are announced
+    // once at its end: a burst of replies makes one change for the views.
+    bool draining_ = false;
+    std::optional<std::pair<int, int>> drainUpdated_;
     bool started_ = false;
 };

@@ -112,11 +112,32 @@ TEST_F(ClientDiscovery, TwoRepliesFromOneUnitBeforeTheFirstIsMergedGiveOneEntry)
     // Both datagrams are decoded and queued before the main thread merges either.
     ::usleep(200000);
     QSignalSpy logSpy(client.get(), &VornClient::logChanged);
-    QSignalSpy updatedSpy(client.get(), &VornClient::deviceUpdated);
+    QSignalSpy updatedSpy(client.get(), &VornClient::devicesUpdated);
     ASSERT_TRUE(processEventsUntil([&] { return updatedSpy.count() == 1; }));
     ASSERT_EQ(client->deviceCount(), 1);
     EXPECT_EQ(client->devices()[0].config.at("Channel"), "2");
     EXPECT_EQ(logSpy.count(), 1);
+}
+
+TEST_F(ClientDiscovery, ABurstIsMergedAfterItPausesWithOneAnnouncementOfTheUpdatedRows)
+{
+    client->ingest(Vorn::Reply{"10.0.0.2", Vorn::kCmdReport, {{"Channel", "1"}}});
+    client->ingest(Vorn::Reply{"10.0.0.5", Vorn::kCmdReport, {{"Channel", "1"}}});
+    client->start();
+    QSignalSpy updatedSpy(client.get(), &VornClient::devicesUpdated);
+    QSignalSpy addedSpy(client.get(), &VornClient::deviceAdded);
+    unit.sendToClient(reportDatagram("10.0.0.5", {{"Channel", "2"}}));
+    unit.sendToClient(reportDatagram("10.0.0.1", {{"Channel", "2"}}));
+    unit.sendToClient(reportDatagram("10.0.0.2", {{"Channel", "2"}}));
+    ASSERT_TRUE(processEventsUntil([&] { return updatedSpy.count() == 1; }));
+    // The new unit went in at row 0, so the two updated units are rows 1 and 2.
+    EXPECT_EQ(updatedSpy.at(0).at(0).toInt(), 1);
+    EXPECT_EQ(updatedSpy.at(0).at(1).toInt(), 2);
+    EXPECT_EQ(addedSpy.count(), 1);
+    for (const auto& device : client->devices())
+        EXPECT_EQ(device.config.at("Channel"), "2") << device.ip;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(updatedSpy.count(), 1);
 }
 
 TEST_F(ClientDiscovery, ForeignDatagramsAndOtherCommandsAreDroppedWithoutATrace)

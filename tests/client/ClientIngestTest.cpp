@@ -98,7 +98,7 @@ TEST(ClientIngest, KnownUnitGetsItsConfigReplacedWholeAndLastSeenRefreshed)
     time.advance(4s);
     QSignalSpy countSpy(client.get(), &VornClient::deviceCountChanged);
     QSignalSpy logSpy(client.get(), &VornClient::logChanged);
-    QSignalSpy updatedSpy(client.get(), &VornClient::deviceUpdated);
+    QSignalSpy updatedSpy(client.get(), &VornClient::devicesUpdated);
 
     client->ingest(report("10.0.0.9", {{"Channel", "5"}}));
 
@@ -109,6 +109,7 @@ TEST(ClientIngest, KnownUnitGetsItsConfigReplacedWholeAndLastSeenRefreshed)
     EXPECT_EQ(logSpy.count(), 0);
     ASSERT_EQ(updatedSpy.count(), 1);
     EXPECT_EQ(updatedSpy.at(0).at(0).toInt(), 0);
+    EXPECT_EQ(updatedSpy.at(0).at(1).toInt(), 0);
 }
 
 TEST(ClientIngest, IdenticalReplyStillRefreshesLastSeen)

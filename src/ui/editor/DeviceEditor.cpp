@@ -21,7 +21,7 @@ void DeviceEditor::setClient(VornClient* client)
     if (client_) {
         // A reply changes the live configuration but never the fields.
         connect(client_, &VornClient::deviceAdded, this, &DeviceEditor::announce);
-        connect(client_, &VornClient::deviceUpdated, this, &DeviceEditor::announce);
+        connect(client_, &VornClient::devicesUpdated, this, &DeviceEditor::announce);
         connect(client_->clock(), &PresenceClock::ticked, this, &DeviceEditor::announce);
         connect(client_, &QObject::destroyed, this, [this] {
             emit clientChanged();
