@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "UnitGenerator.h"
+
 namespace VornSim {
 namespace {
 
@@ -63,30 +67,79 @@ TEST(Responder, OversizedConfigurationIsCutToOneDatagram)
 TEST(Responder, BroadcastDiscoverReachesEveryUnitAndEchoesTheSequence)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     const auto replies = respond(units, discoverTo("255.255.255.255", 0xBEEF), dice);
     ASSERT_EQ(replies.size(), 2u);
-    for (std::size_t i = 0; i < replies.size(); ++i) {
-        EXPECT_EQ(replies[i].fromIp, units[i].ip);
-        EXPECT_EQ(replies[i].toIp, "10.232.0.50");
-        EXPECT_EQ(replies[i].delay, std::chrono::milliseconds(0));
-        EXPECT_EQ(replies[i].bytes, reportPacket(units[i], 0xBEEF));
-        EXPECT_EQ(replies[i].bytes[14], 0xEF);
-        EXPECT_EQ(replies[i].bytes[15], 0xBE);
+    for (const auto& unit : units) {
+        const auto reply = std::find_if(replies.begin(), replies.end(), [&](const auto& r) { return r.fromIp == unit.ip; });
+        ASSERT_NE(reply, replies.end()) << unit.ip;
+        EXPECT_EQ(reply->toIp, "10.232.0.50");
+        EXPECT_EQ(reply->delay, std::chrono::milliseconds(0));
+        EXPECT_EQ(reply->bytes, reportPacket(unit, 0xBEEF));
+        EXPECT_EQ(reply->bytes[14], 0xEF);
+        EXPECT_EQ(reply->bytes[15], 0xBE);
     }
+}
+
+namespace {
+
+std::vector<std::string> senders(const std::vector<Outgoing>& replies)
+{
+    std::vector<std::string> addresses;
+    for (const auto& reply : replies)
+        addresses.push_back(reply.fromIp);
+    return addresses;
+}
+
+}  // namespace
+
+TEST(Responder, EachBroadcastDiscoverGetsItsRepliesInAFreshOrderThatTheSeedRepeats)
+{
+    auto units = std::get<std::vector<Unit>>(generateUnits("10.232.1.1", 50, 1));
+    SimDice dice(7);
+    const auto first = senders(respond(units, discoverTo("255.255.255.255"), dice));
+    const auto second = senders(respond(units, discoverTo("255.255.255.255"), dice));
+    ASSERT_EQ(first.size(), 50u);
+    EXPECT_NE(first, second);
+    auto sortedFirst = first;
+    auto sortedSecond = second;
+    std::sort(sortedFirst.begin(), sortedFirst.end());
+    std::sort(sortedSecond.begin(), sortedSecond.end());
+    EXPECT_EQ(sortedFirst, sortedSecond);
+
+    SimDice again(7);
+    EXPECT_EQ(senders(respond(units, discoverTo("255.255.255.255"), again)), first);
+}
+
+TEST(Responder, TheReplyOrderLeavesTheDropDecisionsAlone)
+{
+    auto units = std::get<std::vector<Unit>>(generateUnits("10.232.1.1", 50, 1));
+    for (auto& unit : units)
+        unit.faults.drop = 0.5;
+    SimDice shuffled(3);
+    SimDice reference(3);
+    auto answered = senders(respond(units, discoverTo("255.255.255.255"), shuffled));
+    std::vector<std::string> expected;
+    for (const auto& unit : units) {
+        if (!reference.drops(0.5))
+            expected.push_back(unit.ip);
+    }
+    std::sort(answered.begin(), answered.end());
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(answered, expected);
 }
 
 TEST(Responder, DiscoverToTheListenAddressReachesEveryUnit)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     EXPECT_EQ(respond(units, discoverTo("127.0.0.2"), dice).size(), 2u);
 }
 
 TEST(Responder, DiscoverToAUnitsAddressReachesOnlyThatUnit)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     const auto replies = respond(units, discoverTo("10.232.1.3"), dice);
     ASSERT_EQ(replies.size(), 1u);
     EXPECT_EQ(Vorn::parse(replies[0].bytes)->deviceIp, "10.232.1.3");
@@ -95,7 +148,7 @@ TEST(Responder, DiscoverToAUnitsAddressReachesOnlyThatUnit)
 TEST(Responder, ForeignDatagramsAndOtherCommandsGetNoReply)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     EXPECT_TRUE(respond(units, Datagram{{1, 2, 3}, "10.0.0.9", 1, "255.255.255.255"}, dice).empty());
     EXPECT_TRUE(respond(units, Datagram{reportPacket(units[0], 1), "10.0.0.9", 1, "255.255.255.255"}, dice).empty());
     EXPECT_EQ(units, twoUnits());
@@ -104,7 +157,7 @@ TEST(Responder, ForeignDatagramsAndOtherCommandsGetNoReply)
 TEST(Responder, WriteReplacesGivenKeysAndKeepsTheOthers)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     EXPECT_TRUE(respond(units, writeTo("10.232.1.2", {{"Channel", "42"}, {"AtemIp", "10.0.0.9"}}), dice).empty());
     EXPECT_EQ(units[0].config, (Vorn::Config{{"IPAddress", "10.232.1.2"}, {"Channel", "42"}, {"AtemIp", "10.0.0.9"},
                                              {"Serial", "ABCDEF123456"}}));
@@ -114,7 +167,7 @@ TEST(Responder, WriteReplacesGivenKeysAndKeepsTheOthers)
 TEST(Responder, WriteOfANewAddressMovesTheUnit)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.9.9"}}), dice);
     EXPECT_EQ(units[0].ip, "10.232.9.9");
     EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.9.9");
@@ -130,7 +183,7 @@ TEST(Responder, WriteOfANewAddressMovesTheUnit)
 TEST(Responder, WriteOfAMalformedAddressIsStoredButTheUnitStays)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.9"}}), dice);
     EXPECT_EQ(units[0].ip, "10.232.1.2");
     EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.9");
@@ -139,7 +192,7 @@ TEST(Responder, WriteOfAMalformedAddressIsStoredButTheUnitStays)
 TEST(Responder, WriteToABroadcastOrUnknownAddressChangesNothing)
 {
     auto units = twoUnits();
-    DropDice dice(1);
+    SimDice dice(1);
     respond(units, writeTo("255.255.255.255", {{"Channel", "1"}}), dice);
     respond(units, writeTo("10.232.1.99", {{"Channel", "1"}}), dice);
     EXPECT_EQ(units, twoUnits());
@@ -148,7 +201,7 @@ TEST(Responder, WriteToABroadcastOrUnknownAddressChangesNothing)
 TEST(Responder, ReportIpFaultChangesOnlyTheHeaderAddress)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.reportIp = "10.9.8.7"}}};
-    DropDice dice(1);
+    SimDice dice(1);
     const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
     ASSERT_EQ(replies.size(), 1u);
     EXPECT_EQ(replies[0].fromIp, "10.232.1.2");
@@ -158,7 +211,7 @@ TEST(Responder, ReportIpFaultChangesOnlyTheHeaderAddress)
 TEST(Responder, CmdFaultChangesTheReplyCommand)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.cmd = 0xA1}}};
-    DropDice dice(1);
+    SimDice dice(1);
     const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
     ASSERT_EQ(replies.size(), 1u);
     EXPECT_EQ(replies[0].bytes[11], 0xA1);
@@ -167,7 +220,7 @@ TEST(Responder, CmdFaultChangesTheReplyCommand)
 TEST(Responder, SilentUnitNeverAnswersButStillTakesWrites)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.silent = true}}};
-    DropDice dice(1);
+    SimDice dice(1);
     EXPECT_TRUE(respond(units, discoverTo("255.255.255.255"), dice).empty());
     EXPECT_TRUE(respond(units, discoverTo("10.232.1.2"), dice).empty());
     respond(units, writeTo("10.232.1.2", {{"Channel", "3"}}), dice);
@@ -177,7 +230,7 @@ TEST(Responder, SilentUnitNeverAnswersButStillTakesWrites)
 TEST(Responder, DelayFaultIsCarriedOnTheReply)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.delay = std::chrono::milliseconds(250)}}};
-    DropDice dice(1);
+    SimDice dice(1);
     const auto replies = respond(units, discoverTo("255.255.255.255"), dice);
     ASSERT_EQ(replies.size(), 1u);
     EXPECT_EQ(replies[0].delay, std::chrono::milliseconds(250));
@@ -187,7 +240,7 @@ TEST(Responder, DelayFaultIsCarriedOnTheReply)
 int answered(double fraction, std::uint64_t seed, int requests, std::vector<bool>* pattern = nullptr)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.drop = fraction}}};
-    DropDice dice(seed);
+    SimDice dice(seed);
     int count = 0;
     for (int i = 0; i < requests; ++i) {
         const bool replied = !respond(units, discoverTo("255.255.255.255"), dice).empty();
@@ -220,7 +273,7 @@ TEST(Responder, DropDecisionsRepeatForTheSameSeed)
 TEST(Responder, DroppedWriteIsNotApplied)
 {
     std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.drop = 1.0}}};
-    DropDice dice(1);
+    SimDice dice(1);
     respond(units, writeTo("10.232.1.2", {{"Channel", "3"}}), dice);
     EXPECT_EQ(units[0].config, kConfig);
 }

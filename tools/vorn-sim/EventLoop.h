@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-#include "DropDice.h"
+#include "SimDice.h"
 #include "FileDescriptor.h"
 #include "ReplyQueue.h"
 #include "UdpEndpoint.h"
@@ -39,7 +39,7 @@ private:
 
     UdpEndpoint endpoint_;
     std::vector<Unit> units_;
-    DropDice dice_;
+    SimDice dice_;
     ReplyQueue delayed_;
     std::ostream* log_;
     FileDescriptor stopRead_;

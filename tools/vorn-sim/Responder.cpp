@@ -65,7 +65,7 @@ Vorn::Bytes reportPacket(const Unit& unit, std::uint16_t seq)
     return packet;
 }
 
-std::vector<Outgoing> respond(std::vector<Unit>& units, const Datagram& datagram, DropDice& dice)
+std::vector<Outgoing> respond(std::vector<Unit>& units, const Datagram& datagram, SimDice& dice)
 {
     const auto request = Vorn::parse(datagram.bytes);
     if (!request)
@@ -80,6 +80,7 @@ std::vector<Outgoing> respond(std::vector<Unit>& units, const Datagram& datagram
                 continue;
             replies.push_back(Outgoing{reportPacket(unit, seq), unit.ip, datagram.srcIp, unit.faults.delay});
         }
+        dice.shuffle(replies);
     } else if (request->cmd == Vorn::kCmdWrite && addressedToAUnit) {
         for (auto& unit : units) {
             if (unit.ip == datagram.dstIp && !dice.drops(unit.faults.drop))

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Datagram.h"
-#include "DropDice.h"
+#include "SimDice.h"
 #include "Unit.h"
 
 namespace VornSim {
@@ -18,7 +18,8 @@ Vorn::Bytes reportPacket(const Unit& unit, std::uint16_t seq);
 
 // Handles `datagram` for every unit it reaches and returns the replies to send.
 // A discover to a unit's address reaches that unit, any other destination
-// reaches all; a write reaches only units at its destination address.
-std::vector<Outgoing> respond(std::vector<Unit>& units, const Datagram& datagram, DropDice& dice);
+// reaches all; a write reaches only units at its destination address. The
+// replies to one discover come in an order drawn afresh each time.
+std::vector<Outgoing> respond(std::vector<Unit>& units, const Datagram& datagram, SimDice& dice);
 
 }  // namespace VornSim

@@ -23,7 +23,8 @@ Units (generated, deterministic for a seed):
   --count N             number of units (default 3)
   --first-ip A.B.C.D    address of the first unit (default 10.232.1.1); the
                         others follow, skipping host parts .0 and .255
-  --seed S              seed for generated settings and drop decisions (default 1)
+  --seed S              seed for generated settings, drop decisions and the
+                        order of the replies to each discover (default 1)
 Units from a file instead of --count/--first-ip:
   --units FILE.json     array of {"ip": "...", "config": {"Key": "Value", ...}}
                         with optional faults "reportIp", "cmd" (161 or "0xA1"),
