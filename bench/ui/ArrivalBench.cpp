@@ -14,32 +14,21 @@
 #include <vector>
 
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
-#include <QTimer>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "BenchUnits.h"
+#include "NextFrame.h"
 #include "SharedClient.h"
 #include "VisualTree.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
 namespace {
-
-// Waits for the window's next frame; false when none comes within a second.
-bool nextFrame(QQuickWindow* window)
-{
-    QEventLoop loop;
-    QTimer::singleShot(1000, &loop, [&loop] { loop.exit(1); });
-    QObject::connect(window, &QQuickWindow::frameSwapped, &loop, [&loop] { loop.exit(0); });
-    window->update();
-    return loop.exec() == 0;
-}
 
 double median(std::vector<double> values)
 {

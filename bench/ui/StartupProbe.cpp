@@ -14,26 +14,17 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
 
+#include "ProcStatus.h"
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr auto kLinePatience = std::chrono::seconds(60);
-
-long residentKib(pid_t pid)
-{
-    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::strtol(line.c_str() + 6, nullptr, 10);
-    }
-    return -1;
-}
 
 // Reads the program's standard error to its end, noting when the lines of
 // interest come.
@@ -111,7 +102,7 @@ int main(int argc, char** argv)
     long rss = -1;
     if (!problem) {
         std::this_thread::sleep_for(settle);
-        rss = residentKib(child);
+        rss = ProcStatus::residentKib(child);
     }
     ::kill(child, SIGTERM);
     ::waitpid(child, nullptr, 0);

@@ -1,10 +1,7 @@
 // Floods against the running window: junk of every kind at full speed, then
 // ordinary units; and well-formed reports naming ten thousand units.
-#include <nlohmann/json.hpp>
-
-#include <sstream>
-
 #include "FloodDatagrams.h"
+#include "SidebarRows.h"
 #include "StressTestCase.h"
 
 namespace {
@@ -27,13 +24,7 @@ constexpr bool kMemoryBoundsApply = true;
 // The address of the top row in the sidebar's latest diagnostic line.
 std::string topSidebarAddress(const std::string& err)
 {
-    static const std::string prefix = "vornlink.sidebar: rows ";
-    nlohmann::json rows = nlohmann::json::array();
-    std::istringstream lines(err);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.rfind(prefix, 0) == 0)
-            rows = nlohmann::json::parse(line.substr(prefix.size()));
-    }
+    const auto rows = LanTest::lastSidebarRows(err);
     return rows.empty() ? std::string() : rows[0][0].get<std::string>();
 }
 

@@ -77,16 +77,6 @@ std::optional<pid_t> processInNamespace(const std::string& netns, const std::str
     return std::nullopt;
 }
 
-long residentKib(pid_t pid)
-{
-    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::strtol(line.c_str() + 6, nullptr, 10);
-    }
-    return -1;
-}
-
 UdpCounters udpCounters(pid_t pid)
 {
     // Two "Udp:" lines: the names, then the values in the same order.

@@ -35,9 +35,6 @@ Lateness latenessBetween(const std::vector<LatencyReport>& reports, long fromMs,
 // "ip netns add"), or nullopt.
 std::optional<pid_t> processInNamespace(const std::string& netns, const std::string& comm);
 
-// VmRSS of a process in KiB, or -1 when it is gone.
-long residentKib(pid_t pid);
-
 // UDP counters of the network namespace that `pid` lives in.
 struct UdpCounters {
     long inDatagrams = 0;

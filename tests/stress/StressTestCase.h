@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "LanTestCase.h"
+#include "ProcStatus.h"
 #include "StressKit.h"
 
 class StressTestCase : public LanTestCase {
@@ -30,7 +31,7 @@ protected:
 
     bool windowRunning() { return !window_->wait(std::chrono::milliseconds(0)).has_value(); }
     std::string windowErrors() const { return window_->stderrText(); }
-    long residentKib() const { return Stress::residentKib(pid_); }
+    long residentKib() const { return ProcStatus::residentKib(pid_); }
     Stress::UdpCounters udpCounters() const { return Stress::udpCounters(pid_); }
     std::vector<Stress::LatencyReport> reports() const { return Stress::latencyReports(window_->stderrText()); }
 

@@ -2,11 +2,11 @@
 // what the sidebar lists, a unit with markup in its serial, and one running
 // instance per user.
 #include <fstream>
-#include <sstream>
 
 #include <nlohmann/json.hpp>
 
 #include "LanTestCase.h"
+#include "SidebarRows.h"
 
 namespace {
 
@@ -23,22 +23,6 @@ protected:
                                  "QT_LOGGING_RULES=vornlink.*.info=true", LanTest::kVornlinkBinary},
                                 dir());
     }
-
-    // The rows of the sidebar's latest report, or an empty array.
-    static nlohmann::json lastRows(const std::string& err)
-    {
-        static const std::string prefix = "vornlink.sidebar: rows ";
-        nlohmann::json rows = nlohmann::json::array();
-        std::istringstream lines(err);
-        for (std::string line; std::getline(lines, line);) {
-            if (line.rfind(prefix, 0) == 0)
-                rows = nlohmann::json::parse(line.substr(prefix.size()));
-        }
-        return rows;
-    }
-
-    // The diagnostic line of the sidebar for these [address, title] rows.
-    static std::string rowsLine(const nlohmann::json& rows) { return "vornlink.sidebar: rows " + rows.dump(); }
 };
 
 TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
@@ -55,7 +39,7 @@ TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
     for (int attempt = 0; attempt < 200 && rows.size() < 10; ++attempt) {
         if (app.wait(100ms).has_value())
             break;
-        rows = lastRows(app.stderrText());
+        rows = LanTest::lastSidebarRows(app.stderrText());
     }
     ASSERT_EQ(rows.size(), 10u) << app.stderrText();
     for (std::size_t i = 0; i < rows.size(); ++i)
@@ -75,7 +59,7 @@ TEST_F(WindowOnLan, ShowsMarkupInASerialAsTextAndFetchesNothing)
     auto app = startVornlink();
     // The title keeps the serial's last six characters, markup and all.
     const std::string title = "KT400 \u00b7ig</b>";
-    ASSERT_TRUE(app.waitForStderrLine(rowsLine(nlohmann::json::array({nlohmann::json::array({"10.232.1.5", title})})), 20s)) << app.stderrText();
+    ASSERT_TRUE(app.waitForStderrLine(LanTest::sidebarRowsLine(nlohmann::json::array({nlohmann::json::array({"10.232.1.5", title})})), 20s)) << app.stderrText();
     EXPECT_FALSE(app.wait(1s).has_value()) << "the window ended: " << app.stderrText();
     EXPECT_EQ(witness.stderrText().find("connection"), std::string::npos);
 }

@@ -1,0 +1,18 @@
+// The window's sidebar diagnostics (category vornlink.sidebar): each report
+// is one line "vornlink.sidebar: rows " followed by a JSON array of
+// [address, title] pairs, one per row shown, top to bottom.
+#pragma once
+
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+namespace LanTest {
+
+// The rows of the latest report in `stderrText`, or an empty array.
+nlohmann::json lastSidebarRows(const std::string& stderrText);
+
+// The report line for `rows`.
+std::string sidebarRowsLine(const nlohmann::json& rows);
+
+}  // namespace LanTest
