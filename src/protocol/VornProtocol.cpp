@@ -1,5 +1,6 @@
 #include "VornProtocol.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -126,19 +127,13 @@ bool isValidUtf8(std::span<const std::uint8_t> bytes)
     return true;
 }
 
-// Files one body line: key before the first ':', value after it.
+// Files one body line: key before the first ':', value after it; a key
+// that comes again replaces the value before.
 void addLine(Config& config, std::string_view line)
 {
     const auto colon = line.find(':');
-    if (colon == std::string_view::npos)
-        return;
-    auto key = line.substr(0, colon);
-    auto value = line.substr(colon + 1);
-    const auto it = config.lower_bound(key);
-    if (it != config.end() && it->first == key)
-        it->second.assign(value);
-    else
-        config.emplace_hint(it, std::string(key), std::string(value));
+    if (colon != std::string_view::npos)
+        config.insert_or_assign(line.substr(0, colon), std::string(line.substr(colon + 1)));
 }
 
 }  // namespace
@@ -257,6 +252,7 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
     }
 
     // Lines end at LF, except that CR LF is one character and does not split.
+    reply.config.reserve(static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n')) + 1);
     std::size_t start = 0;
     for (std::size_t i = 0; i < body.size(); ++i) {
         if (body[i] != '\n' || (i > 0 && body[i - 1] == '\r'))

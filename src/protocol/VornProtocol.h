@@ -4,17 +4,16 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "VornConfig.h"
+
 namespace Vorn {
 
-// Transparent comparison lets lookups by string_view skip an allocation.
-using Config = std::map<std::string, std::string, std::less<>>;
 using Bytes = std::vector<std::uint8_t>;
 
 inline constexpr std::uint16_t kPort = 23457;
