@@ -7,8 +7,9 @@
 namespace {
 
 constexpr int kUnits = 20;
-// Growth that a flood of junk may cause: the few junk units' rows and what
-// the allocator keeps around; anything that holds on to datagrams is far above.
+// Growth that a flood of junk may cause: the few junk units' rows, the
+// bounded batch of decoded reports waiting for the main thread, and what the
+// allocator keeps around; anything that holds on to datagrams is far above.
 constexpr long kJunkGrowthLimitKib = 16 * 1024;
 constexpr long kPerUnitLimitBytes = 16 * 1024;
 
