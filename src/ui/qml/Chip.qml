@@ -16,7 +16,7 @@ Rectangle {
     width: Math.min(root.implicitWidth, root.maximumWidth)
     implicitHeight: row.implicitHeight + 8
     radius: height / 2
-    color: Qt.rgba(root.tint.r, root.tint.g, root.tint.b, 0.16)
+    color: Theme.alpha(root.tint, 0.16)
 
     Row {
         id: row

@@ -108,7 +108,7 @@ SplitView {
                     contentItem: Rectangle {
                         implicitWidth: 4
                         radius: 2
-                        color: Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.35)
+                        color: Theme.alpha(Theme.inkMuted, 0.35)
                         opacity: scrollBar.size < 1 && (scrollBar.active || scrollBar.hovered) ? 1 : 0
 
                         Behavior on opacity {

@@ -19,9 +19,9 @@ Rectangle {
     implicitWidth: row.implicitWidth + 16
     implicitHeight: row.implicitHeight + 10
     radius: 10
-    color: root.selected ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.12) : "transparent"
+    color: root.selected ? Theme.alpha(Theme.cyan, 0.12) : "transparent"
     border.width: 1
-    border.color: root.selected ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.4) : "transparent"
+    border.color: root.selected ? Theme.alpha(Theme.cyan, 0.4) : "transparent"
 
     RowLayout {
         id: row
@@ -38,7 +38,7 @@ Rectangle {
             Layout.preferredWidth: 36
             Layout.preferredHeight: 36
             radius: 9
-            color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, root.selected ? 0.22 : 0.13)
+            color: Theme.alpha(Theme.cyan, root.selected ? 0.22 : 0.13)
 
             Icon {
                 anchors.centerIn: parent
@@ -80,7 +80,7 @@ Rectangle {
             Layout.preferredWidth: 7
             Layout.preferredHeight: 7
             radius: 3.5
-            color: root.present ? Theme.online : Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.5)
+            color: root.present ? Theme.online : Theme.alpha(Theme.inkMuted, 0.5)
         }
     }
 }

@@ -12,7 +12,7 @@ ColumnLayout {
         Layout.preferredWidth: 92
         Layout.preferredHeight: 92
         radius: 46
-        color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.1)
+        color: Theme.alpha(Theme.cyan, 0.1)
 
         Icon {
             anchors.centerIn: parent

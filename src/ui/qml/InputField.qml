@@ -10,8 +10,8 @@ TextField {
 
     font.family: root.mono ? "monospace" : Qt.application.font.family
     color: Theme.ink
-    placeholderTextColor: Qt.rgba(Theme.inkMuted.r, Theme.inkMuted.g, Theme.inkMuted.b, 0.7)
-    selectionColor: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.35)
+    placeholderTextColor: Theme.alpha(Theme.inkMuted, 0.7)
+    selectionColor: Theme.alpha(Theme.cyan, 0.35)
     selectedTextColor: Theme.ink
     selectByMouse: true
 
@@ -19,6 +19,6 @@ TextField {
         radius: 8
         color: Theme.surface2
         border.width: 1
-        border.color: root.activeFocus ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.55) : Theme.stroke
+        border.color: root.activeFocus ? Theme.alpha(Theme.cyan, 0.55) : Theme.stroke
     }
 }

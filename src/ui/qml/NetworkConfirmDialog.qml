@@ -22,7 +22,7 @@ Dialog {
     onClosed: root.editor.showNetConfirm = false
 
     T.Overlay.modal: Rectangle {
-        color: Qt.rgba(Theme.bg.r, Theme.bg.g, Theme.bg.b, 0.72)
+        color: Theme.alpha(Theme.bg, 0.72)
     }
 
     background: Rectangle {

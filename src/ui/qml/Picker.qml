@@ -52,7 +52,7 @@ ComboBox {
         radius: 8
         color: Theme.surface2
         border.width: 1
-        border.color: root.visualFocus || root.popup.visible ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.55) : Theme.stroke
+        border.color: root.visualFocus || root.popup.visible ? Theme.alpha(Theme.cyan, 0.55) : Theme.stroke
     }
 
     delegate: ItemDelegate {
@@ -79,7 +79,7 @@ ComboBox {
 
         background: Rectangle {
             radius: 6
-            color: entry.highlighted ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.14) : "transparent"
+            color: entry.highlighted ? Theme.alpha(Theme.cyan, 0.14) : "transparent"
         }
     }
 

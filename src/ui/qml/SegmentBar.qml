@@ -65,10 +65,10 @@ Rectangle {
 
                 background: Rectangle {
                     radius: 8
-                    color: segment.current ? Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, 0.14)
-                                           : segment.hovered ? Qt.rgba(Theme.ink.r, Theme.ink.g, Theme.ink.b, 0.05) : "transparent"
+                    color: segment.current ? Theme.alpha(Theme.cyan, 0.14)
+                                           : segment.hovered ? Theme.alpha(Theme.ink, 0.05) : "transparent"
                     border.width: segment.current || segment.visualFocus ? 1 : 0
-                    border.color: Qt.rgba(Theme.cyan.r, Theme.cyan.g, Theme.cyan.b, segment.visualFocus ? 0.8 : 0.35)
+                    border.color: Theme.alpha(Theme.cyan, segment.visualFocus ? 0.8 : 0.35)
                 }
             }
         }

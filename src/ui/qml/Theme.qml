@@ -13,4 +13,9 @@ QtObject {
     readonly property color cyan: Qt.rgba(0.22, 0.815, 0.909, 1)
     readonly property color online: Qt.rgba(0.196, 0.843, 0.294, 1)
     readonly property color amber: Qt.rgba(1.0, 0.839, 0.039, 1)
+
+    // `colour` at `opacity`: the one way a view makes a faint version of a colour.
+    function alpha(colour: color, opacity: real): color {
+        return Qt.rgba(colour.r, colour.g, colour.b, opacity);
+    }
 }
