@@ -1,5 +1,7 @@
 #include "TestKit.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTimer>
 
 #include "PresenceClock.h"
@@ -68,6 +70,11 @@ QStringList TestKit::writeKeys() const
     for (const auto key : Vorn::kWriteKeys)
         keys.append(QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())));
     return keys;
+}
+
+QString TestKit::clipboardText() const
+{
+    return QGuiApplication::clipboard()->text();
 }
 
 int TestKit::seq(VornClient* client) const

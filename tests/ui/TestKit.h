@@ -62,6 +62,9 @@ public:
     // The keys a write datagram carries, in the protocol's order.
     Q_INVOKABLE QStringList writeKeys() const;
 
+    // The text on the application's clipboard.
+    Q_INVOKABLE QString clipboardText() const;
+
     Q_INVOKABLE int seq(VornClient* client) const;
     Q_INVOKABLE void setSeq(VornClient* client, int seq);
 };

@@ -174,6 +174,30 @@ private slots:
                                               "recovery).")));
     }
 
+    // The activity pane opened from the sidebar under a unit's editor, with
+    // the discovery lines and a write, newest last.
+    void activityPane()
+    {
+        Window w;
+        QVERIFY(w.load());
+        w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
+        w.ingest("10.232.1.10", studioUnit());
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        w.client()->writeChanges("10.232.1.10", {{"Channel", "4"}});
+        QQuickItem* toggle = w.item("activityToggle");
+        QTest::mouseClick(w.window, Qt::LeftButton, {}, toggle->mapToScene(toggle->boundingRect().center()).toPoint());
+        QTRY_VERIFY(w.item("activityPane")->isVisible());
+        w.shoot(QStringLiteral("activity-pane"));
+
+        const QString log = w.item("logText")->property("text").toString();
+        QCOMPARE(log, w.client()->log().join(u'\n'));
+        QVERIFY(log.endsWith(QStringLiteral("  write \u2192 10.232.1.10: Channel=4")));
+        const QStringList texts = w.visibleTexts();
+        for (const char* expected : {"Activity", "Copy all", "KT400 \u00b70002C9"})
+            QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+    }
+
     void bindFailure()
     {
         Window w;

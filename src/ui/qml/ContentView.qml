@@ -1,5 +1,6 @@
 // The content of the main window: the sidebar (known units, manual query,
-// Discover, status) beside the detail of the selected unit.
+// Discover, status) beside the detail of the selected unit, with the
+// activity log below the detail when the user opens it.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -12,6 +13,9 @@ SplitView {
     // Address of the selected unit; it may name a unit the client does not know yet.
     property string selection: ""
     property alias manualIP: sidebarFooter.manualIP
+    // The activity pane under the detail; the split view keeps the height
+    // the user drags it to for as long as the window lives.
+    property bool activityShown: false
     readonly property color statusColor: root.client.status.startsWith("listening") ? Theme.online : Theme.amber
     readonly property bool selectionKnown: {
         root.client.deviceCount; // units are only ever added, so the count marks every change
@@ -148,44 +152,73 @@ SplitView {
             Layout.fillWidth: true
             client: root.client
             statusColor: root.statusColor
+            activityShown: root.activityShown
             onQueryRequested: root.query()
             onDiscoverRequested: root.discover()
+            onActivityToggled: root.activityShown = !root.activityShown
         }
     }
 
-    Rectangle {
-        objectName: "detail"
+    SplitView {
+        objectName: "detailColumn"
         SplitView.fillWidth: true
-        color: Theme.bg
+        orientation: Qt.Vertical
 
-        EmptyState {
-            id: emptyState
+        // A hairline with room around it to take hold of.
+        handle: Item {
+            implicitHeight: 7
 
-            objectName: "emptyState"
-            visible: !root.selectionKnown
-            anchors.centerIn: parent
+            Rectangle {
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                height: 1
+                color: Theme.stroke
+            }
         }
 
-        // The editor comes by URL, so its types are compiled on the first
-        // selection rather than at start; the view is made on each activation.
-        Loader {
-            id: detailLoader
+        Rectangle {
+            objectName: "detail"
+            SplitView.fillHeight: true
+            color: Theme.bg
 
-            function follow() {
-                if (detailLoader.active)
-                    detailLoader.setSource("DeviceDetailView.qml", {
-                        client: root.client,
-                        ip: Qt.binding(() => root.selection)
-                    });
-                else
-                    detailLoader.setSource("");
+            EmptyState {
+                id: emptyState
+
+                objectName: "emptyState"
+                visible: !root.selectionKnown
+                anchors.centerIn: parent
             }
 
-            objectName: "detailLoader"
-            anchors.fill: parent
-            active: root.selectionKnown
-            onActiveChanged: detailLoader.follow()
-            Component.onCompleted: detailLoader.follow()
+            // The editor comes by URL, so its types are compiled on the first
+            // selection rather than at start; the view is made on each activation.
+            Loader {
+                id: detailLoader
+
+                function follow() {
+                    if (detailLoader.active)
+                        detailLoader.setSource("DeviceDetailView.qml", {
+                            client: root.client,
+                            ip: Qt.binding(() => root.selection)
+                        });
+                    else
+                        detailLoader.setSource("");
+                }
+
+                objectName: "detailLoader"
+                anchors.fill: parent
+                active: root.selectionKnown
+                onActiveChanged: detailLoader.follow()
+                Component.onCompleted: detailLoader.follow()
+            }
+        }
+
+        ActivityPane {
+            objectName: "activityPane"
+            visible: root.activityShown
+            client: root.client
+            SplitView.minimumHeight: 90
+            SplitView.preferredHeight: 180
         }
     }
 }

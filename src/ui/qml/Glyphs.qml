@@ -30,4 +30,5 @@ QtObject {
     readonly property string switcher: "\ue04b"     // videocam: the video switcher
     readonly property string channel: "\ue311"      // headset_mic: intercom channel
     readonly property string firmware: "\ue322"     // memory: firmware version
+    readonly property string activity: "\uef6e"     // receipt_long: the activity log
 }

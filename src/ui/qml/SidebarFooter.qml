@@ -1,5 +1,6 @@
 // The foot of the sidebar: a hairline, the manual address row, the Discover
-// button and the client's status line with the number of known units.
+// button, the client's status line with the number of known units, and the
+// switch of the activity pane.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -9,11 +10,14 @@ Rectangle {
 
     required property VornClient client
     required property color statusColor
+    // Whether the activity pane is open; the toggle at the foot flips it.
+    property bool activityShown: false
     property alias manualIP: addressField.text
     readonly property alias addressField: addressField
 
     signal queryRequested()
     signal discoverRequested()
+    signal activityToggled()
 
     implicitHeight: column.implicitHeight + 24
     color: Theme.bg
@@ -95,6 +99,12 @@ Rectangle {
                 font.pixelSize: 11
                 font.weight: Font.DemiBold
             }
+        }
+
+        ActivityToggle {
+            objectName: "activityToggle"
+            shown: root.activityShown
+            onToggleRequested: root.activityToggled()
         }
     }
 }

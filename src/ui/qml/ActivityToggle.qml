@@ -1,0 +1,59 @@
+// The sidebar's switch for the activity pane: a small labelled button that
+// stays lit while the pane is open, and its keyboard shortcut.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+
+Button {
+    id: root
+
+    required property bool shown
+    readonly property string shortcutText: "Ctrl+Shift+A"
+
+    signal toggleRequested()
+
+    text: qsTr("Activity")
+    leftPadding: 8
+    rightPadding: 9
+    topPadding: 3
+    bottomPadding: 3
+    font.pixelSize: 11
+    font.weight: Font.DemiBold
+    opacity: root.down ? 0.8 : 1
+    ToolTip.visible: root.hovered
+    ToolTip.delay: 600
+    ToolTip.text: qsTr("Show or hide the activity log (%1)").arg(root.shortcutText)
+    onClicked: root.toggleRequested()
+
+    Shortcut {
+        sequence: root.shortcutText
+        onActivated: root.toggleRequested()
+    }
+
+    contentItem: Row {
+        spacing: 5
+
+        Icon {
+            anchors.verticalCenter: parent.verticalCenter
+            glyph: Glyphs.activity
+            color: label.color
+            points: 10
+        }
+        Text {
+            id: label
+
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.text
+            textFormat: Text.PlainText
+            font: root.font
+            color: root.shown ? Theme.cyan : Theme.inkMuted
+        }
+    }
+
+    background: Rectangle {
+        radius: height / 2
+        color: root.shown ? Theme.alpha(Theme.cyan, 0.14) : root.hovered ? Theme.surface2 : "transparent"
+        border.width: 1
+        border.color: root.visualFocus ? Theme.cyan : Theme.stroke
+    }
+}

@@ -1,0 +1,133 @@
+import QtQuick
+import QtTest
+import TestKit
+import VornLink
+
+TestCase {
+    id: testCase
+
+    name: "ActivityPane"
+    when: windowShown
+    visible: true
+    width: 900
+    height: 600
+
+    property VornClient client
+    property var view
+
+    Component {
+        id: viewComponent
+
+        ContentView {
+            width: 900
+            height: 600
+        }
+    }
+
+    function init() {
+        client = TestKit.makeClient();
+        view = createTemporaryObject(viewComponent, testCase, { client: client });
+    }
+
+    function child(name) {
+        return findChild(view, name);
+    }
+
+    function showPane() {
+        mouseClick(child("activityToggle"));
+        tryVerify(() => child("activityPane").visible && child("activityPane").height > 0);
+        waitForRendering(child("activityPane"));
+    }
+
+    function addUnits(first, count) {
+        for (let i = first; i < first + count; ++i)
+            TestKit.ingest(client, "10.232.3." + i, {});
+    }
+
+    function test_hidden_until_the_toggle_is_pressed_and_the_toggle_hides_it_again() {
+        verify(!child("activityPane").visible);
+        compare(child("activityToggle").text, "Activity");
+        showPane();
+        verify(child("activityToggle").shown);
+        mouseClick(child("activityToggle"));
+        verify(!child("activityPane").visible);
+        verify(!child("activityToggle").shown);
+    }
+
+    function test_keyboard_shortcut_toggles_the_pane() {
+        child("addressField").forceActiveFocus();
+        keyClick(Qt.Key_A, Qt.ControlModifier | Qt.ShiftModifier);
+        verify(child("activityPane").visible);
+        keyClick(Qt.Key_A, Qt.ControlModifier | Qt.ShiftModifier);
+        verify(!child("activityPane").visible);
+    }
+
+    function test_lines_of_the_client_log_appear_newest_last_and_monospaced() {
+        showPane();
+        verify(child("emptyLog").visible);
+        TestKit.ingest(client, "10.232.1.7", {});
+        TestKit.ingest(client, "10.232.1.3", {});
+        const text = child("logText");
+        compare(text.text, client.log.join("\n"));
+        compare(client.log.length, 2);
+        verify(client.log[0].endsWith("  found 10.232.1.7"));
+        verify(client.log[1].endsWith("  found 10.232.1.3"));
+        compare(text.textFormat, TextEdit.PlainText);
+        compare(text.font.family, "monospace");
+        verify(text.readOnly);
+        verify(text.selectByMouse);
+        verify(!child("emptyLog").visible);
+    }
+
+    function test_follows_new_lines_unless_scrolled_up() {
+        showPane();
+        const logView = child("logView");
+        addUnits(1, 60);
+        tryVerify(() => logView.contentHeight > logView.height * 2);
+        tryVerify(() => logView.atYEnd);
+
+        logView.contentY = 0;
+        addUnits(100, 5);
+        wait(50);
+        compare(logView.contentY, 0);
+
+        logView.contentY = logView.contentHeight - logView.height;
+        addUnits(200, 5);
+        tryVerify(() => logView.atYEnd);
+        verify(logView.contentY > 0);
+    }
+
+    function test_copy_all_puts_every_line_on_the_clipboard() {
+        showPane();
+        addUnits(1, 3);
+        mouseClick(child("copyLogButton"));
+        compare(TestKit.clipboardText(), client.log.join("\n"));
+        compare(child("logText").selectedText, "");
+    }
+
+    function test_height_is_kept_when_hidden_and_shown_again() {
+        showPane();
+        const pane = child("activityPane");
+        const column = child("detailColumn");
+        compare(pane.height, 180);
+        // Drag the handle above the pane 80 up.
+        const x = column.width / 2;
+        const y = pane.mapToItem(column, 0, 0).y - 3;
+        mousePress(column, x, y);
+        mouseMove(column, x, y - 40);
+        mouseMove(column, x, y - 80);
+        mouseRelease(column, x, y - 80);
+        tryCompare(pane, "height", 260);
+        mouseClick(child("activityToggle"));
+        verify(!pane.visible);
+        mouseClick(child("activityToggle"));
+        tryCompare(pane, "height", 260);
+    }
+
+    function test_markup_in_a_logged_value_is_shown_literally() {
+        showPane();
+        client.write("127.0.0.2", { CallMagic: "<b>x</b><img src=\"http://127.0.0.1:9/a.png\">" });
+        compare(child("logText").textFormat, TextEdit.PlainText);
+        verify(child("logText").text.endsWith("CallMagic=<b>x</b><img src=\"http://127.0.0.1:9/a.png\">"));
+    }
+}
