@@ -67,7 +67,7 @@ int runSelfTest(std::ostream& out, const SelfTestOptions& options)
     }
 
     for (int seq = 1; seq <= kCycles; ++seq) {
-        socket.send(Vorn::discoverPacket(static_cast<std::uint16_t>(seq)), socket.broadcastAddress());
+        socket.broadcast(Vorn::discoverPacket(static_cast<std::uint16_t>(seq)));
         ::usleep(kCycleMicroseconds);
     }
 

@@ -35,6 +35,8 @@ std::size_t hashValue(const Device& device, std::size_t seed)
         seed = combine(seed, text(key));
         seed = combine(seed, text(value));
     }
-    return combine(seed, std::hash<WallClock::rep>()(device.lastSeen.time_since_epoch().count()));
+    seed = combine(seed, std::hash<WallClock::rep>()(device.lastSeen.time_since_epoch().count()));
+    seed = combine(seed, device.heardOn.interfaceIndex);
+    return combine(seed, device.heardOn.localAddress);
 }
 

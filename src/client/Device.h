@@ -10,6 +10,7 @@
 #include <QString>
 
 #include "VornProtocol.h"
+#include "VornSocket.h"
 
 using WallClock = std::chrono::system_clock;
 
@@ -17,6 +18,8 @@ struct Device {
     std::string ip;
     Vorn::Config config;
     WallClock::time_point lastSeen;
+    // Where its latest reply came in; unicasts to the unit leave there.
+    Vorn::Arrival heardOn{};
 
     // The key of the unit in the client's table and in list selections.
     const std::string& id() const { return ip; }
@@ -28,7 +31,8 @@ struct Device {
     bool operator==(const Device&) const = default;
 };
 
-// Consistent with operator==: address, then every key and value, then lastSeen.
+// Consistent with operator==: address, then every key and value, then lastSeen
+// and the arrival interface.
 std::size_t hashValue(const Device& device, std::size_t seed = 0);
 
 inline std::size_t qHash(const Device& device, std::size_t seed = 0)

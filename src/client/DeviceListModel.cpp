@@ -85,6 +85,10 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const
         return isPresent(device.lastSeen, client_->clock()->now());
     case ConfigRole:
         return toVariantMap(device.config);
+    case WrongSubnetRole:
+        return client_->isWrongSubnet(device);
+    case AddressConflictRole:
+        return client_->hasAddressConflict(device.ip);
     default:
         return {};
     }
@@ -98,5 +102,7 @@ QHash<int, QByteArray> DeviceListModel::roleNames() const
         {LastSeenRole, "lastSeen"},
         {OnlineRole, "online"},
         {ConfigRole, "config"},
+        {WrongSubnetRole, "wrongSubnet"},
+        {AddressConflictRole, "addressConflict"},
     };
 }

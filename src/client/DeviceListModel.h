@@ -19,6 +19,8 @@ public:
         LastSeenRole,
         OnlineRole,
         ConfigRole,
+        WrongSubnetRole,
+        AddressConflictRole,
     };
     Q_ENUM(Role)
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-bool ReplyInbox::push(Vorn::Reply reply, std::size_t bytes, Clock::time_point now)
+bool ReplyInbox::push(HeardReply reply, std::size_t bytes, Clock::time_point now)
 {
     std::lock_guard lock(mutex_);
     replies_.push_back(std::move(reply));
@@ -25,9 +25,9 @@ ReplyInbox::Clock::duration ReplyInbox::settleWait(Clock::time_point now) const
     return std::max(due - now, Clock::duration::zero());
 }
 
-std::vector<Vorn::Reply> ReplyInbox::takeAll()
+std::vector<HeardReply> ReplyInbox::takeAll()
 {
-    std::vector<Vorn::Reply> taken;
+    std::vector<HeardReply> taken;
     std::lock_guard lock(mutex_);
     taken.swap(replies_);
     bytes_ = 0;

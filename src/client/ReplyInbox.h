@@ -14,6 +14,16 @@
 #include <vector>
 
 #include "VornProtocol.h"
+#include "VornSocket.h"
+
+// A decoded reply and the interface its datagram came in on.
+struct HeardReply {
+    // Implicit: a reply whose arrival is unknown.
+    HeardReply(Vorn::Reply decoded, Vorn::Arrival heardOn = {}) : reply(std::move(decoded)), arrival(heardOn) {}
+
+    Vorn::Reply reply;
+    Vorn::Arrival arrival;
+};
 
 class ReplyInbox {
 public:
@@ -30,19 +40,19 @@ public:
     // Queues a reply decoded from a datagram of `bytes` bytes. True when the
     // caller should schedule a drain: the inbox was empty, or it has just
     // reached its byte limit.
-    bool push(Vorn::Reply reply, std::size_t bytes, Clock::time_point now = Clock::now());
+    bool push(HeardReply reply, std::size_t bytes, Clock::time_point now = Clock::now());
 
     // How long a drain should still wait at `now`; zero when it is time, or
     // when the inbox is empty.
     Clock::duration settleWait(Clock::time_point now) const;
 
     // Everything queued so far, oldest first; the inbox is empty afterwards.
-    std::vector<Vorn::Reply> takeAll();
+    std::vector<HeardReply> takeAll();
 
 private:
     const Limits limits_;
     mutable std::mutex mutex_;
-    std::vector<Vorn::Reply> replies_;
+    std::vector<HeardReply> replies_;
     std::size_t bytes_ = 0;
     Clock::time_point firstAt_;
     Clock::time_point lastAt_;

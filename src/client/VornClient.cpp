@@ -21,6 +21,7 @@ VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject
 {
     drainTimer_->setSingleShot(true);
     connect(drainTimer_, &QTimer::timeout, this, &VornClient::drainWhenSettled);
+    connect(clock_, &PresenceClock::ticked, this, &VornClient::rejudgeConflicts);
 }
 
 VornClient::~VornClient()
@@ -42,18 +43,21 @@ void VornClient::start()
         return;
     }
     setStatus(QStringLiteral("listening on %1").arg(port));
-    discoverTo(socket_.broadcastAddress());
+    qCInfo(lcVornClient) << "receive buffer: asked for" << Vorn::VornSocket::kRequestedKernelBuffer
+                         << "bytes, the kernel reports" << socket_.kernelReceiveBuffer();
+    broadcastDiscover();
 
     discoveryTimer_ = new QTimer(this);
     discoveryTimer_->setObjectName(QStringLiteral("discoveryTimer"));
     discoveryTimer_->setInterval(kDiscoveryIntervalMs);
-    connect(discoveryTimer_, &QTimer::timeout, this, [this] { discoverTo(socket_.broadcastAddress()); });
+    connect(discoveryTimer_, &QTimer::timeout, this, &VornClient::broadcastDiscover);
     discoveryTimer_->start();
 }
 
 void VornClient::installPacketHandler()
 {
-    socket_.setOnPacket([client = QPointer<VornClient>(this), inbox = inbox_](Vorn::Bytes data, std::string) {
+    socket_.setOnDatagram([client = QPointer<VornClient>(this), inbox = inbox_](Vorn::Bytes data, std::string,
+                                                                                Vorn::Arrival arrival) {
         // Runs on the receive thread: decode here, touch the client only on
         // the main thread. The sender address is not used; the reply names its unit.
         auto reply = Vorn::parse(data);
@@ -63,7 +67,7 @@ void VornClient::installPacketHandler()
             qCDebug(lcVornClient) << "dropped a datagram of" << data.size() << "bytes that is no report";
             return;
         }
-        if (inbox->push(std::move(*reply), data.size())) {
+        if (inbox->push(HeardReply(std::move(*reply), arrival), data.size())) {
             QMetaObject::invokeMethod(
                 client.data(),
                 [client] {
@@ -87,11 +91,12 @@ void VornClient::drainWhenSettled()
 void VornClient::ingestInbox()
 {
     draining_ = true;
-    for (auto& reply : inbox_->takeAll())
-        ingest(std::move(reply));
+    for (auto& heard : inbox_->takeAll())
+        ingest(std::move(heard.reply), heard.arrival);
     draining_ = false;
     if (const auto updated = std::exchange(drainUpdated_, std::nullopt))
         emit devicesUpdated(updated->first, updated->second);
+    refreshNetworks();
 }
 
 void VornClient::noteUpdated(int row)
@@ -124,32 +129,42 @@ void VornClient::sendDiscover(const QString& address)
 
 void VornClient::discoverTo(const std::string& address)
 {
-    socket_.send(Vorn::discoverPacket(nextSeq()), address);
+    if (socket_.isBroadcastTarget(address))
+        broadcastDiscover();
+    else
+        socket_.sendVia(Vorn::discoverPacket(nextSeq()), address, interfaceFor(address));
 }
 
-void VornClient::ingest(Vorn::Reply reply)
+void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
 {
     if (reply.cmd != Vorn::kCmdReport) {
         qCDebug(lcVornClient) << "ignored a datagram with command" << reply.cmd.value_or(0);
         return;
     }
     const auto now = clock_->now();
+    readInterfacesIfUnknown(arrival);
+    noteSerial(reply.deviceIp, reply.config);
     const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp,
                                         [](const Device& device, const std::string& ip) { return device.ip < ip; });
     const int row = static_cast<int>(place - devices_.begin());
     if (place != devices_.end() && place->ip == reply.deviceIp) {
         place->config = std::move(reply.config);
         place->lastSeen = now;
+        place->heardOn = arrival;
         noteUpdated(row);
+        if (!draining_)
+            refreshNetworks();
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
     emit deviceAboutToBeAdded(row);
-    devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now});
+    devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now, arrival});
     noteInserted(row);
     emit deviceAdded(row);
     emit deviceCountChanged();
     addLog(QStringLiteral("found ") + address);
+    if (!draining_)
+        refreshNetworks();
 }
 
 int VornClient::indexOf(std::string_view ip) const
@@ -175,12 +190,14 @@ QVariantMap VornClient::deviceData(const QString& ip) const
     if (row < 0)
         return {};
     const Device& found = devices_[static_cast<std::size_t>(row)];
-    return {
+    QVariantMap data{
         {QStringLiteral("ip"), ip},
         {QStringLiteral("title"), found.title()},
         {QStringLiteral("lastSeen"), toDateTime(found.lastSeen)},
         {QStringLiteral("config"), toVariantMap(found.config)},
     };
+    data.insert(networkData(found));
+    return data;
 }
 
 void VornClient::setStatus(const QString& status)

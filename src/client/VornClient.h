@@ -5,8 +5,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <functional>
 #include <optional>
+#include <set>
 #include <string>
+#include <unordered_map>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -14,11 +17,14 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 #include <QVariantMap>
 
 #include "Device.h"
 #include "PresenceClock.h"
+#include "NetworkInterfaces.h"
 #include "ReplyInbox.h"
+#include "SerialSightings.h"
 #include "VornSocket.h"
 
 class QTimer;
@@ -30,6 +36,9 @@ class VornClient : public QObject {
     Q_PROPERTY(int deviceCount READ deviceCount NOTIFY deviceCountChanged)
     Q_PROPERTY(QString broadcastAddress READ broadcastAddress CONSTANT)
     Q_PROPERTY(PresenceClock* clock READ clock CONSTANT)
+    // One map per eligible interface address: {name, address, prefixLength,
+    // units (listed units last heard there)}; empty when none is eligible.
+    Q_PROPERTY(QVariantList networks READ networks NOTIFY networksChanged)
 
 public:
     static constexpr int kDiscoveryIntervalMs = 5000;
@@ -52,18 +61,36 @@ public:
     // Binds the endpoint and starts discovery; only the first call acts.
     Q_INVOKABLE void start();
 
-    // Takes the next sequence number and sends one discover to `address`.
+    using InterfaceReader = std::function<std::vector<Vorn::InterfaceAddress>()>;
+
+    // Takes the next sequence number and sends one discover to `address`: a
+    // broadcast address goes out on every eligible interface, a listed unit's
+    // address through the interface it was last heard on.
     Q_INVOKABLE void sendDiscover(const QString& address);
 
     // Sends the unit's last reported configuration overlaid with `changes`.
     Q_INVOKABLE void write(const QString& ip, const QVariantMap& changes);
     void writeChanges(const std::string& ip, const Vorn::Config& changes);
 
-    // {ip, title, lastSeen, config} of the unit at `ip`, or an empty map.
+    // {ip, title, lastSeen, config, heardOn, interfaceName, interfaceSubnet,
+    // wrongSubnet, addressConflict, serialsSeen} of the unit at `ip`, or an
+    // empty map.
     Q_INVOKABLE QVariantMap deviceData(const QString& ip) const;
 
-    // Merges one decoded datagram; the packet path calls it on the main thread.
-    void ingest(Vorn::Reply reply);
+    // Merges one decoded datagram that came in at `arrival`; the packet path
+    // calls it on the main thread.
+    void ingest(Vorn::Reply reply, Vorn::Arrival arrival = {});
+
+    // The unit's address lies outside the subnet of the interface address
+    // it was heard on (judged only for interfaces discovery uses).
+    bool isWrongSubnet(const Device& device) const;
+    // Two or more serials answered under the unit's address within 15 s.
+    bool hasAddressConflict(const std::string& ip) const;
+
+    QVariantList networks() const { return networks_; }
+
+    // Replaces how the host's interfaces are read, for tests; reads at once.
+    void setInterfaceReader(InterfaceReader reader);
 
     std::optional<Device> device(std::string_view ip) const;
     // Row of the unit at `ip` in devices(), or -1.
@@ -93,12 +120,22 @@ signals:
     // Known units in rows first..last had their configuration and lastSeen
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);
+    void networksChanged();
 
 private:
     void installPacketHandler();
     void drainWhenSettled();
     void ingestInbox();
     void discoverTo(const std::string& address);
+    void broadcastDiscover();
+    unsigned interfaceFor(const std::string& ip) const;
+    std::optional<Vorn::InterfaceAddress> arrivalInterface(const Device& device) const;
+    void readInterfaces();
+    void readInterfacesIfUnknown(Vorn::Arrival arrival);
+    void noteSerial(const std::string& ip, const Vorn::Config& config);
+    void rejudgeConflicts();
+    void refreshNetworks();
+    QVariantMap networkData(const Device& device) const;
     void setStatus(const QString& status);
     void addLog(const QString& message);
     void noteUpdated(int row);
@@ -109,6 +146,14 @@ private:
     std::shared_ptr<ReplyInbox> inbox_;
     PresenceClock* clock_;
     std::vector<Device> devices_;
+    InterfaceReader readInterfaceAddresses_ = Vorn::readInterfaceAddresses;
+    // The host's interfaces as last read: at each broadcast discover, and
+    // when a reply comes in on an interface not among them.
+    std::vector<Vorn::InterfaceAddress> interfaces_;
+    std::unordered_map<std::string, SerialSightings> serials_;
+    // Addresses flagged with a conflict, re-judged on every clock tick.
+    std::set<std::string> conflicted_;
+    QVariantList networks_;
     QString status_;
     QStringList log_;
     std::uint16_t seq_;

@@ -43,8 +43,9 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
 
     // The second copy is the only guard against a lost datagram.
     const Vorn::Bytes datagram = Vorn::writePacket(nextSeq(), full);
-    socket_.send(datagram, ip);
-    socket_.send(datagram, ip);
+    const unsigned heardOn = interfaceFor(ip);
+    socket_.sendVia(datagram, ip, heardOn);
+    socket_.sendVia(datagram, ip, heardOn);
 
     addLog(QStringLiteral("write \u2192 %1: %2").arg(QString::fromStdString(ip), changesText(changes)));
 

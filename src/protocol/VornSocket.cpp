@@ -6,9 +6,60 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 
+#if defined(__APPLE__)
+#include <net/if_dl.h>
+#endif
+
 namespace Vorn {
+namespace {
+
+// Asks for each datagram's arrival interface in its ancillary data.
+void enableArrivalInfo(int fd)
+{
+    const int one = 1;
+#if defined(IP_PKTINFO)
+    ::setsockopt(fd, IPPROTO_IP, IP_PKTINFO, &one, sizeof one);
+#elif defined(IP_RECVIF)
+    ::setsockopt(fd, IPPROTO_IP, IP_RECVIF, &one, sizeof one);
+    ::setsockopt(fd, IPPROTO_IP, IP_RECVDSTADDR, &one, sizeof one);
+#endif
+}
+
+Arrival arrivalOf(msghdr& message)
+{
+    Arrival arrival;
+    for (cmsghdr* item = CMSG_FIRSTHDR(&message); item != nullptr; item = CMSG_NXTHDR(&message, item)) {
+        if (item->cmsg_level != IPPROTO_IP)
+            continue;
+#if defined(IP_PKTINFO)
+        if (item->cmsg_type == IP_PKTINFO) {
+            in_pktinfo info;
+            std::memcpy(&info, CMSG_DATA(item), sizeof info);
+            arrival.interfaceIndex = static_cast<unsigned>(info.ipi_ifindex);
+            // The local address the kernel would answer from: for a unicast
+            // the header's destination, for a broadcast the interface's own.
+            arrival.localAddress = ntohl(info.ipi_spec_dst.s_addr);
+        }
+#elif defined(IP_RECVIF)
+        if (item->cmsg_type == IP_RECVIF) {
+            sockaddr_dl link;
+            std::memcpy(&link, CMSG_DATA(item), std::min<std::size_t>(sizeof link, item->cmsg_len - CMSG_LEN(0)));
+            arrival.interfaceIndex = link.sdl_index;
+        }
+        if (item->cmsg_type == IP_RECVDSTADDR) {
+            in_addr destination;
+            std::memcpy(&destination, CMSG_DATA(item), sizeof destination);
+            arrival.localAddress = ntohl(destination.s_addr);
+        }
+#endif
+    }
+    return arrival;
+}
+
+}  // namespace
 
 VornSocket::VornSocket(std::uint16_t port, std::string broadcastAddress)
     : port_(port), broadcastAddress_(std::move(broadcastAddress))
@@ -30,8 +81,19 @@ VornSocket::~VornSocket()
 
 void VornSocket::setOnPacket(PacketHandler handler)
 {
+    if (!handler) {
+        setOnDatagram(nullptr);
+        return;
+    }
+    setOnDatagram([handler = std::move(handler)](Bytes data, std::string senderIp, Arrival) {
+        handler(std::move(data), std::move(senderIp));
+    });
+}
+
+void VornSocket::setOnDatagram(DatagramHandler handler)
+{
     std::lock_guard lock(handlerMutex_);
-    onPacket_ = std::move(handler);
+    onDatagram_ = std::move(handler);
 }
 
 bool VornSocket::start()
@@ -44,6 +106,10 @@ bool VornSocket::start()
     const int one = 1;
     ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &one, sizeof one);
     ::setsockopt(fd, SOL_SOCKET, SO_BROADCAST, &one, sizeof one);
+    // A discover makes every unit answer at once; the default buffer holds
+    // only a few hundred replies.
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &kRequestedKernelBuffer, sizeof kRequestedKernelBuffer);
+    enableArrivalInfo(fd);
 
     sockaddr_in local;
     std::memset(&local, 0, sizeof local);
@@ -62,52 +128,48 @@ bool VornSocket::start()
     return true;
 }
 
+int VornSocket::kernelReceiveBuffer() const
+{
+    const int fd = rxfd_.load();
+    int size = 0;
+    socklen_t length = sizeof size;
+    if (fd < 0 || ::getsockopt(fd, SOL_SOCKET, SO_RCVBUF, &size, &length) != 0)
+        return 0;
+    return size;
+}
+
 void VornSocket::recvLoop()
 {
     std::vector<std::uint8_t> buffer(kReceiveBufferSize);
+    alignas(cmsghdr) char control[CMSG_SPACE(sizeof(in_pktinfo)) + CMSG_SPACE(64)];
     const int fd = rxfd_.load();
     while (running_.load()) {
         sockaddr_in source;
         std::memset(&source, 0, sizeof source);
-        socklen_t sourceLength = sizeof source;
-        const ssize_t n = ::recvfrom(fd, buffer.data(), buffer.size(), 0,
-                                     reinterpret_cast<sockaddr*>(&source), &sourceLength);
+        iovec payload{buffer.data(), buffer.size()};
+        msghdr message;
+        std::memset(&message, 0, sizeof message);
+        message.msg_name = &source;
+        message.msg_namelen = sizeof source;
+        message.msg_iov = &payload;
+        message.msg_iovlen = 1;
+        message.msg_control = control;
+        message.msg_controllen = sizeof control;
+        const ssize_t n = ::recvmsg(fd, &message, 0);
         if (n > 0) {
             Bytes data(buffer.begin(), buffer.begin() + n);
             char text[INET_ADDRSTRLEN] = {};
             ::inet_ntop(AF_INET, &source.sin_addr, text, sizeof text);
+            const Arrival arrival = arrivalOf(message);
             std::lock_guard lock(handlerMutex_);
-            if (onPacket_)
-                onPacket_(std::move(data), std::string(text));
+            if (onDatagram_)
+                onDatagram_(std::move(data), std::string(text), arrival);
         } else if (n < 0) {
             if (!running_.load())
                 break;
             ::usleep(50000);
         }
     }
-}
-
-void VornSocket::send(std::span<const std::uint8_t> data, const std::string& ip) const
-{
-    const int fd = ::socket(AF_INET, SOCK_DGRAM, 0);
-    if (fd < 0)
-        return;
-    const int one = 1;
-    ::setsockopt(fd, SOL_SOCKET, SO_BROADCAST, &one, sizeof one);
-
-    sockaddr_in destination;
-    std::memset(&destination, 0, sizeof destination);
-    destination.sin_family = AF_INET;
-    destination.sin_port = htons(port_);
-    // inet_addr answers INADDR_NONE for anything that is not a dotted address
-    // (and for 255.255.255.255 itself): both mean the limited broadcast.
-    in_addr_t address = ::inet_addr(ip.c_str());
-    if (address == INADDR_NONE)
-        address = ::inet_addr(broadcastAddress_.c_str());
-    destination.sin_addr.s_addr = address;
-    ::sendto(fd, data.data(), data.size(), 0, reinterpret_cast<const sockaddr*>(&destination),
-             sizeof destination);
-    ::close(fd);
 }
 
 }  // namespace Vorn

@@ -5,10 +5,13 @@
 //
 //   client_driver --netns NAME --run-ms MS [--snapshot-at MS]... [--hold-port]
 //                 [--write-at MS --write-ip IP --set KEY=VALUE...]
+//                 [--query-at MS --query-ip IP]
 //
 // Lines: {"event":"started","status":...} after start(); {"event":"table",
-// "atMs":...,"devices":[{"ip","title","config"}...]} at each snapshot and at
-// the end; then {"event":"end","status":...,"log":[...]}.
+// "atMs":...,"devices":[{"ip","title","config","heardOn","interfaceName",
+// "interfaceSubnet","wrongSubnet","addressConflict","serialsSeen"}...],
+// "networks":[{"name","address","prefixLength","units"}...]} at each snapshot
+// and at the end; then {"event":"end","status":...,"log":[...]}.
 #include <netinet/in.h>
 #include <sys/socket.h>
 
@@ -37,6 +40,8 @@ struct Scenario {
     int writeAtMs = -1;
     QString writeIp;
     QVariantMap changes;
+    int queryAtMs = -1;
+    QString queryIp;
 };
 
 Scenario parseArguments(const QStringList& arguments)
@@ -60,6 +65,10 @@ Scenario parseArguments(const QStringList& arguments)
             scenario.writeAtMs = value.toInt();
         else if (name == u"--write-ip")
             scenario.writeIp = value;
+        else if (name == u"--query-at")
+            scenario.queryAtMs = value.toInt();
+        else if (name == u"--query-ip")
+            scenario.queryIp = value;
         else if (name == u"--set")
             scenario.changes.insert(value.section(u'=', 0, 0), value.section(u'=', 1));
         else
@@ -105,13 +114,14 @@ void printTable(const VornClient& client, qint64 atMs)
 {
     QJsonArray devices;
     for (const Device& device : client.devices()) {
-        devices.append(QJsonObject{
-            {"ip", QString::fromStdString(device.ip)},
-            {"title", device.title()},
-            {"config", QJsonObject::fromVariantMap(toVariantMap(device.config))},
-        });
+        QJsonObject entry = QJsonObject::fromVariantMap(client.deviceData(QString::fromStdString(device.ip)));
+        entry.remove("lastSeen");
+        devices.append(entry);
     }
-    printLine({{"event", "table"}, {"atMs", atMs}, {"devices", devices}});
+    printLine({{"event", "table"},
+               {"atMs", atMs},
+               {"devices", devices},
+               {"networks", QJsonArray::fromVariantList(client.networks())}});
 }
 
 }  // namespace
@@ -137,6 +147,8 @@ int main(int argc, char** argv)
         QTimer::singleShot(atMs, Qt::PreciseTimer, &app, [&] { printTable(client, elapsed.elapsed()); });
     if (scenario.writeAtMs >= 0)
         QTimer::singleShot(scenario.writeAtMs, Qt::PreciseTimer, &app, [&] { client.write(scenario.writeIp, scenario.changes); });
+    if (scenario.queryAtMs >= 0)
+        QTimer::singleShot(scenario.queryAtMs, Qt::PreciseTimer, &app, [&] { client.sendDiscover(scenario.queryIp); });
     QTimer::singleShot(scenario.runMs, Qt::PreciseTimer, &app, [&] {
         printTable(client, elapsed.elapsed());
         printLine({{"event", "end"}, {"status", client.status()}, {"log", QJsonArray::fromStringList(client.log())}});

@@ -35,10 +35,21 @@ TEST(ReplyInbox, TakesEverythingInArrivalOrderAndEmpties)
         inbox.push(reportFrom(ip), kBytes, kStart);
     const auto taken = inbox.takeAll();
     ASSERT_EQ(taken.size(), 3u);
-    EXPECT_EQ(taken[0].deviceIp, "10.0.0.9");
-    EXPECT_EQ(taken[1].deviceIp, "10.0.0.10");
-    EXPECT_EQ(taken[2].deviceIp, "10.0.0.1");
+    EXPECT_EQ(taken[0].reply.deviceIp, "10.0.0.9");
+    EXPECT_EQ(taken[1].reply.deviceIp, "10.0.0.10");
+    EXPECT_EQ(taken[2].reply.deviceIp, "10.0.0.1");
     EXPECT_TRUE(inbox.takeAll().empty());
+}
+
+TEST(ReplyInbox, EachReplyKeepsItsArrivalInterface)
+{
+    ReplyInbox inbox(kLimits);
+    inbox.push(HeardReply(reportFrom("10.0.0.1"), Vorn::Arrival{3, 0x0a4d0105}), kBytes, kStart);
+    inbox.push(reportFrom("10.0.0.2"), kBytes, kStart);
+    const auto taken = inbox.takeAll();
+    ASSERT_EQ(taken.size(), 2u);
+    EXPECT_EQ(taken[0].arrival, (Vorn::Arrival{3, 0x0a4d0105}));
+    EXPECT_FALSE(taken[1].arrival.known());
 }
 
 TEST(ReplyInbox, AnEmptyInboxNeverWaits)
@@ -103,7 +114,7 @@ TEST(ReplyInbox, TheReceiveThreadPushesWhileTheMainThreadTakes)
     std::vector<Vorn::Reply> seen;
     while (seen.size() < kReplies) {
         for (auto& reply : inbox.takeAll())
-            seen.push_back(std::move(reply));
+            seen.push_back(std::move(reply.reply));
     }
     receiver.join();
     for (int i = 0; i < kReplies; ++i)

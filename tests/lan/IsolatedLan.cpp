@@ -52,12 +52,23 @@ std::optional<std::string> IsolatedLan::unavailableReason()
     return reason;
 }
 
-IsolatedLan::IsolatedLan()
-    : name_(nextPairName()), consoleNs_(name_ + "c"), unitsNs_(name_ + "u")
+IsolatedLan::IsolatedLan(Topology topology)
+    : name_(nextPairName()), consoleNs_(name_ + "c"), unitsNs_(name_ + "u"), studioNs_(name_ + "s"),
+      studioLink_(name_ + "t")
 {
-    const int status = runHarness({"up", name_, "--owner", std::to_string(::getpid())});
+    const char* topologyName = topology == Topology::TwoLinks ? "two-links"
+                               : topology == Topology::Studio ? "studio"
+                                                              : "office";
+    const int status = runHarness({"up", name_, "--owner", std::to_string(::getpid()), "--topology", topologyName});
     if (status != 0)
         throw std::runtime_error("lan-harness up " + name_ + " failed with status " + std::to_string(status));
+}
+
+void IsolatedLan::setStudioLinkUp(bool up) const
+{
+    const int status = runHarness({"link", name_, "studio", up ? "up" : "down"});
+    if (status != 0)
+        throw std::runtime_error("lan-harness link " + name_ + " failed with status " + std::to_string(status));
 }
 
 IsolatedLan::~IsolatedLan()

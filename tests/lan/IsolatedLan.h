@@ -3,8 +3,11 @@
 //
 //   console namespace (run vornlink here): 10.231.0.1/24, default via 10.231.0.2,
 //       so the limited broadcast and the units' addresses leave by the veth;
-//   units namespace (run vorn-sim here): 10.231.0.2/24, and every address of
+//   units namespace (run vorn-sim here): 10.231.0.2/12, and every address of
 //       10.232.0.0/16 is local, so the simulator can answer as any unit there.
+// With Topology::TwoLinks the console also has a studio link without gateway
+// (10.77.1.1/24) to a studio namespace where 10.77.1.128/25 and 192.168.0.0/24
+// are local; Topology::Studio has that link alone and no default route.
 //
 // Typical use in a test:
 //   if (auto reason = LanTest::IsolatedLan::unavailableReason()) GTEST_SKIP() << *reason;
@@ -17,19 +20,25 @@
 
 namespace LanTest {
 
+enum class Topology { Office, TwoLinks, Studio };
+
 class IsolatedLan {
 public:
     static constexpr const char* kConsoleAddress = "10.231.0.1";
     static constexpr const char* kUnitsAddress = "10.231.0.2";
     static constexpr const char* kFirstUnitAddress = "10.232.1.1";
+    static constexpr const char* kStudioConsoleAddress = "10.77.1.1";
+    static constexpr const char* kFirstStudioUnitAddress = "10.77.1.129";
+    // Outside every subnet of the console: a unit with a factory-default address.
+    static constexpr const char* kWrongSubnetAddress = "192.168.0.50";
 
     // Why no LAN can be made on this machine (not root, no namespaces), or
     // nullopt when it can. Checked once per process; the first call also
     // removes pairs left behind by processes that no longer exist.
     static std::optional<std::string> unavailableReason();
 
-    // Makes the pair; throws std::runtime_error when that fails.
-    IsolatedLan();
+    // Makes the namespaces; throws std::runtime_error when that fails.
+    explicit IsolatedLan(Topology topology = Topology::Office);
     // Removes the pair, ending whatever still runs inside it.
     ~IsolatedLan();
     IsolatedLan(const IsolatedLan&) = delete;
@@ -37,11 +46,19 @@ public:
 
     const std::string& consoleNs() const { return consoleNs_; }
     const std::string& unitsNs() const { return unitsNs_; }
+    const std::string& studioNs() const { return studioNs_; }
+    // The console's studio interface, by name.
+    const std::string& studioLink() const { return studioLink_; }
+
+    // Brings the console's end of the studio link up or down; throws on failure.
+    void setStudioLinkUp(bool up) const;
 
 private:
     std::string name_;
     std::string consoleNs_;
     std::string unitsNs_;
+    std::string studioNs_;
+    std::string studioLink_;
 };
 
 }  // namespace LanTest

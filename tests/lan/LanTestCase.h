@@ -27,8 +27,11 @@ protected:
     {
         if (auto reason = LanTest::IsolatedLan::unavailableReason())
             GTEST_SKIP() << *reason;
-        lan_.emplace();
+        lan_.emplace(topology());
     }
+
+    // The shape of the LAN each test gets; suites override it.
+    virtual LanTest::Topology topology() const { return LanTest::Topology::Office; }
 
     const LanTest::IsolatedLan& lan() const { return *lan_; }
     const std::filesystem::path& dir() const { return dir_.path(); }

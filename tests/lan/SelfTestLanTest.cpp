@@ -1,6 +1,7 @@
 // "vornlink --selftest" run for real in the console namespace of a private LAN,
 // against vorn-sim in the units namespace, on the real port 23457.
 #include <fstream>
+#include <sstream>
 
 #include "LanTestCase.h"
 
@@ -134,3 +135,76 @@ TEST_F(SelfTestOnLan, SingleDashFlagDoesNotRunTheSelfTest)
 }
 
 }  // namespace
+
+namespace {
+
+// The self-test's report for the units the two links' simulators run below.
+const std::string kStudioUnits = "--count 2 --first-ip 10.77.1.129 --unit 192.168.0.50";
+
+std::vector<std::string> reportedAddresses(const std::string& out)
+{
+    std::vector<std::string> addresses;
+    std::istringstream lines(out);
+    std::string line;
+    std::getline(lines, line);
+    while (std::getline(lines, line))
+        addresses.push_back(line.substr(2, line.find("  ", 2) - 2));
+    return addresses;
+}
+
+std::vector<std::string> splitAtBlanks(const std::string& text)
+{
+    std::vector<std::string> words;
+    std::istringstream in(text);
+    for (std::string word; in >> word;)
+        words.push_back(word);
+    return words;
+}
+
+class SelfTestOnTwoLinks : public SelfTestOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::TwoLinks; }
+};
+
+class SelfTestOnStudioOnly : public SelfTestOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::Studio; }
+};
+
+}  // namespace
+
+TEST_F(SelfTestOnTwoLinks, FindsTheUnitsOfBothLinksAndSendsEachCycleOncePerLinkWithOneNumber)
+{
+    LanTest::Simulator office(lan(), {"--count", "2"}, dir());
+    LanTest::Simulator studio(lan().studioNs(), splitAtBlanks(kStudioUnits), dir());
+
+    const auto run = runVornlink({"--selftest"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(run.out.starts_with("selftest: 5 device(s)\n")) << run.out;
+    EXPECT_EQ(reportedAddresses(run.out),
+              (std::vector<std::string>{"10.232.1.1", "10.232.1.2", "10.77.1.129", "10.77.1.130", "192.168.0.50"}));
+
+    const auto officeLog = office.stopAndReadLog();
+    const auto studioLog = studio.stopAndReadLog();
+    ASSERT_EQ(officeLog.size(), 8u);
+    ASSERT_EQ(studioLog.size(), 8u);
+    for (unsigned seq = 1; seq <= 8; ++seq) {
+        SCOPED_TRACE("sequence " + std::to_string(seq));
+        EXPECT_EQ(officeLog[seq - 1].bytes, discoverBytes(seq));
+        EXPECT_EQ(studioLog[seq - 1].bytes, discoverBytes(seq));
+        EXPECT_EQ(officeLog[seq - 1].src, LanTest::IsolatedLan::kConsoleAddress);
+        EXPECT_EQ(studioLog[seq - 1].src, LanTest::IsolatedLan::kStudioConsoleAddress);
+        EXPECT_EQ(studioLog[seq - 1].dst, "255.255.255.255");
+    }
+}
+
+TEST_F(SelfTestOnStudioOnly, FindsEveryUnitWithoutADefaultRoute)
+{
+    LanTest::Simulator studio(lan().studioNs(), splitAtBlanks(kStudioUnits), dir());
+
+    const auto run = runVornlink({"--selftest"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(run.out.starts_with("selftest: 3 device(s)\n")) << run.out;
+    EXPECT_EQ(reportedAddresses(run.out), (std::vector<std::string>{"10.77.1.129", "10.77.1.130", "192.168.0.50"}));
+    EXPECT_EQ(studio.stopAndReadLog().size(), 8u);
+}

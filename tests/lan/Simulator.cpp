@@ -29,7 +29,13 @@ std::vector<std::string> simulatorCommand(const std::vector<std::string>& argume
 
 Simulator::Simulator(const IsolatedLan& lan, const std::vector<std::string>& arguments,
                      const std::filesystem::path& dir)
-    : logPath_(nextLogPath(dir)), process_(lan.unitsNs(), simulatorCommand(arguments, logPath_), dir)
+    : Simulator(lan.unitsNs(), arguments, dir)
+{
+}
+
+Simulator::Simulator(const std::string& ns, const std::vector<std::string>& arguments,
+                     const std::filesystem::path& dir)
+    : logPath_(nextLogPath(dir)), process_(ns, simulatorCommand(arguments, logPath_), dir)
 {
     if (!process_.waitForStderrLine("listening on", kReadyTimeout)) {
         process_.terminate();

@@ -18,6 +18,8 @@ public:
     // for its ready line; throws std::runtime_error (with its messages) otherwise.
     Simulator(const IsolatedLan& lan, const std::vector<std::string>& arguments,
               const std::filesystem::path& dir);
+    // The same in namespace `ns` (for instance the LAN's studio namespace).
+    Simulator(const std::string& ns, const std::vector<std::string>& arguments, const std::filesystem::path& dir);
 
     // Ends the simulator, so its log is complete, and reads that log.
     std::vector<CapturedDatagram> stopAndReadLog();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <dirent.h>
+#include <net/if.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -195,4 +196,101 @@ TEST(VornSocket, DestroyingAListeningEndpointEndsItsThread)
     const int fd = TestKit::bindUdp("0.0.0.0", port, false);
     EXPECT_GE(fd, 0);
     ::close(fd);
+}
+
+namespace {
+
+// Collects datagrams with their arrival interface.
+struct ArrivalInbox {
+    std::mutex mutex;
+    std::condition_variable arrived;
+    std::vector<Vorn::Arrival> items;
+
+    Vorn::VornSocket::DatagramHandler handler()
+    {
+        return [this](Vorn::Bytes, std::string, Vorn::Arrival arrival) {
+            std::lock_guard lock(mutex);
+            items.push_back(arrival);
+            arrived.notify_all();
+        };
+    }
+    std::vector<Vorn::Arrival> waitFor(std::size_t count)
+    {
+        std::unique_lock lock(mutex);
+        arrived.wait_for(lock, 2s, [&] { return items.size() >= count; });
+        return items;
+    }
+};
+
+long readSysctl(const char* path)
+{
+    std::ifstream file(path);
+    long value = 0;
+    file >> value;
+    return value;
+}
+
+}  // namespace
+
+TEST(VornSocket, EveryDatagramCarriesItsArrivalInterfaceAndLocalAddress)
+{
+    const auto port = TestKit::freeUdpPort();
+    ArrivalInbox inbox;
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.setOnDatagram(inbox.handler());
+    ASSERT_TRUE(socket.start());
+    TestKit::sendUdp({1}, "127.0.0.1", port);
+    TestKit::sendUdp({2}, "127.0.0.5", port);
+    const auto items = inbox.waitFor(2);
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].interfaceIndex, ::if_nametoindex("lo"));
+    EXPECT_EQ(items[0].localAddress, *Vorn::parseIpv4("127.0.0.1"));
+    EXPECT_EQ(items[1].interfaceIndex, ::if_nametoindex("lo"));
+    EXPECT_EQ(items[1].localAddress, *Vorn::parseIpv4("127.0.0.5"));
+}
+
+TEST(VornSocket, ListeningSocketGetsTheLargerReceiveBufferTheKernelAllows)
+{
+    Vorn::VornSocket socket(TestKit::freeUdpPort(), TestKit::kPeerAddress);
+    EXPECT_EQ(socket.kernelReceiveBuffer(), 0) << "nothing to report before listening";
+    ASSERT_TRUE(socket.start());
+    // Linux caps a request at net.core.rmem_max and reports twice what it keeps for data.
+    const long cap = readSysctl("/proc/sys/net/core/rmem_max");
+    const long expected = 2 * std::min<long>(Vorn::VornSocket::kRequestedKernelBuffer, cap);
+    EXPECT_EQ(socket.kernelReceiveBuffer(), expected);
+}
+
+TEST(VornSocket, SendThroughAGivenInterfaceArrives)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, nullptr);
+    Vorn::VornSocket socket(port, "127.0.0.9");
+    socket.sendVia(Vorn::Bytes{4, 2}, TestKit::kPeerAddress, ::if_nametoindex("lo"));
+    const auto got = peer.waitForDatagrams(1);
+    ASSERT_EQ(got.size(), 1u);
+    EXPECT_EQ(got[0].data, (Vorn::Bytes{4, 2}));
+    EXPECT_NE(got[0].sourcePort, port);
+}
+
+TEST(VornSocket, BroadcastToAMovedBroadcastAddressIsOnePlainSend)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, nullptr);
+    Vorn::VornSocket socket(port, TestKit::kPeerAddress);
+    socket.broadcast(Vorn::Bytes{3});
+    socket.send(Vorn::Bytes{4}, TestKit::kPeerAddress);
+    // Loopback keeps order: once the marker is in, every copy of the broadcast is too.
+    const auto got = peer.waitForDatagrams(2);
+    ASSERT_EQ(got.size(), 2u);
+    EXPECT_EQ(got[0].data, (Vorn::Bytes{3}));
+    EXPECT_EQ(got[1].data, (Vorn::Bytes{4}));
+}
+
+TEST(VornSocket, BroadcastTargetsAreTheBroadcastAddressAndNonAddresses)
+{
+    Vorn::VornSocket seam(TestKit::freeUdpPort(), TestKit::kPeerAddress);
+    EXPECT_TRUE(seam.isBroadcastTarget(TestKit::kPeerAddress));
+    EXPECT_TRUE(seam.isBroadcastTarget("255.255.255.255"));
+    EXPECT_TRUE(seam.isBroadcastTarget("studio-base-station.local"));
+    EXPECT_FALSE(seam.isBroadcastTarget("10.77.1.20"));
 }

@@ -73,6 +73,21 @@ TEST(Options, HelpIsRecognisedInBothSpellings)
     EXPECT_TRUE(parsed({"-h"}).help);
 }
 
+TEST(Options, ExtraUnitsAreCollectedInOrderWithOrWithoutASerial)
+{
+    const auto options = parsed({"--unit", "192.168.0.50", "--unit=10.232.1.1=KT4-DUPL01"});
+    EXPECT_EQ(options.extraUnits,
+              (std::vector<ExtraUnit>{{"192.168.0.50", ""}, {"10.232.1.1", "KT4-DUPL01"}}));
+}
+
+TEST(Options, ExtraUnitNeedsAnAddressAndANonEmptySerial)
+{
+    EXPECT_EQ(errorOf({"--unit", "studio-unit"}),
+              "invalid value 'studio-unit' for --unit (expected an IPv4 address like 10.232.1.1)");
+    EXPECT_EQ(errorOf({"--unit", "10.232.1.1="}),
+              "invalid value '10.232.1.1=' for --unit (expected ADDR or ADDR=SERIAL)");
+}
+
 TEST(Options, FaultOptionsAreCollectedInOrder)
 {
     const auto options = parsed({"--report-ip", "10.232.1.1=10.0.0.99", "--cmd", "all=0xA1", "--cmd", "10.232.1.2=161",

@@ -81,6 +81,22 @@ TEST(Responder, BroadcastDiscoverReachesEveryUnitAndEchoesTheSequence)
     }
 }
 
+TEST(Responder, DiscoverToAnAddressTwoUnitsShareGetsAReportFromEach)
+{
+    std::vector<Unit> units{Unit{"10.232.1.2", kConfig, {}}, Unit{"10.232.1.2", {{"Serial", "KT4-DUPL01"}}, {}},
+                            Unit{"10.232.1.3", {{"Channel", "9"}}, {}}};
+    SimDice dice(1);
+    const auto replies = respond(units, discoverTo("10.232.1.2"), dice);
+    ASSERT_EQ(replies.size(), 2u);
+    std::vector<std::string> serials;
+    for (const auto& reply : replies) {
+        EXPECT_EQ(reply.fromIp, "10.232.1.2");
+        serials.push_back(Vorn::parse(reply.bytes)->config.at("Serial"));
+    }
+    std::sort(serials.begin(), serials.end());
+    EXPECT_EQ(serials, (std::vector<std::string>{"ABCDEF123456", "KT4-DUPL01"}));
+}
+
 namespace {
 
 std::vector<std::string> senders(const std::vector<Outgoing>& replies)

@@ -48,6 +48,38 @@ TEST(UnitSet, GeneratedUnitsGetTheCommandLineFaults)
     EXPECT_EQ(std::get<std::vector<Unit>>(units)[1].faults.reportIp, "10.9.9.9");
 }
 
+TEST(UnitSet, ExtraUnitOutsideTheRangeKeepsItsAddressInHeaderAndSettings)
+{
+    Options options;
+    options.count = 2;
+    options.extraUnits = {{"192.168.0.50", ""}};
+    auto made = makeUnits(options);
+    ASSERT_TRUE(std::holds_alternative<std::vector<Unit>>(made));
+    const auto& units = std::get<std::vector<Unit>>(made);
+    ASSERT_EQ(units.size(), 3u);
+    EXPECT_EQ(units[2].ip, "192.168.0.50");
+    EXPECT_EQ(units[2].config.at("IPAddress"), "192.168.0.50");
+    EXPECT_NE(units[2].config.at("Serial"), units[0].config.at("Serial"));
+    EXPECT_NE(units[2].config.at("Serial"), units[1].config.at("Serial"));
+}
+
+TEST(UnitSet, ExtraUnitUnderAnotherUnitsAddressAnswersWithItsOwnSerial)
+{
+    Options options;
+    options.count = 2;
+    options.extraUnits = {{"10.232.1.1", "KT4-DUPL01"}};
+    options.faults = {{"10.232.1.1", {.delay = std::chrono::milliseconds(7)}}};
+    auto made = makeUnits(options);
+    ASSERT_TRUE(std::holds_alternative<std::vector<Unit>>(made));
+    const auto& units = std::get<std::vector<Unit>>(made);
+    ASSERT_EQ(units.size(), 3u);
+    EXPECT_EQ(units[2].ip, units[0].ip);
+    EXPECT_EQ(units[2].config.at("Serial"), "KT4-DUPL01");
+    EXPECT_NE(units[0].config.at("Serial"), "KT4-DUPL01");
+    EXPECT_EQ(units[0].faults.delay, std::chrono::milliseconds(7)) << "a fault reaches every unit at its address";
+    EXPECT_EQ(units[2].faults.delay, std::chrono::milliseconds(7));
+}
+
 TEST(UnitSet, UnknownFaultAddressFailsTheWholeSet)
 {
     Options options;

@@ -25,6 +25,27 @@ protected:
     }
 };
 
+// The rows come in as the replies do: the first report that lists `count`
+// rows, or the last one seen when none does within 20 s.
+nlohmann::json waitForRows(LanTest::Process& app, std::size_t count)
+{
+    nlohmann::json rows;
+    for (int attempt = 0; attempt < 200 && rows.size() < count; ++attempt) {
+        if (app.wait(100ms).has_value())
+            break;
+        rows = LanTest::lastSidebarRows(app.stderrText());
+    }
+    return rows;
+}
+
+std::vector<std::string> addressesOf(const nlohmann::json& rows)
+{
+    std::vector<std::string> addresses;
+    for (const auto& row : rows)
+        addresses.push_back(row[0].get<std::string>());
+    return addresses;
+}
+
 TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
 {
     LanTest::Simulator sim(lan(), {"--count", "10", "--first-ip", "10.232.1.1"}, dir());
@@ -34,16 +55,50 @@ TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
     for (int host = 1; host <= 10; ++host)
         addresses.push_back("10.232.1." + std::to_string(host));
     std::sort(addresses.begin(), addresses.end());
-    // The rows come in as the replies do; wait for the report that lists all ten.
-    nlohmann::json rows;
-    for (int attempt = 0; attempt < 200 && rows.size() < 10; ++attempt) {
-        if (app.wait(100ms).has_value())
-            break;
-        rows = LanTest::lastSidebarRows(app.stderrText());
-    }
+    const auto rows = waitForRows(app, 10);
     ASSERT_EQ(rows.size(), 10u) << app.stderrText();
     for (std::size_t i = 0; i < rows.size(); ++i)
         EXPECT_EQ(rows[i][0], addresses[i]) << rows.dump();
+    EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
+}
+
+class WindowOnTwoLinks : public WindowOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::TwoLinks; }
+};
+
+TEST_F(WindowOnTwoLinks, ListsTheUnitsOfTheOfficeAndOfTheStudioLinkWithoutGateway)
+{
+    LanTest::Simulator office(lan(), {"--count", "2"}, dir());
+    LanTest::Simulator studio(lan().studioNs(),
+                              {"--count", "2", "--first-ip", LanTest::IsolatedLan::kFirstStudioUnitAddress, "--unit",
+                               LanTest::IsolatedLan::kWrongSubnetAddress},
+                              dir());
+    auto app = startVornlink();
+
+    const auto rows = waitForRows(app, 5);
+    EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.232.1.1", "10.232.1.2", "10.77.1.129", "10.77.1.130",
+                                                           "192.168.0.50"}))
+        << app.stderrText();
+    EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
+}
+
+class WindowOnStudioOnly : public WindowOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::Studio; }
+};
+
+TEST_F(WindowOnStudioOnly, ListsTheUnitsOfAStudioLinkWithNoDefaultRoute)
+{
+    LanTest::Simulator studio(lan().studioNs(),
+                              {"--count", "2", "--first-ip", LanTest::IsolatedLan::kFirstStudioUnitAddress, "--unit",
+                               LanTest::IsolatedLan::kWrongSubnetAddress},
+                              dir());
+    auto app = startVornlink();
+
+    const auto rows = waitForRows(app, 3);
+    EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.77.1.129", "10.77.1.130", "192.168.0.50"}))
+        << app.stderrText();
     EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
 }
 

@@ -61,7 +61,7 @@ std::optional<Error> addFault(Options& options, std::string_view name, std::stri
     return std::nullopt;
 }
 
-constexpr std::array<OptionHandler, 13> kOptions = {{
+constexpr std::array<OptionHandler, 14> kOptions = {{
     {"--port",
      [](Options& o, std::string_view n, std::string_view v) -> std::optional<Error> {
          const auto port = parseBoundedInt(v, 1, 65535);
@@ -109,6 +109,20 @@ constexpr std::array<OptionHandler, 13> kOptions = {{
     {"--units",
      [](Options& o, std::string_view, std::string_view v) -> std::optional<Error> {
          o.unitsFile = v;
+         return std::nullopt;
+     }},
+    {"--unit",
+     [](Options& o, std::string_view n, std::string_view v) -> std::optional<Error> {
+         const auto equals = v.find('=');
+         ExtraUnit unit{std::string(v.substr(0, equals)), {}};
+         if (equals != std::string_view::npos) {
+             unit.serial = v.substr(equals + 1);
+             if (unit.serial.empty())
+                 return invalid(n, v, "ADDR or ADDR=SERIAL");
+         }
+         if (auto error = checkAddress(n, unit.ip))
+             return error;
+         o.extraUnits.push_back(std::move(unit));
          return std::nullopt;
      }},
     {"--report-ip",

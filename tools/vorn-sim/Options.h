@@ -23,6 +23,16 @@ struct FaultOption {
     bool operator==(const FaultOption&) const = default;
 };
 
+// One more unit at `ip`, whatever the address: outside the link's subnet, or
+// one another unit already answers under. A non-empty `serial` replaces the
+// generated one.
+struct ExtraUnit {
+    std::string ip;
+    std::string serial;
+
+    bool operator==(const ExtraUnit&) const = default;
+};
+
 struct Options {
     bool help = false;
     std::uint16_t port = Vorn::kPort;
@@ -34,6 +44,7 @@ struct Options {
     std::uint64_t seed = 1;
     std::string unitsFile;  // when set, units come from this JSON file
     std::vector<FaultOption> faults;
+    std::vector<ExtraUnit> extraUnits;
 };
 
 inline constexpr int kMaxCount = 1'000'000;

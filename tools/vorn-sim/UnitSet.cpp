@@ -21,11 +21,32 @@ std::optional<Error> applyFaultOptions(std::vector<Unit>& units, std::span<const
     return std::nullopt;
 }
 
+std::optional<Error> addExtraUnits(std::vector<Unit>& units, const Options& options)
+{
+    for (std::size_t i = 0; i < options.extraUnits.size(); ++i) {
+        const auto& extra = options.extraUnits[i];
+        // A configuration of its own: generated from another seed per extra unit.
+        auto generated = generateUnits(extra.ip, 1, options.seed + 1 + i);
+        auto* made = std::get_if<std::vector<Unit>>(&generated);
+        if (made == nullptr)
+            return std::get<Error>(generated);
+        Unit unit = std::move(made->front());
+        unit.ip = extra.ip;
+        unit.config["IPAddress"] = extra.ip;
+        if (!extra.serial.empty())
+            unit.config["Serial"] = extra.serial;
+        units.push_back(std::move(unit));
+    }
+    return std::nullopt;
+}
+
 Result<std::vector<Unit>> makeUnits(const Options& options)
 {
     auto units = options.unitsFile.empty() ? generateUnits(options.firstIp, options.count, options.seed)
                                            : loadUnitsFile(options.unitsFile);
     if (auto* list = std::get_if<std::vector<Unit>>(&units)) {
+        if (auto error = addExtraUnits(*list, options))
+            return *error;
         if (auto error = applyFaultOptions(*list, options.faults))
             return *error;
     }

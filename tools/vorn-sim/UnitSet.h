@@ -11,7 +11,11 @@
 
 namespace VornSim {
 
+// The generated or file units, then the extra units of --unit, then the faults.
 Result<std::vector<Unit>> makeUnits(const Options& options);
+
+// Appends the extra units of `options` to `units`.
+std::optional<Error> addExtraUnits(std::vector<Unit>& units, const Options& options);
 
 // Fails naming the first fault whose unit address matches no unit.
 std::optional<Error> applyFaultOptions(std::vector<Unit>& units, std::span<const FaultOption> faults);

@@ -28,7 +28,15 @@ Units (generated, deterministic for a seed):
 Units from a file instead of --count/--first-ip:
   --units FILE.json     array of {"ip": "...", "config": {"Key": "Value", ...}}
                         with optional faults "reportIp", "cmd" (161 or "0xA1"),
-                        "silent" (true), "drop" (0..1), "delayMs"
+                        "silent" (true), "drop" (0..1), "delayMs"; any
+                        address may be used, also one outside the link's
+                        subnet, and one address may be listed twice
+Extra units, with --count or with --units (may be repeated):
+  --unit ADDR[=SERIAL]  one more unit at ADDR with a generated configuration
+                        (SERIAL, when given, as its serial). ADDR may lie
+                        outside the link's subnet (a unit with a wrong
+                        address), or be another unit's address (two units
+                        answering under one address, an address conflict)
 
 Faults (UNIT is a unit's address or 'all'; each option may be repeated):
   --report-ip UNIT=ADDR put ADDR in the reply header instead of the unit's own
@@ -46,6 +54,11 @@ listening; SIGINT or SIGTERM end the program. Exit status: 0 after a signal,
 Example: 50 units, one of them silent, another answering 300 ms late:
   vorn-sim --count 50 --first-ip 10.232.1.1 --silent 10.232.1.7 \
            --delay 10.232.1.9=300 --log -
+Example: 3 units, a second unit under the first one's address, and a unit
+with a factory-default address:
+  vorn-sim --count 3 --unit 10.232.1.1=KT4-DUPL01 --unit 192.168.0.50
+The namespace the simulator runs in must hold every unit's address as a
+local address (scripts/lan-harness sets that up).
 )";
 }
 

@@ -1,0 +1,161 @@
+// What the client knows about the host's networks: discovery on every
+// eligible interface, sending through the interface a unit was heard on, and
+// the two warnings about a unit's address (wrong subnet, address conflict).
+#include <QStringList>
+
+#include "VornClient.h"
+
+namespace {
+
+constexpr auto kSerialKey = std::string_view("Serial");
+
+bool sameInterfaceAddress(const Vorn::InterfaceAddress& a, const Vorn::InterfaceAddress& b)
+{
+    return a.index == b.index && a.address == b.address;
+}
+
+QString addressWithPrefix(const Vorn::InterfaceAddress& entry)
+{
+    return QString::fromStdString(Vorn::ipv4Text(entry.address)) + u'/' + QString::number(entry.prefixLength);
+}
+
+}  // namespace
+
+void VornClient::broadcastDiscover()
+{
+    // Read afresh each time: a cable plugged in or a new lease counts at once.
+    readInterfaces();
+    socket_.broadcastOn(Vorn::discoverPacket(nextSeq()), interfaces_);
+}
+
+unsigned VornClient::interfaceFor(const std::string& ip) const
+{
+    const int row = indexOf(ip);
+    return row < 0 ? 0 : devices_[static_cast<std::size_t>(row)].heardOn.interfaceIndex;
+}
+
+std::optional<Vorn::InterfaceAddress> VornClient::arrivalInterface(const Device& device) const
+{
+    if (!device.heardOn.known())
+        return std::nullopt;
+    return Vorn::findArrivalInterface(interfaces_, device.heardOn.interfaceIndex, device.heardOn.localAddress);
+}
+
+void VornClient::setInterfaceReader(InterfaceReader reader)
+{
+    readInterfaceAddresses_ = std::move(reader);
+    readInterfaces();
+}
+
+void VornClient::readInterfaces()
+{
+    auto fresh = readInterfaceAddresses_();
+    if (fresh == interfaces_)
+        return;
+    interfaces_ = std::move(fresh);
+    // Every row's subnet verdict may have changed with the interfaces.
+    if (!devices_.empty()) {
+        if (draining_) {
+            noteUpdated(0);
+            noteUpdated(deviceCount() - 1);
+        } else {
+            emit devicesUpdated(0, deviceCount() - 1);
+        }
+    }
+    refreshNetworks();
+}
+
+void VornClient::readInterfacesIfUnknown(Vorn::Arrival arrival)
+{
+    if (!arrival.known())
+        return;
+    for (const auto& entry : interfaces_) {
+        if (entry.index == arrival.interfaceIndex)
+            return;
+    }
+    readInterfaces();
+}
+
+bool VornClient::isWrongSubnet(const Device& device) const
+{
+    const auto heardOn = arrivalInterface(device);
+    if (!heardOn || !Vorn::isEligibleForDiscovery(*heardOn))
+        return false;
+    const auto address = Vorn::parseIpv4(device.ip);
+    return address && !Vorn::isInSubnet(*address, *heardOn);
+}
+
+bool VornClient::hasAddressConflict(const std::string& ip) const
+{
+    return conflicted_.contains(ip);
+}
+
+void VornClient::noteSerial(const std::string& ip, const Vorn::Config& config)
+{
+    const auto serial = config.find(kSerialKey);
+    if (serial == config.end())
+        return;
+    auto& sightings = serials_[ip];
+    const auto now = clock_->now();
+    sightings.record(serial->second, now);
+    if (sightings.conflict(now))
+        conflicted_.insert(ip);
+}
+
+void VornClient::rejudgeConflicts()
+{
+    const auto now = clock_->now();
+    for (auto ip = conflicted_.begin(); ip != conflicted_.end();) {
+        if (serials_[*ip].conflict(now)) {
+            ++ip;
+            continue;
+        }
+        const int row = indexOf(*ip);
+        ip = conflicted_.erase(ip);
+        if (row >= 0)
+            noteUpdated(row);
+    }
+}
+
+void VornClient::refreshNetworks()
+{
+    QVariantList networks;
+    for (const auto& entry : interfaces_) {
+        if (!Vorn::isEligibleForDiscovery(entry))
+            continue;
+        int units = 0;
+        for (const auto& device : devices_) {
+            const auto heardOn = arrivalInterface(device);
+            units += heardOn && sameInterfaceAddress(*heardOn, entry) ? 1 : 0;
+        }
+        networks.append(QVariantMap{
+            {QStringLiteral("name"), QString::fromStdString(entry.name)},
+            {QStringLiteral("address"), QString::fromStdString(Vorn::ipv4Text(entry.address))},
+            {QStringLiteral("prefixLength"), entry.prefixLength},
+            {QStringLiteral("units"), units},
+        });
+    }
+    if (networks == networks_)
+        return;
+    networks_ = std::move(networks);
+    emit networksChanged();
+}
+
+QVariantMap VornClient::networkData(const Device& device) const
+{
+    QStringList serials;
+    if (const auto sightings = serials_.find(device.ip); sightings != serials_.end()) {
+        for (const auto& serial : sightings->second.seenWithin(clock_->now()))
+            serials.append(QString::fromStdString(serial));
+    }
+    const auto heardOn = arrivalInterface(device);
+    const QString name = heardOn ? QString::fromStdString(heardOn->name) : QString();
+    return {
+        {QStringLiteral("heardOn"), heardOn ? name + QStringLiteral(" \u00B7 ") + addressWithPrefix(*heardOn) : QString()},
+        {QStringLiteral("interfaceName"), name},
+        {QStringLiteral("interfaceSubnet"), heardOn ? QString::fromStdString(Vorn::subnetText(*heardOn)) : QString()},
+        {QStringLiteral("wrongSubnet"), isWrongSubnet(device)},
+        {QStringLiteral("addressConflict"), hasAddressConflict(device.ip)},
+        {QStringLiteral("serialsSeen"), serials},
+    };
+}
