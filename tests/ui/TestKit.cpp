@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QTimer>
 
+#include <net/if.h>
+
 #include "PresenceClock.h"
 
 UnitProbe::UnitProbe(std::uint16_t port, const char* address, QObject* parent)
@@ -49,12 +51,50 @@ UnitProbe* TestKit::makeProbe(VornClient* client, const QString& address)
     return new UnitProbe(client->socket().port(), qPrintable(address), this);
 }
 
-void TestKit::ingest(VornClient* client, const QString& ip, const QVariantMap& config)
+namespace {
+
+Vorn::Reply reportFrom(const QString& ip, const QVariantMap& config)
 {
     Vorn::Reply reply{ip.toStdString(), Vorn::kCmdReport, {}};
     for (auto it = config.cbegin(); it != config.cend(); ++it)
         reply.config.emplace(it.key().toStdString(), it.value().toString().toStdString());
-    client->ingest(std::move(reply));
+    return reply;
+}
+
+std::uint32_t hostOrderAddress(const QString& dotted)
+{
+    const auto address = Vorn::parseIpv4(dotted.toStdString());
+    if (!address)
+        qFatal("TestKit: '%s' is no IPv4 address", qPrintable(dotted));
+    return *address;
+}
+
+}  // namespace
+
+void TestKit::ingest(VornClient* client, const QString& ip, const QVariantMap& config)
+{
+    client->ingest(reportFrom(ip, config));
+}
+
+void TestKit::setNetworks(VornClient* client, const QVariantList& networks)
+{
+    std::vector<Vorn::InterfaceAddress> entries;
+    for (const QVariant& network : networks) {
+        const QVariantMap entry = network.toMap();
+        const unsigned index = entry.value(QStringLiteral("index")).toUInt();
+        if (index < 9000)
+            qFatal("TestKit: made-up interface indexes start at 9000, not %u", index);
+        entries.push_back({entry.value(QStringLiteral("name")).toString().toStdString(), index,
+                           hostOrderAddress(entry.value(QStringLiteral("address")).toString()),
+                           entry.value(QStringLiteral("prefixLength")).toInt(), IFF_UP | IFF_RUNNING | IFF_BROADCAST});
+    }
+    client->setInterfaceReader([entries] { return entries; });
+}
+
+void TestKit::ingestHeardOn(VornClient* client, const QString& ip, const QVariantMap& config, int index,
+                            const QString& localAddress)
+{
+    client->ingest(reportFrom(ip, config), Vorn::Arrival{static_cast<unsigned>(index), hostOrderAddress(localAddress)});
 }
 
 void TestKit::setNow(VornClient* client, const QDateTime& now)

@@ -56,6 +56,15 @@ public:
 
     // Files a report from the unit at `ip` as if it had just answered.
     Q_INVOKABLE void ingest(VornClient* client, const QString& ip, const QVariantMap& config);
+    // Gives `client` made-up networks instead of the host's: each entry
+    // {name, index, address, prefixLength}, up, running and broadcast-capable.
+    // Indexes are far above any real interface's, so a send through one of
+    // them fails instead of leaving the machine.
+    Q_INVOKABLE void setNetworks(VornClient* client, const QVariantList& networks);
+    // The same as ingest, as if the report came in on interface `index` to
+    // the local address `localAddress`.
+    Q_INVOKABLE void ingestHeardOn(VornClient* client, const QString& ip, const QVariantMap& config, int index,
+                                   const QString& localAddress);
     // Stops the client's clock at `now` and lets everything re-judge presence.
     Q_INVOKABLE void setNow(VornClient* client, const QDateTime& now);
 

@@ -50,9 +50,9 @@ QQuickItem* Window::item(const char* name)
     return findVisualItem(window->contentItem(), QString::fromUtf8(name));
 }
 
-void Window::ingest(const std::string& ip, Vorn::Config config)
+void Window::ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival)
 {
-    client()->ingest(Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)});
+    client()->ingest(Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)}, arrival);
 }
 
 QList<QQuickItem*> Window::visibleTextItems()

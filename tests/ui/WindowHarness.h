@@ -39,7 +39,7 @@ struct Window {
     // The first item named `name` in the visual tree (views move their items
     // away from their object parents), or null.
     QQuickItem* item(const char* name);
-    void ingest(const std::string& ip, Vorn::Config config);
+    void ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival = {});
     // Texts of every Text item that is on screen.
     QStringList visibleTexts();
     // Every visible Text item, for checks of where texts were laid out.

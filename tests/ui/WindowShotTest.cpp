@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include <net/if.h>
 #include <unistd.h>
 
 #include "FakeUnit.h"
@@ -28,6 +29,20 @@ Vorn::Config studioUnit()
             {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
             {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
             {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
+}
+
+// Two made-up links: indexes far above any real interface's, so a send
+// through one of them fails instead of leaving the machine.
+const Vorn::InterfaceAddress kOffice{"office", 9001, *Vorn::parseIpv4("192.168.50.20"), 24,
+                                     IFF_UP | IFF_RUNNING | IFF_BROADCAST};
+const Vorn::InterfaceAddress kStudio{"studio", 9002, *Vorn::parseIpv4("10.77.1.5"), 24,
+                                     IFF_UP | IFF_RUNNING | IFF_BROADCAST};
+const Vorn::Arrival kOnStudio{kStudio.index, kStudio.address};
+
+void clickOn(Window& w, const char* name)
+{
+    QQuickItem* item = w.item(name);
+    QTest::mouseClick(w.window, Qt::LeftButton, {}, item->mapToScene(item->boundingRect().center()).toPoint());
 }
 
 }  // namespace
@@ -195,6 +210,64 @@ private slots:
         QVERIFY(log.endsWith(QStringLiteral("  write \u2192 10.232.1.10: Channel=4")));
         const QStringList texts = w.visibleTexts();
         for (const char* expected : {"Activity", "Copy all", "KT400 \u00b70002C9"})
+            QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+    }
+
+    // A studio link with a unit in its subnet, one outside it and two units
+    // answering under one address: each warning in its row, the selected
+    // unit's chips, the Network tab's note, where it was heard, the networks.
+    void networkWarnings_data()
+    {
+        QTest::addColumn<QString>("selection");
+        QTest::addColumn<QString>("segment");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("wrong-subnet") << "192.168.0.50" << "segment2"
+                                      << QStringList{"Wrong subnet",
+                                                     "Not in the subnet of studio: saves go out through studio, "
+                                                     "and the unit needs an address in 10.77.1.0/24."};
+        QTest::newRow("conflict") << "10.77.1.30" << "segment3"
+                                  << QStringList{"Address conflict", "Heard on", "studio \u00b7 10.77.1.5/24",
+                                                 "Serials seen", "KT4-0000A1, KT4-0000B2"};
+    }
+
+    void networkWarnings()
+    {
+        QFETCH(QString, selection);
+        QFETCH(QString, segment);
+        QFETCH(QStringList, expected);
+        Window w;
+        w.client()->setInterfaceReader([] { return std::vector{kOffice, kStudio}; });
+        QVERIFY(w.load());
+        w.ingest("10.77.1.20", {{"Serial", "KT4-0001B7"}, {"Channel", "2"}}, kOnStudio);
+        w.ingest("192.168.0.50", {{"Serial", "KT4-00AA50"}, {"Channel", "1"}}, kOnStudio);
+        w.ingest("10.77.1.30", {{"Serial", "KT4-0000A1"}, {"Channel", "3"}}, kOnStudio);
+        w.ingest("10.77.1.30", {{"Serial", "KT4-0000B2"}, {"Channel", "3"}}, kOnStudio);
+        w.item("contentView")->setProperty("selection", selection);
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        clickOn(w, qPrintable(segment));
+        w.shoot(QStringLiteral("network-warnings-") + QString::fromUtf8(QTest::currentDataTag()));
+
+        const QStringList texts = w.visibleTexts();
+        for (const char* always : {"192.168.0.50", " \u00b7 wrong subnet", "10.77.1.30", " \u00b7 address conflict",
+                                   "10.77.1.20", "2 networks"})
+            QVERIFY2(texts.contains(QString::fromUtf8(always)), always);
+        for (const QString& text : expected)
+            QVERIFY2(texts.contains(text), qPrintable(text));
+    }
+
+    void networksPopup()
+    {
+        Window w;
+        w.client()->setInterfaceReader([] { return std::vector{kOffice, kStudio}; });
+        QVERIFY(w.load());
+        w.ingest("10.77.1.20", {{"Serial", "KT4-0001B7"}}, kOnStudio);
+        w.ingest("10.77.1.21", {{"Serial", "KT4-0001B8"}}, kOnStudio);
+        clickOn(w, "networksButton");
+        QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Discovery goes out on")));
+        w.shoot(QStringLiteral("networks-popup"));
+
+        const QStringList texts = w.visibleTexts();
+        for (const char* expected : {"office", "192.168.50.20/24", "0 units", "studio", "10.77.1.5/24", "2 units"})
             QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
     }
 

@@ -24,6 +24,8 @@ TestCase {
             ip: "10.232.1.7"
             lastSeen: testCase.now
             selected: false
+            wrongSubnet: false
+            addressConflict: false
             clock: testCase.client.clock
         }
     }
@@ -100,7 +102,7 @@ TestCase {
         compare(title.font.weight, Font.DemiBold);
         const address = findChild(row, "rowAddress");
         compare(address.font.pixelSize, 11);
-        compare(address.y - (title.y + title.height), 2);
+        compare(address.mapToItem(row, 0, 0).y - (title.mapToItem(row, 0, 0).y + title.height), 2);
         const dot = findChild(row, "presenceDot");
         compare([dot.width, dot.height], [7, 7]);
     }
@@ -118,5 +120,38 @@ TestCase {
         const text = findChild(row, "rowTitle");
         compare(text.textFormat, Text.PlainText);
         compare(text.text, title);
+    }
+
+    function test_no_warning_on_a_unit_in_its_networks_subnet() {
+        const row = createTemporaryObject(rowComponent, testCase);
+        compare(findChild(row, "rowAddress").text, "10.232.1.7");
+        verify(!findChild(row, "rowWarning").visible);
+    }
+
+    function test_wrong_subnet_reads_after_the_address_in_amber() {
+        const row = createTemporaryObject(rowComponent, testCase, { wrongSubnet: true });
+        const warning = findChild(row, "rowWarning");
+        verify(warning.visible);
+        compare(findChild(row, "rowAddress").text + warning.text, "10.232.1.7 \u00b7 wrong subnet");
+        verify(sameColour(warning.color, Theme.amber));
+    }
+
+    function test_address_conflict_reads_after_the_address_in_amber() {
+        const row = createTemporaryObject(rowComponent, testCase, { addressConflict: true });
+        const warning = findChild(row, "rowWarning");
+        compare(findChild(row, "rowAddress").text + warning.text, "10.232.1.7 \u00b7 address conflict");
+        verify(sameColour(warning.color, Theme.amber));
+    }
+
+    function test_both_warnings_at_once() {
+        const row = createTemporaryObject(rowComponent, testCase, { wrongSubnet: true, addressConflict: true });
+        compare(findChild(row, "rowWarning").text, " \u00b7 wrong subnet \u00b7 address conflict");
+    }
+
+    function test_a_long_warning_keeps_the_dot_at_the_trailing_edge() {
+        const row = createTemporaryObject(rowComponent, testCase, { wrongSubnet: true, addressConflict: true });
+        waitForRendering(row);
+        const dot = findChild(row, "presenceDot");
+        fuzzyCompare(dot.mapToItem(row, dot.width, 0).x, row.width - 8, 0.5);
     }
 }

@@ -1,6 +1,7 @@
 // The head of the editor: the unit's title and address, its chips (presence,
-// the switcher being edited, the channel and firmware it reports), and on the
-// right Reload and Save changes above the unsaved-changes mark.
+// the switcher being edited, the channel and firmware it reports, and the
+// network warnings), and on the right Reload and Save changes above the
+// unsaved-changes mark.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -9,6 +10,8 @@ RowLayout {
     id: root
 
     required property DeviceEditor editor
+    // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
+    property var unitNetwork: ({})
 
     spacing: 16
 
@@ -69,6 +72,22 @@ RowLayout {
                 text: root.editor.firmwareChip
                 systemImage: Glyphs.firmware
                 tint: Theme.inkMuted
+            }
+            Chip {
+                objectName: "wrongSubnetChip"
+                maximumWidth: parent.width
+                visible: root.unitNetwork.wrongSubnet === true
+                text: qsTr("Wrong subnet")
+                systemImage: Glyphs.warning
+                tint: Theme.amber
+            }
+            Chip {
+                objectName: "addressConflictChip"
+                maximumWidth: parent.width
+                visible: root.unitNetwork.addressConflict === true
+                text: qsTr("Address conflict")
+                systemImage: Glyphs.warning
+                tint: Theme.amber
             }
         }
     }

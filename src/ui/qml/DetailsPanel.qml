@@ -1,5 +1,7 @@
 // The Details tab: what the unit last reported, read-only, two keys a row,
-// only the keys it reports; it follows every new reply by itself.
+// only the keys it reports, then where the unit was heard and, while more
+// than one unit answers under its address, the serials heard there; it
+// follows every new reply by itself.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -8,6 +10,16 @@ Panel {
     id: root
 
     required property DeviceEditor editor
+    // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
+    property var unitNetwork: ({})
+    readonly property var networkCells: {
+        const cells = [];
+        if (root.unitNetwork.heardOn)
+            cells.push({ key: qsTr("Heard on"), value: root.unitNetwork.heardOn });
+        if (root.unitNetwork.addressConflict === true)
+            cells.push({ key: qsTr("Serials seen"), value: root.unitNetwork.serialsSeen.join(", ") });
+        return cells;
+    }
 
     title: "Device details"
     systemImage: Glyphs.details
@@ -21,7 +33,7 @@ Panel {
         rowSpacing: 10
 
         Repeater {
-            model: root.editor.details
+            model: root.editor.details.concat(root.networkCells)
 
             ColumnLayout {
                 id: cell

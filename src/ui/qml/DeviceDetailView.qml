@@ -15,6 +15,15 @@ Item {
     required property VornClient client
     required property string ip
     readonly property alias editor: deviceEditor
+    // Where the unit was heard and what is wrong there: {heardOn,
+    // interfaceName, interfaceSubnet, wrongSubnet, addressConflict,
+    // serialsSeen}. Read again on every reply and every tick of the clock,
+    // which is when an address conflict can clear.
+    readonly property var unitNetwork: {
+        deviceEditor.live;
+        root.client.clock.now;
+        return root.client.deviceData(root.ip);
+    }
 
     DeviceEditor {
         id: deviceEditor
@@ -37,6 +46,7 @@ Item {
             objectName: "hero"
             Layout.fillWidth: true
             editor: deviceEditor
+            unitNetwork: root.unitNetwork
         }
 
         SegmentBar {
@@ -77,11 +87,13 @@ Item {
                     objectName: "networkPanel"
                     visible: deviceEditor.tab === DeviceEditor.Network
                     editor: deviceEditor
+                    unitNetwork: root.unitNetwork
                 }
                 DetailsPanel {
                     objectName: "detailsPanel"
                     visible: deviceEditor.tab === DeviceEditor.Details
                     editor: deviceEditor
+                    unitNetwork: root.unitNetwork
                 }
             }
 

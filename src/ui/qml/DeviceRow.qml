@@ -1,6 +1,8 @@
-// One base station in the sidebar: icon tile, title over address, and a dot
-// that is green while the unit's last reply is younger than 15 s by the
-// client's shared clock. Draws its own selection look.
+// One base station in the sidebar: icon tile, title over address (with a
+// warning in amber when the unit sits outside its network's subnet or shares
+// its address with another unit), and a dot that is green while the unit's
+// last reply is younger than 15 s by the client's shared clock. Draws its own
+// selection look.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -12,6 +14,8 @@ Rectangle {
     required property string ip
     required property date lastSeen
     required property bool selected
+    required property bool wrongSubnet
+    required property bool addressConflict
     required property PresenceClock clock
     // Judged again on every tick of the shared clock (its `now` changes).
     readonly property bool present: root.clock.now.getTime() > 0 && root.clock.isOnline(root.lastSeen)
@@ -63,15 +67,34 @@ Rectangle {
                 font.pixelSize: 13
                 font.weight: Font.DemiBold
             }
-            Text {
-                objectName: "rowAddress"
+            // The warning follows the address, or takes the next line whole
+            // when both do not fit.
+            Flow {
+                id: addressLine
+
                 Layout.fillWidth: true
-                text: root.ip
-                textFormat: Text.PlainText
-                elide: Text.ElideRight
-                color: Theme.inkMuted
-                font.family: "monospace"
-                font.pixelSize: 11
+
+                Text {
+                    objectName: "rowAddress"
+                    width: Math.min(implicitWidth, addressLine.width)
+                    text: root.ip
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.inkMuted
+                    font.family: "monospace"
+                    font.pixelSize: 11
+                }
+                Text {
+                    objectName: "rowWarning"
+                    width: Math.min(implicitWidth, addressLine.width)
+                    visible: root.wrongSubnet || root.addressConflict
+                    text: (root.wrongSubnet ? " \u00b7 " + qsTr("wrong subnet") : "")
+                        + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.amber
+                    font.pixelSize: 11
+                }
             }
         }
 

@@ -1,5 +1,7 @@
 // The Network tab: the unit's own address, mask and gateway, sent only by
 // their own button and only after the confirmation that the view shows.
+// For a unit outside the subnet of the network it was heard on, a note says
+// where saves go out and which addresses would fit.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -8,6 +10,8 @@ Panel {
     id: root
 
     required property DeviceEditor editor
+    // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
+    property var unitNetwork: ({})
 
     title: "Network"
     systemImage: Glyphs.network
@@ -68,6 +72,30 @@ Panel {
         }
         Item {
             Layout.fillWidth: true
+        }
+    }
+    RowLayout {
+        objectName: "wrongSubnetNote"
+        Layout.fillWidth: true
+        Layout.topMargin: 4
+        visible: root.unitNetwork.wrongSubnet === true
+        spacing: 8
+
+        Icon {
+            Layout.alignment: Qt.AlignTop
+            glyph: Glyphs.warning
+            color: Theme.amber
+            points: 11
+        }
+        Text {
+            objectName: "wrongSubnetText"
+            Layout.fillWidth: true
+            text: qsTr("Not in the subnet of %1: saves go out through %1, and the unit needs an address in %2.")
+                .arg(root.unitNetwork.interfaceName || "").arg(root.unitNetwork.interfaceSubnet || "")
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.amber
+            font.pixelSize: 11
         }
     }
 }

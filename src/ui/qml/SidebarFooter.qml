@@ -1,6 +1,6 @@
 // The foot of the sidebar: a hairline, the manual address row, the Discover
-// button, the client's status line with the number of known units, and the
-// switch of the activity pane.
+// button, the client's status line with the networks discovery goes out on
+// and the number of known units, and the switch of the activity pane.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -90,6 +90,10 @@ Rectangle {
                 elide: Text.ElideRight
                 color: Theme.inkMuted
                 font.pixelSize: 11
+            }
+            NetworksButton {
+                objectName: "networksButton"
+                networks: root.client.networks
             }
             Text {
                 objectName: "unitCount"

@@ -1,0 +1,50 @@
+// The small button beside the status line that says on how many networks
+// discovery goes out ("No network" in amber when there is none) and opens
+// the list of those networks.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+
+Button {
+    id: root
+
+    // One entry per network: {name, address, prefixLength, units}.
+    required property var networks
+    readonly property int count: root.networks.length
+
+    text: root.count === 0 ? qsTr("No network")
+        : root.count === 1 ? qsTr("1 network")
+        : qsTr("%1 networks").arg(root.count)
+    leftPadding: 7
+    rightPadding: 7
+    topPadding: 2
+    bottomPadding: 2
+    font.pixelSize: 11
+    font.weight: Font.DemiBold
+    opacity: root.down ? 0.8 : 1
+    onClicked: popup.open()
+
+    contentItem: Text {
+        text: root.text
+        textFormat: Text.PlainText
+        font: root.font
+        color: root.count === 0 ? Theme.amber : Theme.inkMuted
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    background: Rectangle {
+        radius: height / 2
+        color: root.hovered || root.visualFocus ? Theme.surface2 : "transparent"
+        border.width: 1
+        border.color: root.visualFocus ? Theme.cyan : Theme.stroke
+    }
+
+    NetworksPopup {
+        id: popup
+
+        objectName: "networksPopup"
+        networks: root.networks
+        y: -popup.height - 8
+    }
+}
