@@ -1,6 +1,7 @@
 // The window's sidebar diagnostics (category vornlink.sidebar): each report
 // is one line "vornlink.sidebar: rows " followed by a JSON array of
-// [address, title] pairs, one per row shown, top to bottom.
+// [address, title, warnings] triples, one per row shown, top to bottom
+// (warnings: the text after the address, empty for a unit without any).
 #pragma once
 
 #include <string>

@@ -38,12 +38,23 @@ nlohmann::json waitForRows(LanTest::Process& app, std::size_t count)
     return rows;
 }
 
+// One column of the rows: 0 the addresses, 2 the warnings after them.
+std::vector<std::string> columnOf(const nlohmann::json& rows, std::size_t column)
+{
+    std::vector<std::string> values;
+    for (const auto& row : rows)
+        values.push_back(row[column].get<std::string>());
+    return values;
+}
+
 std::vector<std::string> addressesOf(const nlohmann::json& rows)
 {
-    std::vector<std::string> addresses;
-    for (const auto& row : rows)
-        addresses.push_back(row[0].get<std::string>());
-    return addresses;
+    return columnOf(rows, 0);
+}
+
+std::vector<std::string> warningsOf(const nlohmann::json& rows)
+{
+    return columnOf(rows, 2);
 }
 
 TEST_F(WindowOnLan, ListsTheSimulatedUnitsInAddressTextOrder)
@@ -80,6 +91,8 @@ TEST_F(WindowOnTwoLinks, ListsTheUnitsOfTheOfficeAndOfTheStudioLinkWithoutGatewa
     EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.232.1.1", "10.232.1.2", "10.77.1.129", "10.77.1.130",
                                                            "192.168.0.50"}))
         << app.stderrText();
+    // Only the unit outside the studio link's subnet is flagged.
+    EXPECT_EQ(warningsOf(rows), (std::vector<std::string>{"", "", "", "", " \u00b7 wrong subnet"})) << rows.dump();
     EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
 }
 
@@ -99,6 +112,7 @@ TEST_F(WindowOnStudioOnly, ListsTheUnitsOfAStudioLinkWithNoDefaultRoute)
     const auto rows = waitForRows(app, 3);
     EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.77.1.129", "10.77.1.130", "192.168.0.50"}))
         << app.stderrText();
+    EXPECT_EQ(warningsOf(rows), (std::vector<std::string>{"", "", " \u00b7 wrong subnet"})) << rows.dump();
     EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
 }
 
@@ -114,7 +128,7 @@ TEST_F(WindowOnLan, ShowsMarkupInASerialAsTextAndFetchesNothing)
     auto app = startVornlink();
     // The title keeps the serial's last six characters, markup and all.
     const std::string title = "KT400 \u00b7ig</b>";
-    ASSERT_TRUE(app.waitForStderrLine(LanTest::sidebarRowsLine(nlohmann::json::array({nlohmann::json::array({"10.232.1.5", title})})), 20s)) << app.stderrText();
+    ASSERT_TRUE(app.waitForStderrLine(LanTest::sidebarRowsLine(nlohmann::json::array({nlohmann::json::array({"10.232.1.5", title, ""})})), 20s)) << app.stderrText();
     EXPECT_FALSE(app.wait(1s).has_value()) << "the window ended: " << app.stderrText();
     EXPECT_EQ(witness.stderrText().find("connection"), std::string::npos);
 }

@@ -38,15 +38,15 @@ SplitView {
     }
 
     // Diagnostics (QT_LOGGING_RULES "vornlink.sidebar.info=true"): the rows as
-    // laid out, [address, title] from top to bottom, whenever their number
-    // changes. Off by default, and then never run: it walks every row.
+    // laid out, [address, title, warnings] from top to bottom, whenever their
+    // number changes. Off by default, and then never run: it walks every row.
     function reportRows() {
         deviceList.forceLayout();
         const rows = [];
         for (let i = 0; i < deviceList.count; ++i) {
             const row = deviceList.itemAtIndex(i);
             if (row)
-                rows.push([row.ip, row.title]);
+                rows.push([row.ip, row.title, row.warningText]);
         }
         console.info(sidebarLog, "rows " + JSON.stringify(rows));
     }

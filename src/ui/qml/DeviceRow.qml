@@ -16,6 +16,9 @@ Rectangle {
     required property bool selected
     required property bool wrongSubnet
     required property bool addressConflict
+    // What follows the address: each warning after a middle dot, or nothing.
+    readonly property string warningText: (root.wrongSubnet ? " \u00b7 " + qsTr("wrong subnet") : "")
+        + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
     required property PresenceClock clock
     // Judged again on every tick of the shared clock (its `now` changes).
     readonly property bool present: root.clock.now.getTime() > 0 && root.clock.isOnline(root.lastSeen)
@@ -87,9 +90,8 @@ Rectangle {
                 Text {
                     objectName: "rowWarning"
                     width: Math.min(implicitWidth, addressLine.width)
-                    visible: root.wrongSubnet || root.addressConflict
-                    text: (root.wrongSubnet ? " \u00b7 " + qsTr("wrong subnet") : "")
-                        + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
+                    visible: root.warningText !== ""
+                    text: root.warningText
                     textFormat: Text.PlainText
                     elide: Text.ElideRight
                     color: Theme.amber
