@@ -82,7 +82,7 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const
     case LastSeenRole:
         return toDateTime(device.lastSeen);
     case OnlineRole:
-        return isPresent(device.lastSeen, client_->clock()->now());
+        return client_->isOnline(device);
     case ConfigRole:
         return toVariantMap(device.config);
     case WrongSubnetRole:

@@ -12,11 +12,6 @@ void PresenceClock::setNowFunction(NowFunction now)
     now_ = std::move(now);
 }
 
-bool PresenceClock::isOnline(const QDateTime& lastSeen) const
-{
-    return lastSeen.isValid() && isPresent(toTimePoint(lastSeen), now());
-}
-
 void PresenceClock::tick()
 {
     emit ticked();

@@ -39,8 +39,6 @@ public:
     // Replaces the wall clock, for tests that move time by hand.
     void setNowFunction(NowFunction now);
 
-    Q_INVOKABLE bool isOnline(const QDateTime& lastSeen) const;
-
     // Announces a new second; the timer calls it, tests may too.
     void tick();
 

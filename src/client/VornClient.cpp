@@ -43,6 +43,7 @@ void VornClient::start()
         return;
     }
     setStatus(QStringLiteral("listening on %1").arg(port));
+    emit listeningChanged();
     qCInfo(lcVornClient) << "receive buffer: asked for" << Vorn::VornSocket::kRequestedKernelBuffer
                          << "bytes, the kernel reports" << socket_.kernelReceiveBuffer();
     broadcastDiscover();
@@ -174,6 +175,11 @@ int VornClient::indexOf(std::string_view ip) const
     if (place == devices_.end() || place->ip != ip)
         return -1;
     return static_cast<int>(place - devices_.begin());
+}
+
+bool VornClient::isOnline(const Device& device) const
+{
+    return isPresent(device.lastSeen, clock_->now());
 }
 
 std::optional<Device> VornClient::device(std::string_view ip) const

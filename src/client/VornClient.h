@@ -32,6 +32,8 @@ class QTimer;
 class VornClient : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
+    // True once the endpoint is bound: the status line's dot follows it.
+    Q_PROPERTY(bool listening READ listening NOTIFY listeningChanged)
     Q_PROPERTY(QStringList log READ log NOTIFY logChanged)
     Q_PROPERTY(int deviceCount READ deviceCount NOTIFY deviceCountChanged)
     Q_PROPERTY(QString broadcastAddress READ broadcastAddress CONSTANT)
@@ -93,12 +95,18 @@ public:
     void setInterfaceReader(InterfaceReader reader);
 
     std::optional<Device> device(std::string_view ip) const;
+    // Whether a unit answered from `ip` (the address text exactly).
+    Q_INVOKABLE bool contains(const QString& ip) const { return indexOf(ip.toStdString()) >= 0; }
+    // The unit's last reply is younger than 15 s by the client's clock: the
+    // one presence verdict the list and the editor show.
+    bool isOnline(const Device& device) const;
     // Row of the unit at `ip` in devices(), or -1.
     int indexOf(std::string_view ip) const;
     const std::vector<Device>& devices() const { return devices_; }
     int deviceCount() const { return static_cast<int>(devices_.size()); }
 
     QString status() const { return status_; }
+    bool listening() const { return socket_.isListening(); }
     QStringList log() const { return log_; }
     QString broadcastAddress() const { return QString::fromStdString(socket_.broadcastAddress()); }
     PresenceClock* clock() const { return clock_; }
@@ -112,6 +120,7 @@ public:
 
 signals:
     void statusChanged();
+    void listeningChanged();
     void logChanged();
     void deviceCountChanged();
     // Around the insertion of a new unit at `row`, so a model can follow.

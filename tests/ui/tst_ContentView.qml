@@ -172,4 +172,44 @@ TestCase {
         compare(child("detailTitle").text, expected);
         compare(child("detailTitle").textFormat, Text.PlainText);
     }
+
+    // Presence in the list: the model judges it on the client's clock, the row shows it.
+    function presenceDotAfter(seconds) {
+        const start = new Date(2024, 5, 1, 12, 0, 0);
+        TestKit.setNow(client, start);
+        TestKit.ingest(client, "10.232.1.7", {});
+        TestKit.setNow(client, new Date(start.getTime() + seconds * 1000));
+        const list = child("deviceList");
+        waitForRendering(list);
+        return findChild(list.itemAtIndex(0), "presenceDot").color;
+    }
+
+    function test_row_of_a_unit_last_heard_14_9_seconds_ago_shows_the_green_dot() {
+        verify(sameColour(presenceDotAfter(14.9), Theme.online));
+    }
+
+    function test_row_of_a_unit_last_heard_15_seconds_ago_shows_the_muted_dot() {
+        const dot = presenceDotAfter(15);
+        fuzzyCompare(dot.a, 0.5, 0.005);
+        fuzzyCompare(dot.r, Theme.inkMuted.r, 0.005);
+    }
+
+    function test_row_of_a_unit_last_heard_in_the_future_counts_as_present() {
+        verify(sameColour(presenceDotAfter(-60), Theme.online));
+    }
+
+    function test_presence_lapses_on_the_clock_tick_without_a_reply() {
+        verify(sameColour(presenceDotAfter(14), Theme.online));
+        TestKit.setNow(client, new Date(2024, 5, 1, 12, 0, 16));
+        const dot = findChild(child("deviceList").itemAtIndex(0), "presenceDot").color;
+        fuzzyCompare(dot.a, 0.5, 0.005);
+    }
+
+    function test_status_dot_follows_listening_not_the_status_text() {
+        verify(!client.listening);
+        verify(sameColour(child("statusDot").color, Theme.amber));
+        client.start();
+        verify(client.listening);
+        verify(sameColour(child("statusDot").color, Theme.online));
+    }
 }

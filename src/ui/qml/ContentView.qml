@@ -16,10 +16,10 @@ SplitView {
     // The activity pane under the detail; the split view keeps the height
     // the user drags it to for as long as the window lives.
     property bool activityShown: false
-    readonly property color statusColor: root.client.status.startsWith("listening") ? Theme.online : Theme.amber
+    readonly property color statusColor: root.client.listening ? Theme.online : Theme.amber
     readonly property bool selectionKnown: {
         root.client.deviceCount; // units are only ever added, so the count marks every change
-        return root.selection !== "" && root.client.deviceData(root.selection).ip !== undefined;
+        return root.selection !== "" && root.client.contains(root.selection);
     }
 
     // Sends one discover to the address in the field, blanks around it
@@ -98,7 +98,6 @@ SplitView {
                     required property int index
 
                     width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
-                    clock: root.client.clock
                     selected: root.selection === ip
 
                     TapHandler {

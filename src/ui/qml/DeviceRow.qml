@@ -1,8 +1,8 @@
 // One base station in the sidebar: icon tile, title over address (with a
 // warning in amber when the unit sits outside its network's subnet or shares
-// its address with another unit), and a dot that is green while the unit's
-// last reply is younger than 15 s by the client's shared clock. Draws its own
-// selection look.
+// its address with another unit), and a dot that is green while the unit is
+// online (the list model judges that on every tick of the client's clock).
+// Draws its own selection look.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -12,16 +12,13 @@ Rectangle {
 
     required property string title
     required property string ip
-    required property date lastSeen
     required property bool selected
     required property bool wrongSubnet
     required property bool addressConflict
     // What follows the address: each warning after a middle dot, or nothing.
     readonly property string warningText: (root.wrongSubnet ? " \u00b7 " + qsTr("wrong subnet") : "")
         + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
-    required property PresenceClock clock
-    // Judged again on every tick of the shared clock (its `now` changes).
-    readonly property bool present: root.clock.now.getTime() > 0 && root.clock.isOnline(root.lastSeen)
+    required property bool online
 
     implicitWidth: row.implicitWidth + 16
     implicitHeight: row.implicitHeight + 10
@@ -105,7 +102,7 @@ Rectangle {
             Layout.preferredWidth: 7
             Layout.preferredHeight: 7
             radius: 3.5
-            color: root.present ? Theme.online : Theme.alpha(Theme.inkMuted, 0.5)
+            color: root.online ? Theme.online : Theme.alpha(Theme.inkMuted, 0.5)
         }
     }
 }
