@@ -7,7 +7,7 @@
 #   first-frame.sh PREFIX/bin/vornlink
 set -u
 [ $# -eq 1 ] || { echo "usage: first-frame.sh VORNLINK" >&2; exit 2; }
-program=$1
+program=$(realpath "$1")
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
