@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
@@ -55,6 +56,10 @@ int runWindowApp(int& argc, char** argv)
 
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("VornLink"));
+    // The desktop entry, the metadata and the icon are all named by the application id.
+    QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
+    QGuiApplication::setWindowIcon(
+        QIcon::fromTheme(QStringLiteral(VORN_APP_ID), QIcon(QStringLiteral(":/icons/" VORN_APP_ID ".png"))));
     // Closing the window leaves discovery running; a new launch or the dock brings it back.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
