@@ -150,10 +150,8 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     if (place != devices_.end() && place->ip == reply.deviceIp) {
         place->config = std::move(reply.config);
         place->lastSeen = now;
-        place->heardOn = arrival;
+        noteArrival(std::exchange(place->heardOn, arrival), arrival);
         noteUpdated(row);
-        if (!draining_)
-            refreshNetworks();
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
@@ -163,8 +161,7 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     emit deviceAdded(row);
     emit deviceCountChanged();
     addLog(QStringLiteral("found ") + address);
-    if (!draining_)
-        refreshNetworks();
+    noteArrival(std::nullopt, arrival);
 }
 
 int VornClient::indexOf(std::string_view ip) const

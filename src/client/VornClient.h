@@ -5,7 +5,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <chrono>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -133,6 +135,7 @@ private:
     void readInterfaces();
     void readInterfacesIfUnknown(Vorn::Arrival arrival);
     void noteSerial(const std::string& ip, const Vorn::Config& config);
+    void noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival now);
     void rejudgeConflicts();
     void refreshNetworks();
     QVariantMap networkData(const Device& device) const;
@@ -154,6 +157,10 @@ private:
     // Addresses flagged with a conflict, re-judged on every clock tick.
     std::set<std::string> conflicted_;
     QVariantList networks_;
+    // How many listed units were last heard at each arrival, kept as replies
+    // merge so that counting per interface does not walk the table.
+    std::map<std::pair<unsigned, std::uint32_t>, int> unitsByArrival_;
+    std::chrono::steady_clock::time_point lastUnknownArrivalRead_;
     QString status_;
     QStringList log_;
     std::uint16_t seq_;

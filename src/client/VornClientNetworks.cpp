@@ -73,7 +73,27 @@ void VornClient::readInterfacesIfUnknown(Vorn::Arrival arrival)
         if (entry.index == arrival.interfaceIndex)
             return;
     }
+    // An interface without an IPv4 address stays unknown: read at most once a
+    // second, not once per reply of a burst.
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastUnknownArrivalRead_ < std::chrono::seconds(1))
+        return;
+    lastUnknownArrivalRead_ = now;
     readInterfaces();
+}
+
+void VornClient::noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival now)
+{
+    if (before == now)
+        return;
+    if (before) {
+        const auto key = std::make_pair(before->interfaceIndex, before->localAddress);
+        if (--unitsByArrival_[key] == 0)
+            unitsByArrival_.erase(key);
+    }
+    ++unitsByArrival_[std::make_pair(now.interfaceIndex, now.localAddress)];
+    if (!draining_)
+        refreshNetworks();
 }
 
 bool VornClient::isWrongSubnet(const Device& device) const
@@ -124,9 +144,9 @@ void VornClient::refreshNetworks()
         if (!Vorn::isEligibleForDiscovery(entry))
             continue;
         int units = 0;
-        for (const auto& device : devices_) {
-            const auto heardOn = arrivalInterface(device);
-            units += heardOn && sameInterfaceAddress(*heardOn, entry) ? 1 : 0;
+        for (const auto& [arrival, count] : unitsByArrival_) {
+            const auto heardOn = Vorn::findArrivalInterface(interfaces_, arrival.first, arrival.second);
+            units += heardOn && sameInterfaceAddress(*heardOn, entry) ? count : 0;
         }
         networks.append(QVariantMap{
             {QStringLiteral("name"), QString::fromStdString(entry.name)},
