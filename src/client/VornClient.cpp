@@ -143,11 +143,11 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     }
     const auto now = clock_->now();
     readInterfacesIfUnknown(arrival);
-    noteSerial(reply.deviceIp, reply.config);
     const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp,
                                         [](const Device& device, const std::string& ip) { return device.ip < ip; });
     const int row = static_cast<int>(place - devices_.begin());
     if (place != devices_.end() && place->ip == reply.deviceIp) {
+        noteSerial(&*place, reply.deviceIp, reply.config, now);
         place->config = std::move(reply.config);
         place->lastSeen = now;
         noteArrival(std::exchange(place->heardOn, arrival), arrival);

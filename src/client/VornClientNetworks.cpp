@@ -107,31 +107,40 @@ bool VornClient::isWrongSubnet(const Device& device) const
 
 bool VornClient::hasAddressConflict(const std::string& ip) const
 {
-    return conflicted_.contains(ip);
+    return conflicts_.contains(ip);
 }
 
-void VornClient::noteSerial(const std::string& ip, const Vorn::Config& config)
+// Called before the reply replaces `known`'s configuration: a serial other
+// than the one of the unit's previous reply starts the tracking of serials.
+void VornClient::noteSerial(const Device* known, const std::string& ip, const Vorn::Config& config,
+                            WallClock::time_point now)
 {
     const auto serial = config.find(kSerialKey);
     if (serial == config.end())
         return;
-    auto& sightings = serials_[ip];
-    const auto now = clock_->now();
-    sightings.record(serial->second, now);
-    if (sightings.conflict(now))
-        conflicted_.insert(ip);
+    auto tracked = conflicts_.empty() ? conflicts_.end() : conflicts_.find(ip);
+    if (tracked == conflicts_.end()) {
+        const auto previous = known->config.find(kSerialKey);
+        if (previous == known->config.end() || previous->second == serial->second)
+            return;
+        tracked = conflicts_.emplace(ip, SerialSightings()).first;
+        tracked->second.record(previous->second, known->lastSeen);
+    }
+    tracked->second.record(serial->second, now);
+    if (!tracked->second.conflict(now))
+        conflicts_.erase(tracked);
 }
 
 void VornClient::rejudgeConflicts()
 {
     const auto now = clock_->now();
-    for (auto ip = conflicted_.begin(); ip != conflicted_.end();) {
-        if (serials_[*ip].conflict(now)) {
-            ++ip;
+    for (auto entry = conflicts_.begin(); entry != conflicts_.end();) {
+        if (entry->second.conflict(now)) {
+            ++entry;
             continue;
         }
-        const int row = indexOf(*ip);
-        ip = conflicted_.erase(ip);
+        const int row = indexOf(entry->first);
+        entry = conflicts_.erase(entry);
         if (row >= 0)
             noteUpdated(row);
     }
@@ -164,9 +173,13 @@ void VornClient::refreshNetworks()
 QVariantMap VornClient::networkData(const Device& device) const
 {
     QStringList serials;
-    if (const auto sightings = serials_.find(device.ip); sightings != serials_.end()) {
-        for (const auto& serial : sightings->second.seenWithin(clock_->now()))
+    const auto now = clock_->now();
+    if (const auto tracked = conflicts_.find(device.ip); tracked != conflicts_.end()) {
+        for (const auto& serial : tracked->second.seenWithin(now))
             serials.append(QString::fromStdString(serial));
+    } else if (const auto serial = device.config.find(kSerialKey);
+               serial != device.config.end() && now - device.lastSeen < SerialSightings::kWindow) {
+        serials.append(QString::fromStdString(serial->second));
     }
     const auto heardOn = arrivalInterface(device);
     const QString name = heardOn ? QString::fromStdString(heardOn->name) : QString();
