@@ -144,17 +144,15 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     }
     const auto now = clock_->now();
     readInterfacesIfUnknown(arrival);
-    noteSerial(reply.deviceIp, reply.config);
     const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp,
                                         [](const Device& device, const std::string& ip) { return device.ip < ip; });
     const int row = static_cast<int>(place - devices_.begin());
     if (place != devices_.end() && place->ip == reply.deviceIp) {
+        noteSerial(&*place, reply.deviceIp, reply.config, now);
         place->config = std::move(reply.config);
         place->lastSeen = now;
-        place->heardOn = arrival;
+        noteArrival(std::exchange(place->heardOn, arrival), arrival);
         noteUpdated(row);
-        if (!draining_)
-            refreshNetworks();
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
@@ -164,8 +162,7 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     emit deviceAdded(row);
     emit deviceCountChanged();
     addLog(QStringLiteral("found ") + address);
-    if (!draining_)
-        refreshNetworks();
+    noteArrival(std::nullopt, arrival);
 }
 
 int VornClient::indexOf(std::string_view ip) const

@@ -5,11 +5,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <chrono>
 #include <functional>
+#include <map>
 #include <optional>
-#include <set>
 #include <string>
-#include <unordered_map>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -141,7 +141,9 @@ private:
     std::optional<Vorn::InterfaceAddress> arrivalInterface(const Device& device) const;
     void readInterfaces();
     void readInterfacesIfUnknown(Vorn::Arrival arrival);
-    void noteSerial(const std::string& ip, const Vorn::Config& config);
+    void noteSerial(const Device* known, const std::string& ip, const Vorn::Config& config,
+                    WallClock::time_point now);
+    void noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival now);
     void rejudgeConflicts();
     void refreshNetworks();
     QVariantMap networkData(const Device& device) const;
@@ -159,10 +161,15 @@ private:
     // The host's interfaces as last read: at each broadcast discover, and
     // when a reply comes in on an interface not among them.
     std::vector<Vorn::InterfaceAddress> interfaces_;
-    std::unordered_map<std::string, SerialSightings> serials_;
-    // Addresses flagged with a conflict, re-judged on every clock tick.
-    std::set<std::string> conflicted_;
+    // The serials heard lately under each address flagged with a conflict,
+    // re-judged on every clock tick; an address leaves once its flag clears.
+    // Other addresses need none: their one serial is in their last reply.
+    std::map<std::string, SerialSightings> conflicts_;
     QVariantList networks_;
+    // How many listed units were last heard at each arrival, kept as replies
+    // merge so that counting per interface does not walk the table.
+    std::map<std::pair<unsigned, std::uint32_t>, int> unitsByArrival_;
+    std::chrono::steady_clock::time_point lastUnknownArrivalRead_;
     QString status_;
     QStringList log_;
     std::uint16_t seq_;

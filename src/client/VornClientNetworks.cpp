@@ -73,7 +73,27 @@ void VornClient::readInterfacesIfUnknown(Vorn::Arrival arrival)
         if (entry.index == arrival.interfaceIndex)
             return;
     }
+    // An interface without an IPv4 address stays unknown: read at most once a
+    // second, not once per reply of a burst.
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastUnknownArrivalRead_ < std::chrono::seconds(1))
+        return;
+    lastUnknownArrivalRead_ = now;
     readInterfaces();
+}
+
+void VornClient::noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival now)
+{
+    if (before == now)
+        return;
+    if (before) {
+        const auto key = std::make_pair(before->interfaceIndex, before->localAddress);
+        if (--unitsByArrival_[key] == 0)
+            unitsByArrival_.erase(key);
+    }
+    ++unitsByArrival_[std::make_pair(now.interfaceIndex, now.localAddress)];
+    if (!draining_)
+        refreshNetworks();
 }
 
 bool VornClient::isWrongSubnet(const Device& device) const
@@ -87,31 +107,40 @@ bool VornClient::isWrongSubnet(const Device& device) const
 
 bool VornClient::hasAddressConflict(const std::string& ip) const
 {
-    return conflicted_.contains(ip);
+    return conflicts_.contains(ip);
 }
 
-void VornClient::noteSerial(const std::string& ip, const Vorn::Config& config)
+// Called before the reply replaces `known`'s configuration: a serial other
+// than the one of the unit's previous reply starts the tracking of serials.
+void VornClient::noteSerial(const Device* known, const std::string& ip, const Vorn::Config& config,
+                            WallClock::time_point now)
 {
     const auto serial = config.find(kSerialKey);
     if (serial == config.end())
         return;
-    auto& sightings = serials_[ip];
-    const auto now = clock_->now();
-    sightings.record(serial->second, now);
-    if (sightings.conflict(now))
-        conflicted_.insert(ip);
+    auto tracked = conflicts_.empty() ? conflicts_.end() : conflicts_.find(ip);
+    if (tracked == conflicts_.end()) {
+        const auto previous = known->config.find(kSerialKey);
+        if (previous == known->config.end() || previous->second == serial->second)
+            return;
+        tracked = conflicts_.emplace(ip, SerialSightings()).first;
+        tracked->second.record(previous->second, known->lastSeen);
+    }
+    tracked->second.record(serial->second, now);
+    if (!tracked->second.conflict(now))
+        conflicts_.erase(tracked);
 }
 
 void VornClient::rejudgeConflicts()
 {
     const auto now = clock_->now();
-    for (auto ip = conflicted_.begin(); ip != conflicted_.end();) {
-        if (serials_[*ip].conflict(now)) {
-            ++ip;
+    for (auto entry = conflicts_.begin(); entry != conflicts_.end();) {
+        if (entry->second.conflict(now)) {
+            ++entry;
             continue;
         }
-        const int row = indexOf(*ip);
-        ip = conflicted_.erase(ip);
+        const int row = indexOf(entry->first);
+        entry = conflicts_.erase(entry);
         if (row >= 0)
             noteUpdated(row);
     }
@@ -124,9 +153,9 @@ void VornClient::refreshNetworks()
         if (!Vorn::isEligibleForDiscovery(entry))
             continue;
         int units = 0;
-        for (const auto& device : devices_) {
-            const auto heardOn = arrivalInterface(device);
-            units += heardOn && sameInterfaceAddress(*heardOn, entry) ? 1 : 0;
+        for (const auto& [arrival, count] : unitsByArrival_) {
+            const auto heardOn = Vorn::findArrivalInterface(interfaces_, arrival.first, arrival.second);
+            units += heardOn && sameInterfaceAddress(*heardOn, entry) ? count : 0;
         }
         networks.append(QVariantMap{
             {QStringLiteral("name"), QString::fromStdString(entry.name)},
@@ -144,9 +173,13 @@ void VornClient::refreshNetworks()
 QVariantMap VornClient::networkData(const Device& device) const
 {
     QStringList serials;
-    if (const auto sightings = serials_.find(device.ip); sightings != serials_.end()) {
-        for (const auto& serial : sightings->second.seenWithin(clock_->now()))
+    const auto now = clock_->now();
+    if (const auto tracked = conflicts_.find(device.ip); tracked != conflicts_.end()) {
+        for (const auto& serial : tracked->second.seenWithin(now))
             serials.append(QString::fromStdString(serial));
+    } else if (const auto serial = device.config.find(kSerialKey);
+               serial != device.config.end() && now - device.lastSeen < SerialSightings::kWindow) {
+        serials.append(QString::fromStdString(serial->second));
     }
     const auto heardOn = arrivalInterface(device);
     const QString name = heardOn ? QString::fromStdString(heardOn->name) : QString();

@@ -20,11 +20,11 @@ namespace {
 void enableArrivalInfo(int fd)
 {
     const int one = 1;
-#if defined(IP_PKTINFO)
-    ::setsockopt(fd, IPPROTO_IP, IP_PKTINFO, &one, sizeof one);
-#elif defined(IP_RECVIF)
+#if defined(__APPLE__)
     ::setsockopt(fd, IPPROTO_IP, IP_RECVIF, &one, sizeof one);
     ::setsockopt(fd, IPPROTO_IP, IP_RECVDSTADDR, &one, sizeof one);
+#else
+    ::setsockopt(fd, IPPROTO_IP, IP_PKTINFO, &one, sizeof one);
 #endif
 }
 
@@ -34,7 +34,7 @@ Arrival arrivalOf(msghdr& message)
     for (cmsghdr* item = CMSG_FIRSTHDR(&message); item != nullptr; item = CMSG_NXTHDR(&message, item)) {
         if (item->cmsg_level != IPPROTO_IP)
             continue;
-#if defined(IP_PKTINFO)
+#if !defined(__APPLE__)
         if (item->cmsg_type == IP_PKTINFO) {
             in_pktinfo info;
             std::memcpy(&info, CMSG_DATA(item), sizeof info);
@@ -43,7 +43,7 @@ Arrival arrivalOf(msghdr& message)
             // the header's destination, for a broadcast the interface's own.
             arrival.localAddress = ntohl(info.ipi_spec_dst.s_addr);
         }
-#elif defined(IP_RECVIF)
+#else
         if (item->cmsg_type == IP_RECVIF) {
             sockaddr_dl link;
             std::memcpy(&link, CMSG_DATA(item), std::min<std::size_t>(sizeof link, item->cmsg_len - CMSG_LEN(0)));

@@ -64,7 +64,7 @@ void VornSocket::sendVia(std::span<const std::uint8_t> data, const std::string& 
     message.msg_namelen = sizeof destination;
     message.msg_iov = &payload;
     message.msg_iovlen = 1;
-#if defined(IP_PKTINFO) && !defined(__APPLE__)
+#if !defined(__APPLE__)
     // The interface goes with the datagram: the kernel sends it out there,
     // with that interface's address, even where no route leads to `ip`.
     alignas(cmsghdr) char control[CMSG_SPACE(sizeof(in_pktinfo))] = {};
@@ -80,7 +80,7 @@ void VornSocket::sendVia(std::span<const std::uint8_t> data, const std::string& 
         info.ipi_ifindex = static_cast<int>(interfaceIndex);
         std::memcpy(CMSG_DATA(item), &info, sizeof info);
     }
-#elif defined(IP_BOUND_IF)
+#else
     if (interfaceIndex != 0)
         ::setsockopt(fd, IPPROTO_IP, IP_BOUND_IF, &interfaceIndex, sizeof interfaceIndex);
 #endif

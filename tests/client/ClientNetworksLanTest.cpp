@@ -1,5 +1,6 @@
 // The client on a console with two links: an office link holding the default
 // route and a studio link without gateway, simulated units on both.
+#include <algorithm>
 #include <thread>
 
 #include "ClientLanKit.h"
@@ -171,6 +172,30 @@ TEST_F(ClientOnTwoLinks, ALinkBroughtUpWhileRunningGetsTheNextDiscoverAndItsUnit
     EXPECT_EQ(tables.back().at("devices").size(), 3u);
     EXPECT_NE(findDevice(tables.back(), kStudioUnit), nullptr);
     EXPECT_EQ(tables.back().at("networks").size(), 2u);
+}
+
+TEST_F(ClientOnTwoLinks, AnAliasAddressGetsItsOwnCopyOfEachDiscoverAndItsUnitsAreInTheirSubnet)
+{
+    lan().addStudioAlias("192.168.0.200/24");
+    LanTest::Simulator office(lan(), {"--count", "1"}, dir());
+    LanTest::Simulator studio(lan().studioNs(), {"--count", "1", "--first-ip", kStudioUnit, "--unit", kWrongSubnet},
+                              dir());
+    const auto run = runDriver({"--run-ms", "2500"});
+    const auto studioLog = discoversTo(capture(studio), "255.255.255.255");
+
+    // One copy per address of the studio link, with one sequence number.
+    ASSERT_EQ(studioLog.size(), 2u);
+    std::vector<std::string> sources{studioLog[0].datagram.src, studioLog[1].datagram.src};
+    std::sort(sources.begin(), sources.end());
+    EXPECT_EQ(sources, (std::vector<std::string>{IsolatedLan::kStudioConsoleAddress, "192.168.0.200"}));
+    EXPECT_EQ(studioLog[0].seq(), studioLog[1].seq());
+
+    const auto table = run.lastTable();
+    const Json* unit = findDevice(table, kWrongSubnet);
+    ASSERT_NE(unit, nullptr);
+    EXPECT_EQ(unit->at("wrongSubnet"), false) << "it is in the alias address's subnet";
+    EXPECT_EQ(unit->at("heardOn"), lan().studioLink() + " \u00B7 192.168.0.200/24");
+    EXPECT_EQ(table.at("networks").size(), 3u);
 }
 
 namespace {

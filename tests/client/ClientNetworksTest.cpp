@@ -151,6 +151,22 @@ TEST_F(ClientNetworks, ConflictIsFlaggedThenClearedByTheClockAloneWithAModelChan
     EXPECT_EQ(changes.last().at(0).value<QModelIndex>().row(), 0);
 }
 
+TEST_F(ClientNetworks, AnotherSerialAfterFifteenSilentSecondsIsAReplacementNotAConflict)
+{
+    hear("10.77.1.9", "KT4-0001B7", {kStudio, ip("10.77.1.5")});
+    time.advance(15s);
+    hear("10.77.1.9", "KT4-0002C9", {kStudio, ip("10.77.1.5")});
+    EXPECT_FALSE(client->hasAddressConflict("10.77.1.9"));
+    EXPECT_EQ(data("10.77.1.9").value("serialsSeen").toStringList(), QStringList{"KT4-0002C9"});
+}
+
+TEST_F(ClientNetworks, SerialsSeenIsEmptyOnceTheUnitHasBeenSilentFifteenSeconds)
+{
+    hear("10.77.1.9", "KT4-0001B7", {kStudio, ip("10.77.1.5")});
+    time.advance(15s);
+    EXPECT_TRUE(data("10.77.1.9").value("serialsSeen").toStringList().isEmpty());
+}
+
 TEST_F(ClientNetworks, RepliesWithoutASerialNeverMakeAConflict)
 {
     client->ingest(Vorn::Reply{"10.77.1.9", Vorn::kCmdReport, {}}, {kStudio, ip("10.77.1.5")});

@@ -81,3 +81,14 @@ IsolatedLan::~IsolatedLan()
 }
 
 }  // namespace LanTest
+
+namespace LanTest {
+
+void IsolatedLan::addStudioAlias(const std::string& addressWithPrefix) const
+{
+    const int status = runHarness({"alias", name_, "studio", addressWithPrefix});
+    if (status != 0)
+        throw std::runtime_error("lan-harness alias " + name_ + " failed with status " + std::to_string(status));
+}
+
+}  // namespace LanTest

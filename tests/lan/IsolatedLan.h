@@ -6,8 +6,8 @@
 //   units namespace (run vorn-sim here): 10.231.0.2/12, and every address of
 //       10.232.0.0/16 is local, so the simulator can answer as any unit there.
 // With Topology::TwoLinks the console also has a studio link without gateway
-// (10.77.1.1/24) to a studio namespace where 10.77.1.128/25 and 192.168.0.0/24
-// are local; Topology::Studio has that link alone and no default route.
+// (10.77.1.1/24) to a studio namespace where 10.77.1.128/25 and 192.168.0.0/25
+// are local (and 192.168.0.128/25 on the link, for a console alias address); Topology::Studio has that link alone and no default route.
 //
 // Typical use in a test:
 //   if (auto reason = LanTest::IsolatedLan::unavailableReason()) GTEST_SKIP() << *reason;
@@ -52,6 +52,9 @@ public:
 
     // Brings the console's end of the studio link up or down; throws on failure.
     void setStudioLinkUp(bool up) const;
+    // Adds `addressWithPrefix` (e.g. "192.168.0.200/24") to the console's
+    // studio link; throws on failure.
+    void addStudioAlias(const std::string& addressWithPrefix) const;
 
 private:
     std::string name_;

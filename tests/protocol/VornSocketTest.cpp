@@ -21,11 +21,21 @@ struct Inbox {
     std::mutex mutex;
     std::condition_variable arrived;
     std::vector<TestKit::Received> items;
+    std::vector<Vorn::Arrival> arrivals;  // with datagramHandler() only
 
     Vorn::VornSocket::PacketHandler handler()
     {
         return [this](Vorn::Bytes data, std::string sender) {
             std::lock_guard lock(mutex);
+            items.push_back({std::move(data), std::move(sender), 0});
+            arrived.notify_all();
+        };
+    }
+    Vorn::VornSocket::DatagramHandler datagramHandler()
+    {
+        return [this](Vorn::Bytes data, std::string sender, Vorn::Arrival arrival) {
+            std::lock_guard lock(mutex);
+            arrivals.push_back(arrival);
             items.push_back({std::move(data), std::move(sender), 0});
             arrived.notify_all();
         };
@@ -200,28 +210,6 @@ TEST(VornSocket, DestroyingAListeningEndpointEndsItsThread)
 
 namespace {
 
-// Collects datagrams with their arrival interface.
-struct ArrivalInbox {
-    std::mutex mutex;
-    std::condition_variable arrived;
-    std::vector<Vorn::Arrival> items;
-
-    Vorn::VornSocket::DatagramHandler handler()
-    {
-        return [this](Vorn::Bytes, std::string, Vorn::Arrival arrival) {
-            std::lock_guard lock(mutex);
-            items.push_back(arrival);
-            arrived.notify_all();
-        };
-    }
-    std::vector<Vorn::Arrival> waitFor(std::size_t count)
-    {
-        std::unique_lock lock(mutex);
-        arrived.wait_for(lock, 2s, [&] { return items.size() >= count; });
-        return items;
-    }
-};
-
 long readSysctl(const char* path)
 {
     std::ifstream file(path);
@@ -235,14 +223,15 @@ long readSysctl(const char* path)
 TEST(VornSocket, EveryDatagramCarriesItsArrivalInterfaceAndLocalAddress)
 {
     const auto port = TestKit::freeUdpPort();
-    ArrivalInbox inbox;
+    Inbox inbox;
     Vorn::VornSocket socket(port, TestKit::kPeerAddress);
-    socket.setOnDatagram(inbox.handler());
+    socket.setOnDatagram(inbox.datagramHandler());
     ASSERT_TRUE(socket.start());
     TestKit::sendUdp({1}, "127.0.0.1", port);
     TestKit::sendUdp({2}, "127.0.0.5", port);
-    const auto items = inbox.waitFor(2);
-    ASSERT_EQ(items.size(), 2u);
+    ASSERT_EQ(inbox.waitFor(2).size(), 2u);
+    std::lock_guard lock(inbox.mutex);
+    const auto& items = inbox.arrivals;
     EXPECT_EQ(items[0].interfaceIndex, ::if_nametoindex("lo"));
     EXPECT_EQ(items[0].localAddress, *Vorn::parseIpv4("127.0.0.1"));
     EXPECT_EQ(items[1].interfaceIndex, ::if_nametoindex("lo"));

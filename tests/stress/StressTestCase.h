@@ -31,6 +31,7 @@ protected:
 
     bool windowRunning() { return !window_->wait(std::chrono::milliseconds(0)).has_value(); }
     std::string windowErrors() const { return window_->stderrText(); }
+    pid_t pid() const { return pid_; }
     long residentKib() const { return ProcStatus::residentKib(pid_); }
     Stress::UdpCounters udpCounters() const { return Stress::udpCounters(pid_); }
     std::vector<Stress::LatencyReport> reports() const { return Stress::latencyReports(window_->stderrText()); }

@@ -96,6 +96,22 @@ TEST_F(WindowOnTwoLinks, ListsTheUnitsOfTheOfficeAndOfTheStudioLinkWithoutGatewa
     EXPECT_FALSE(app.wait(500ms).has_value()) << "the window ended by itself";
 }
 
+TEST_F(WindowOnTwoLinks, ListsTheUnitsOfALinkBroughtUpWhileTheWindowRuns)
+{
+    lan().setStudioLinkUp(false);
+    LanTest::Simulator office(lan(), {"--count", "2"}, dir());
+    LanTest::Simulator studio(lan().studioNs(),
+                              {"--count", "2", "--first-ip", LanTest::IsolatedLan::kFirstStudioUnitAddress}, dir());
+    auto app = startVornlink();
+    ASSERT_EQ(waitForRows(app, 2).size(), 2u) << app.stderrText();
+
+    lan().setStudioLinkUp(true);
+    // The next discover, at most one period later, goes out on the new link too.
+    const auto rows = waitForRows(app, 4);
+    EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.232.1.1", "10.232.1.2", "10.77.1.129", "10.77.1.130"}))
+        << app.stderrText();
+}
+
 class WindowOnStudioOnly : public WindowOnLan {
 protected:
     LanTest::Topology topology() const override { return LanTest::Topology::Studio; }
