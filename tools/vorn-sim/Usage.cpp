@@ -28,7 +28,8 @@ Units (generated, deterministic for a seed):
 Units from a file instead of --count/--first-ip:
   --units FILE.json     array of {"ip": "...", "config": {"Key": "Value", ...}}
                         with optional faults "reportIp", "cmd" (161 or "0xA1"),
-                        "silent" (true), "drop" (0..1), "delayMs"
+                        "silent" (true), "drop" (0..1), "delayMs",
+                        "ignoreWrites" (true), "keepKey" ("Channel")
 
 Faults (UNIT is a unit's address or 'all'; each option may be repeated):
   --report-ip UNIT=ADDR put ADDR in the reply header instead of the unit's own
@@ -36,6 +37,8 @@ Faults (UNIT is a unit's address or 'all'; each option may be repeated):
   --silent UNIT         never answer (writes still apply)
   --drop UNIT=FRACTION  ignore this fraction (0..1) of requests
   --delay UNIT=MS       answer MS milliseconds late
+  --ignore-writes UNIT  answer discovers, but never store a write
+  --keep-key UNIT=KEY   store writes except KEY, which keeps its old value
 
   -h, --help            show this text
 

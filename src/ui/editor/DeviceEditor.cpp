@@ -51,12 +51,14 @@ void DeviceEditor::load()
 
 void DeviceEditor::save()
 {
+    if (fieldsRefusal(state_.fields))
+        return;
     write(changesOf(compareSettings(state_.fields, liveConfig())));
 }
 
 void DeviceEditor::applyNetwork()
 {
-    if (!networkValid(state_.fields))
+    if (!networkValid(state_.fields) || fieldsRefusal(state_.fields))
         return;
     write(changesOf(compareNetwork(state_.fields, liveConfig())));
 }

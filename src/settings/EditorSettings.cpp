@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "EditorRules.h"
+#include "ValueSafety.h"
 
 using namespace EditorKeys;
 using EditorRules::integerText;
@@ -11,10 +12,10 @@ using EditorRules::liveText;
 
 namespace {
 
-constexpr std::int64_t kBandDefault = 7;
-constexpr std::int64_t kSceneDefault = 1;
-constexpr std::string_view kWire2On = "1";
-constexpr std::string_view kWire2Off = "0";
+using Settings::kBandDefault;
+using Settings::kSceneDefault;
+constexpr std::string_view kWire2On = Settings::kSwitchOn;
+constexpr std::string_view kWire2Off = Settings::kSwitchOff;
 
 std::string wire2Text(bool on)
 {
@@ -110,4 +111,18 @@ bool networkValid(const EditorFields& fields)
 {
     return EditorRules::isDottedQuad(fields.ipAddr) && EditorRules::isDottedQuad(fields.netmask)
         && EditorRules::isDottedQuad(fields.gateway);
+}
+
+std::optional<std::string> fieldsRefusal(const EditorFields& fields)
+{
+    const std::pair<std::string_view, const std::string*> texts[] = {
+        {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
+        {kCallMagic, &fields.password}, {kIPAddress, &fields.ipAddr}, {kNetmask, &fields.netmask},
+        {kGateway, &fields.gateway},
+    };
+    for (const auto& [key, text] : texts) {
+        if (auto refused = Settings::valueRefusal(key, *text))
+            return refused;
+    }
+    return std::nullopt;
 }
