@@ -3,8 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include <fstream>
-#include <iterator>
-#include <sstream>
 
 #include "Commands.h"
 #include "ExitCodes.h"

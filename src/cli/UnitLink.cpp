@@ -1,13 +1,14 @@
 #include "UnitLink.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace VornCtl {
 
 UnitLink::UnitLink()
     : socket_(Vorn::kPort, Vorn::VornSocket::kLimitedBroadcast, Vorn::VornSocket::PortSharing::Exclusive)
 {
-    socket_.setOnPacket([this](Vorn::Bytes data, std::string sender) { file(std::move(data), std::move(sender)); });
+    socket_.setOnPacket([this](Vorn::Bytes data, std::string /*sender*/) { file(std::move(data)); });
 }
 
 bool UnitLink::open()
@@ -15,7 +16,7 @@ bool UnitLink::open()
     return socket_.start();
 }
 
-void UnitLink::file(Vorn::Bytes data, std::string sender)
+void UnitLink::file(const Vorn::Bytes& data)
 {
     auto reply = Vorn::parse(data);
     if (!reply || reply->cmd != Vorn::kCmdReport)
@@ -23,7 +24,7 @@ void UnitLink::file(Vorn::Bytes data, std::string sender)
     {
         std::lock_guard guard(lock_);
         const std::string address = reply->deviceIp;
-        latest_[address] = Sighting{address, std::move(sender), {}, std::move(reply->config)};
+        latest_[address] = Sighting{address, {}, std::move(reply->config)};
         stamp_[address] = ++received_;
     }
     arrived_.notify_all();
@@ -39,9 +40,7 @@ std::map<std::string, Sighting> UnitLink::discoverAll(std::chrono::milliseconds 
     }
     for (auto next = start; next < start + timeout; next += kBroadcastInterval) {
         socket_.send(Vorn::discoverPacket(nextSeq()), socket_.broadcastAddress());
-        std::unique_lock guard(lock_);
-        // Nothing to wait for but time: sleep without holding the lock.
-        arrived_.wait_until(guard, std::min(next + kBroadcastInterval, start + timeout), [] { return false; });
+        std::this_thread::sleep_until(std::min(next + kBroadcastInterval, start + timeout));
     }
     std::lock_guard guard(lock_);
     std::map<std::string, Sighting> found;

@@ -19,7 +19,6 @@ namespace VornCtl {
 // One unit as its latest configuration report shows it.
 struct Sighting {
     std::string address;  // from the report's header, as the window files it
-    std::string sender;   // where the datagram came from
     // The interface the report arrived on; empty while the socket does not
     // report arrival interfaces.
     std::string interface;
@@ -51,7 +50,7 @@ public:
     void write(const std::string& address, const Vorn::Config& full);
 
 private:
-    void file(Vorn::Bytes data, std::string sender);
+    void file(const Vorn::Bytes& data);
     std::uint16_t nextSeq() { return ++seq_; }
 
     Vorn::VornSocket socket_;
