@@ -12,6 +12,8 @@ namespace VornCtl {
 namespace {
 
 constexpr double kDefaultTimeoutSeconds = 2.0;
+constexpr double kShortestTimeoutSeconds = 0.001;
+constexpr double kLongestTimeoutSeconds = 3600.0;
 
 // Everything the five commands can be given.
 struct Arguments {
@@ -49,8 +51,8 @@ std::string canonicalAddress(const std::string& text)
 
 void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what)
 {
-    command->add_option("--timeout", arguments.timeout, what + " (seconds, default 2)")
-        ->check(CLI::PositiveNumber)
+    command->add_option("--timeout", arguments.timeout, what + " (seconds, default 2, at most an hour)")
+        ->check(CLI::Range(kShortestTimeoutSeconds, kLongestTimeoutSeconds))
         ->option_text("S");
 }
 
@@ -77,7 +79,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     app.set_version_flag("--version", std::string("vornctl ") + VORNCTL_VERSION);
     app.require_subcommand(1);
     app.footer("Exit status: 0 done, 1 failure (port taken, unreadable file), 2 bad usage, 3 fewer units than "
-               "--expect, 4 a unit did not answer, 5 a unit reports other values than written.");
+               "--expect, 4 a unit did not answer, 5 a unit reports other values than written.\n");
     Arguments arguments;
 
     auto* discover = app.add_subcommand("discover", "List every unit that answers a broadcast discover.");
@@ -155,7 +157,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         return kExitFailure;
     }
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
-    Context context{out, err, link, std::max(timeout, std::chrono::milliseconds(1))};
+    Context context{out, err, link, timeout};
     if (discover->parsed())
         return runDiscover(context, arguments.expect, arguments.json);
     if (show->parsed())

@@ -53,7 +53,6 @@ private:
     void file(const Vorn::Bytes& data);
     std::uint16_t nextSeq() { return ++seq_; }
 
-    Vorn::VornSocket socket_;
     std::uint16_t seq_ = 0;
     std::mutex lock_;
     std::condition_variable arrived_;
@@ -61,6 +60,8 @@ private:
     std::map<std::string, Sighting> latest_;
     std::map<std::string, std::uint64_t> stamp_;
     std::uint64_t received_ = 0;
+    // Last, so it goes first: its receive thread ends before what it fills.
+    Vorn::VornSocket socket_;
 };
 
 }  // namespace VornCtl

@@ -323,6 +323,7 @@ TEST_F(VornctlOnLan, BadUsageIsOneLineAndExits2)
 {
     for (const std::vector<std::string>& arguments :
          std::vector<std::vector<std::string>>{{}, {"frobnicate"}, {"show"}, {"discover", "--timeout", "-1"},
+                                               {"discover", "--timeout", "1e30"},
                                                {"discover", "--bogus"}, {"restore"}}) {
         SCOPED_TRACE(arguments.empty() ? std::string("(none)") : arguments.front());
         const auto run = vornctl(arguments);
