@@ -14,7 +14,7 @@ std::variant<SetRequest, std::string> parseSetRequest(const std::string& address
     SetRequest request{address, {}};
     for (const auto& pair : pairs) {
         const auto equals = pair.find('=');
-        if (equals == std::string::npos)
+        if (equals == std::string::npos || equals == 0)
             return "'" + pair + "' is not KEY=VALUE";
         const std::string key = pair.substr(0, equals);
         const std::string value = pair.substr(equals + 1);
