@@ -5,7 +5,7 @@
 #include "EditorRules.h"
 #include "ValueSafety.h"
 
-using namespace EditorKeys;
+using namespace SettingKeys;
 using EditorRules::integerText;
 using EditorRules::liveInteger;
 using EditorRules::liveText;

@@ -47,6 +47,3 @@ inline constexpr std::array<std::string_view, 15> kDetailKeys = {
 bool isNetworkKey(std::string_view key);
 
 }  // namespace SettingKeys
-
-// The editor names the same keys.
-namespace EditorKeys = SettingKeys;

@@ -50,7 +50,7 @@ QString confirmMessageOf(const EditorFields& fields)
 EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, WallClock::time_point now,
                          const QString& ip)
 {
-    using namespace EditorKeys;
+    using namespace SettingKeys;
     EditorView view;
     if (unit)
         view.live = unit->config;
