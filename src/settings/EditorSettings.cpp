@@ -113,6 +113,8 @@ bool networkValid(const EditorFields& fields)
         && EditorRules::isDottedQuad(fields.gateway);
 }
 
+namespace {
+
 std::optional<std::string> fieldsRefusal(const EditorFields& fields)
 {
     const std::pair<std::string_view, const std::string*> texts[] = {
@@ -125,4 +127,19 @@ std::optional<std::string> fieldsRefusal(const EditorFields& fields)
             return refused;
     }
     return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
+{
+    if (auto refused = fieldsRefusal(fields))
+        return refused;
+    // Every differing field replaces the unit's value; the rest goes out as reported.
+    Vorn::Config full = live;
+    for (const auto& changes : {changesOf(compareSettings(fields, live)), changesOf(compareNetwork(fields, live))}) {
+        for (const auto& [key, value] : changes)
+            full.insert_or_assign(key, value);
+    }
+    return Settings::writeRefusal({}, full);
 }

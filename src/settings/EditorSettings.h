@@ -65,6 +65,8 @@ Vorn::Config changesOf(std::span<const KeyComparison> keys);
 // All three network fields are dotted quads.
 bool networkValid(const EditorFields& fields);
 
-// Why the fields cannot be sent (a text field holding a line break or NUL),
-// or nothing when they can.
-std::optional<std::string> fieldsRefusal(const EditorFields& fields);
+// Why a write from these fields cannot go out, or nothing when it can: a text
+// field holding a line break or NUL, or such a value among the unit's own
+// reported write keys that the write would carry unchanged (a write carries
+// the whole configuration).
+std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live);

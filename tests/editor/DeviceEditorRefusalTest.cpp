@@ -93,3 +93,53 @@ TEST_F(DeviceEditorRefusal, ClientRefusesAWriteOfALineFeedEvenWhenAskedDirectly)
     EXPECT_EQ(client->log().last().section(QStringLiteral("  "), 1),
               QStringLiteral("write refused \u2192 127.0.0.2: the value of CallMagic holds a line feed (LF)"));
 }
+
+namespace {
+
+// A unit whose reply ends "Serial:KT400ABC\0" without a line feed reports the NUL
+// as part of its serial; a write would carry it back.
+class DeviceEditorReportedRefusal : public EditorFixture {
+protected:
+    ClientTest::FakeUnit unit{port};
+
+    void SetUp() override { ASSERT_TRUE(unit.isBound()); }
+};
+
+}  // namespace
+
+TEST_F(DeviceEditorReportedRefusal, ReportedNulInAWriteKeyBlocksSaveWithAReason)
+{
+    report(cleanUnit({{"Serial", std::string("KT400ABC\0", 9)}}));
+    open();
+    editor.setChannel(QStringLiteral("5"));
+
+    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Serial holds a NUL character"));
+    editor.save();
+    EXPECT_TRUE(unit.receiveWithin(kQuietWindow).empty());
+}
+
+TEST_F(DeviceEditorReportedRefusal, ReportedNulOutsideTheWriteKeysIsNoObstacle)
+{
+    report(cleanUnit({{"Version", std::string("2.1\0", 4)}}));
+    open();
+    editor.setChannel(QStringLiteral("5"));
+
+    EXPECT_EQ(editor.refusal(), QString());
+    EXPECT_TRUE(editor.canSave());
+}
+
+TEST_F(DeviceEditorReportedRefusal, RetypingAReportedValueWithNulMakesSaveAvailable)
+{
+    report(cleanUnit({{"Channel", std::string("3\0", 2)}}));
+    open();
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Channel holds a NUL character"));
+
+    editor.setChannel(QStringLiteral("3"));
+
+    EXPECT_EQ(editor.refusal(), QString());
+    EXPECT_TRUE(editor.canSave());
+    editor.save();
+    EXPECT_EQ(lastWrite(), QStringLiteral("127.0.0.2: Channel=3"));
+}

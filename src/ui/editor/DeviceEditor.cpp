@@ -51,16 +51,18 @@ void DeviceEditor::load()
 
 void DeviceEditor::save()
 {
-    if (fieldsRefusal(state_.fields))
+    const Vorn::Config live = liveConfig();
+    if (sendRefusal(state_.fields, live))
         return;
-    write(changesOf(compareSettings(state_.fields, liveConfig())));
+    write(changesOf(compareSettings(state_.fields, live)));
 }
 
 void DeviceEditor::applyNetwork()
 {
-    if (!networkValid(state_.fields) || fieldsRefusal(state_.fields))
+    const Vorn::Config live = liveConfig();
+    if (!networkValid(state_.fields) || sendRefusal(state_.fields, live))
         return;
-    write(changesOf(compareNetwork(state_.fields, liveConfig())));
+    write(changesOf(compareNetwork(state_.fields, live)));
 }
 
 void DeviceEditor::write(const Vorn::Config& changes)

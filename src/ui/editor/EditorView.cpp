@@ -61,7 +61,7 @@ EditorView presentEditor(const EditorFields& fields, const std::optional<Device>
     view.netValid = networkValid(fields);
     view.netDirty = anyDiffers(compareNetwork(fields, live));
     view.netWarning = view.netDirty && !view.netValid;
-    if (const auto refused = fieldsRefusal(fields))
+    if (const auto refused = sendRefusal(fields, live))
         view.refusal = QCoreApplication::translate("DeviceEditor", "Cannot send: %1").arg(qtext(*refused));
     view.canSave = view.dirty && view.refusal.isEmpty();
     view.canApplyNetwork = view.netDirty && view.netValid && view.refusal.isEmpty();
