@@ -29,6 +29,21 @@ KeyComparison byText(const Vorn::Config& live, std::string_view key, std::string
     return {key, std::move(text), differs};
 }
 
+// The first text field that holds a line break or NUL.
+std::optional<std::string> fieldsRefusal(const EditorFields& fields)
+{
+    const std::pair<std::string_view, const std::string*> texts[] = {
+        {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
+        {kCallMagic, &fields.password}, {kIPAddress, &fields.ipAddr}, {kNetmask, &fields.netmask},
+        {kGateway, &fields.gateway},
+    };
+    for (const auto& [key, text] : texts) {
+        if (auto refused = Settings::valueRefusal(key, *text))
+            return refused;
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::int64_t sceneDefault(const Vorn::Config& live)
@@ -112,24 +127,6 @@ bool networkValid(const EditorFields& fields)
     return EditorRules::isDottedQuad(fields.ipAddr) && EditorRules::isDottedQuad(fields.netmask)
         && EditorRules::isDottedQuad(fields.gateway);
 }
-
-namespace {
-
-std::optional<std::string> fieldsRefusal(const EditorFields& fields)
-{
-    const std::pair<std::string_view, const std::string*> texts[] = {
-        {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
-        {kCallMagic, &fields.password}, {kIPAddress, &fields.ipAddr}, {kNetmask, &fields.netmask},
-        {kGateway, &fields.gateway},
-    };
-    for (const auto& [key, text] : texts) {
-        if (auto refused = Settings::valueRefusal(key, *text))
-            return refused;
-    }
-    return std::nullopt;
-}
-
-}  // namespace
 
 std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
 {
