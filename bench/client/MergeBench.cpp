@@ -7,6 +7,7 @@
 #include <random>
 
 #include "DeviceListModel.h"
+#include "Ipv4.h"
 #include "VornClient.h"
 
 namespace {
@@ -67,7 +68,7 @@ void ParseAndMergeKnownUnits(benchmark::State& state)
         std::string body;
         for (const auto& [key, value] : reply.config)
             body += key + ':' + value + '\n';
-        const auto address = Vorn::detail::ipToBytes(reply.deviceIp);
+        const auto address = Settings::Ipv4::parse(reply.deviceIp).value_or(Settings::Ipv4()).octets();
         const std::size_t total = Vorn::kHeaderSize + body.size();
         Vorn::Bytes datagram(total, 0);
         const std::uint8_t header[] = {0x3A, 0x62, 0x7F, 0x3D, address[3], address[2], address[1], address[0],

@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "DecimalInt.h"
+#include "SettingKeys.h"
 #include "SwitcherCatalog.h"
 #include "VornSocket.h"
 
@@ -42,10 +43,11 @@ bool hasSelfTestFlag(std::span<const char* const> arguments)
 
 std::string selfTestLine(const std::string& address, const Vorn::Config& config)
 {
-    return "  " + address + "  ATEM=" + valueOrQuestionMark(config, "AtemIp") + ":" +
-           valueOrQuestionMark(config, "AtemPort") + "  Switcher=" +
-           SwitcherCatalog::label(switcherCode(config, "SwitcherBand"), switcherCode(config, "SwitcherModel")) +
-           "  Channel=" + valueOrQuestionMark(config, "Channel");
+    using namespace SettingKeys;
+    return "  " + address + "  ATEM=" + valueOrQuestionMark(config, kAtemIp) + ":" +
+           valueOrQuestionMark(config, kAtemPort) + "  Switcher=" +
+           SwitcherCatalog::label(switcherCode(config, kSwitcherBand), switcherCode(config, kSwitcherModel)) +
+           "  Channel=" + valueOrQuestionMark(config, kChannel);
 }
 
 int runSelfTest(std::ostream& out, const SelfTestOptions& options)

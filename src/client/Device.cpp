@@ -1,6 +1,7 @@
 #include "Device.h"
 
 #include "Graphemes.h"
+#include "SettingKeys.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ std::size_t combine(std::size_t seed, std::size_t value)
 
 QString Device::title() const
 {
-    const auto serialEntry = config.find(std::string_view("Serial"));
+    const auto serialEntry = config.find(SettingKeys::kSerial);
     if (serialEntry != config.end()) {
         const QString serial = QString::fromStdString(serialEntry->second);
         const qsizetype tailStart = startOfLastCharacters(serial, kSerialTailLength);

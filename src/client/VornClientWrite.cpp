@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "ConfigConversion.h"
+#include "ValueSafety.h"
 #include "VornClient.h"
 
 namespace {
@@ -40,6 +41,13 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
         full = devices_[static_cast<std::size_t>(row)].config;
     for (const auto& [key, value] : changes)
         full.insert_or_assign(key, value);
+
+    // The last gate before the codec: a line break would become a line of its own.
+    if (const auto refused = Settings::writeRefusal(changes, full)) {
+        addLog(QStringLiteral("write refused \u2192 %1: %2")
+                   .arg(QString::fromStdString(ip), QString::fromStdString(*refused)));
+        return;
+    }
 
     // The second copy is the only guard against a lost datagram.
     const Vorn::Bytes datagram = Vorn::writePacket(nextSeq(), full);

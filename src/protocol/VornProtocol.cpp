@@ -4,17 +4,19 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Ipv4.h"
+
 namespace Vorn {
 namespace {
 
 constexpr std::array<std::uint8_t, 4> kMagic = {0x3A, 0x62, 0x7F, 0x3D};
-constexpr std::string_view kDiscoverGroup = "224.0.0.200";
-constexpr std::string_view kWriteGroup = "224.0.0.100";
+constexpr Settings::Ipv4 kDiscoverGroup = Settings::Ipv4::fromOctets({224, 0, 0, 200});
+constexpr Settings::Ipv4 kWriteGroup = Settings::Ipv4::fromOctets({224, 0, 0, 100});
 
-void putHeader(Bytes& out, std::string_view group, std::uint8_t flag, std::uint8_t cmd,
+void putHeader(Bytes& out, Settings::Ipv4 group, std::uint8_t flag, std::uint8_t cmd,
                std::size_t total, std::uint16_t seq)
 {
-    const auto groupBytes = detail::ipToBytes(group);
+    const auto groupBytes = group.octets();
     out.insert(out.end(), kMagic.begin(), kMagic.end());
     out.insert(out.end(), groupBytes.begin(), groupBytes.end());
     out.push_back(0x00);
@@ -26,36 +28,6 @@ void putHeader(Bytes& out, std::string_view group, std::uint8_t flag, std::uint8
     out.push_back(static_cast<std::uint8_t>(seq & 0xFF));
     out.push_back(static_cast<std::uint8_t>(seq >> 8));
     out.insert(out.end(), 4, 0x00);
-}
-
-// A decimal byte value 0..255 with an optional leading '+', else nothing.
-std::optional<std::uint8_t> parseOctet(std::string_view piece)
-{
-    if (!piece.empty() && piece.front() == '+')
-        piece.remove_prefix(1);
-    if (piece.empty())
-        return std::nullopt;
-    unsigned value = 0;
-    for (char c : piece) {
-        if (c < '0' || c > '9')
-            return std::nullopt;
-        value = value * 10 + static_cast<unsigned>(c - '0');
-        if (value > 255)
-            return std::nullopt;
-    }
-    return static_cast<std::uint8_t>(value);
-}
-
-void appendDecimal(std::string& out, std::uint8_t value)
-{
-    char digits[3];
-    int n = 0;
-    do {
-        digits[n++] = static_cast<char>('0' + value % 10);
-        value /= 10;
-    } while (value != 0);
-    while (n > 0)
-        out.push_back(digits[--n]);
 }
 
 void appendReplacementCharacter(std::string& out)
@@ -140,26 +112,6 @@ void addLine(Config& config, std::string_view line)
 
 namespace detail {
 
-std::array<std::uint8_t, 4> ipToBytes(std::string_view dotted)
-{
-    std::array<std::uint8_t, 4> out{};
-    std::size_t count = 0;
-    std::size_t start = 0;
-    while (start <= dotted.size()) {
-        auto dot = dotted.find('.', start);
-        if (dot == std::string_view::npos)
-            dot = dotted.size();
-        const auto piece = dotted.substr(start, dot - start);
-        if (!piece.empty()) {
-            if (count == out.size())
-                return {};
-            out[count++] = parseOctet(piece).value_or(0);
-        }
-        start = dot + 1;
-    }
-    return count == out.size() ? out : std::array<std::uint8_t, 4>{};
-}
-
 std::string decodeUtf8Lossy(std::span<const std::uint8_t> bytes)
 {
     std::string out;
@@ -233,12 +185,8 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
 
     Reply reply;
     reply.cmd = datagram[11];
-    reply.deviceIp.reserve(15);
-    for (int i = 7; i >= 4; --i) {
-        appendDecimal(reply.deviceIp, datagram[static_cast<std::size_t>(i)]);
-        if (i != 4)
-            reply.deviceIp.push_back('.');
-    }
+    // The unit's address sits last octet first.
+    reply.deviceIp = Settings::Ipv4::fromOctets({datagram[7], datagram[6], datagram[5], datagram[4]}).toString();
 
     const std::size_t declared = datagram[12] | (static_cast<std::size_t>(datagram[13]) << 8);
     const std::size_t bodyEnd = declared > kHeaderSize ? std::min(declared, datagram.size()) : datagram.size();

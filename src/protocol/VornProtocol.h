@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "SettingKeys.h"
 #include "VornConfig.h"
 
 namespace Vorn {
@@ -23,12 +24,7 @@ inline constexpr std::uint8_t kCmdDiscover = 0xA3;
 inline constexpr std::size_t kHeaderSize = 20;
 
 // The only keys a write carries, in the order they go on the wire.
-inline constexpr std::array<std::string_view, 18> kWriteKeys = {
-    "IPAddress",    "Netmask",          "Gateway",         "ManagerIp",    "AtemIp",
-    "AtemPort",     "Channel",          "CallMagic",       "ScenarioType", "SilenceThreshold",
-    "SilenceSuppress", "TallyType",     "TallyGpioType",   "AtemExtTally", "SwitcherBand",
-    "SwitcherModel", "Wire2Enable",     "Serial",
-};
+using SettingKeys::kWriteKeys;
 
 // One decoded datagram. `deviceIp` comes from the header, never from the sender.
 struct Reply {
@@ -43,13 +39,13 @@ Bytes discoverPacket(std::uint16_t seq);
 
 // Stops the process when the datagram would exceed 65535 bytes: the callers
 // build configurations from a fixed key list, so that can only be a bug.
+// Values are not checked here: the client refuses a configuration that
+// holds a line break or NUL before it gets this far (Settings::configRefusal).
 Bytes writePacket(std::uint16_t seq, const Config& config);
 
 std::optional<Reply> parse(std::span<const std::uint8_t> datagram);
 
 namespace detail {
-// Dotted text to four address bytes, first octet first; never fails (0.0.0.0).
-std::array<std::uint8_t, 4> ipToBytes(std::string_view dotted);
 // Bytes as UTF-8, each invalid sequence replaced by U+FFFD.
 std::string decodeUtf8Lossy(std::span<const std::uint8_t> bytes);
 }  // namespace detail

@@ -61,8 +61,8 @@ Arrival arrivalOf(msghdr& message)
 
 }  // namespace
 
-VornSocket::VornSocket(std::uint16_t port, std::string broadcastAddress)
-    : port_(port), broadcastAddress_(std::move(broadcastAddress))
+VornSocket::VornSocket(std::uint16_t port, std::string broadcastAddress, PortSharing sharing)
+    : port_(port), broadcastAddress_(std::move(broadcastAddress)), sharing_(sharing)
 {
 }
 
@@ -104,7 +104,8 @@ bool VornSocket::start()
     if (fd < 0)
         return false;
     const int one = 1;
-    ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &one, sizeof one);
+    if (sharing_ == PortSharing::Shared)
+        ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &one, sizeof one);
     ::setsockopt(fd, SOL_SOCKET, SO_BROADCAST, &one, sizeof one);
     // A discover makes every unit answer at once; the default buffer holds
     // only a few hundred replies.

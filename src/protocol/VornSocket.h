@@ -41,9 +41,14 @@ public:
     static constexpr int kRequestedKernelBuffer = 4 << 20;
     static constexpr const char* kLimitedBroadcast = "255.255.255.255";
 
+    // Shared: SO_REUSEADDR, as the window binds. Exclusive: no other socket
+    // may hold the port, so a second program never splits the units' replies.
+    enum class PortSharing { Shared, Exclusive };
+
     // `port` and `broadcastAddress` exist so tests can run on loopback; the
     // program always uses the defaults.
-    explicit VornSocket(std::uint16_t port = kPort, std::string broadcastAddress = kLimitedBroadcast);
+    explicit VornSocket(std::uint16_t port = kPort, std::string broadcastAddress = kLimitedBroadcast,
+                        PortSharing sharing = PortSharing::Shared);
     ~VornSocket();
     VornSocket(const VornSocket&) = delete;
     VornSocket& operator=(const VornSocket&) = delete;
@@ -90,6 +95,7 @@ private:
 
     const std::uint16_t port_;
     const std::string broadcastAddress_;
+    const PortSharing sharing_;
     std::atomic<int> rxfd_{-1};
     std::atomic<bool> running_{false};
     std::mutex handlerMutex_;

@@ -1,6 +1,8 @@
 // Small helper run inside the LAN tests' namespaces:
 //   lan_probe hold-port PORT      bind UDP PORT on all interfaces without
 //                                 SO_REUSEADDR and keep it until killed
+//   lan_probe hold-shared-port    bind UDP 23457 as the window does (a VornSocket,
+//                                 SO_REUSEADDR) and keep it until killed
 //   lan_probe send ADDRESS TEXT   VornSocket::send of TEXT's bytes to ADDRESS
 //   lan_probe hear-own-broadcast  start a VornSocket, broadcast one datagram with
 //                                 it and print "heard SENDER HEX" once the own
@@ -38,6 +40,18 @@ int holdPort(const char* portText)
         return 1;
     }
     std::cerr << "lan_probe: holding UDP " << portText << std::endl;
+    for (;;)
+        ::pause();
+}
+
+int holdSharedPort()
+{
+    Vorn::VornSocket socket;
+    if (!socket.start()) {
+        std::cerr << "lan_probe: cannot bind UDP " << socket.port() << '\n';
+        return 1;
+    }
+    std::cerr << "lan_probe: holding UDP " << socket.port() << " shared" << std::endl;
     for (;;)
         ::pause();
 }
@@ -97,10 +111,12 @@ int main(int argc, char** argv)
     const std::string command = argc > 1 ? argv[1] : "";
     if (command == "hold-port" && argc == 3)
         return holdPort(argv[2]);
+    if (command == "hold-shared-port" && argc == 2)
+        return holdSharedPort();
     if (command == "send" && argc == 4)
         return send(argv[2], argv[3]);
     if (command == "hear-own-broadcast" && argc == 2)
         return hearOwnBroadcast();
-    std::cerr << "usage: lan_probe hold-port PORT | send ADDRESS TEXT | hear-own-broadcast\n";
+    std::cerr << "usage: lan_probe hold-port PORT | hold-shared-port | send ADDRESS TEXT | hear-own-broadcast\n";
     return 2;
 }

@@ -317,47 +317,6 @@ TEST(DecodeUtf8Lossy, EachMaximalInvalidSubpartBecomesOneReplacement)
     EXPECT_EQ(decode("\xF5"), fffd);                             // byte never used in UTF-8
 }
 
-// --- ipToBytes ----------------------------------------------------------
-
-TEST(IpToBytes, DottedQuadGivesItsOctetsFirstFirst)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("224.0.0.200"), (A{224, 0, 0, 200}));
-}
-
-TEST(IpToBytes, ThreePiecesOrEmptyTextGiveZeros)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("192.168.1"), (A{0, 0, 0, 0}));
-    EXPECT_EQ(Vorn::detail::ipToBytes(""), (A{0, 0, 0, 0}));
-}
-
-TEST(IpToBytes, OutOfRangeOrNonNumericPieceBecomesZero)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("1.2.3.999"), (A{1, 2, 3, 0}));
-    EXPECT_EQ(Vorn::detail::ipToBytes("1.2.256.ab"), (A{1, 2, 0, 0}));
-}
-
-TEST(IpToBytes, EmptyPiecesAreDropped)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("10..0.0.1"), (A{10, 0, 0, 1}));
-    EXPECT_EQ(Vorn::detail::ipToBytes("1.2.3.4."), (A{1, 2, 3, 4}));
-}
-
-TEST(IpToBytes, LeadingPlusIsAccepted)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("+1.2.3.+4"), (A{1, 2, 3, 4}));
-}
-
-TEST(IpToBytes, FivePiecesGiveZeros)
-{
-    using A = std::array<std::uint8_t, 4>;
-    EXPECT_EQ(Vorn::detail::ipToBytes("1.2.3.4.5"), (A{0, 0, 0, 0}));
-}
-
 // --- round trip ---------------------------------------------------------
 
 TEST(RoundTrip, WritePacketParsesBackToItsNonEmptyWriteKeys)

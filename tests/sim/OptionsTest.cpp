@@ -101,6 +101,22 @@ TEST(Options, FaultOptionsAreCollectedInOrder)
     EXPECT_EQ(options.faults[5], (FaultOption{"all", {.delay = std::chrono::milliseconds(200)}}));
 }
 
+TEST(Options, WriteFaultsAreRead)
+{
+    const auto options = parsed({"--ignore-writes", "10.232.1.1", "--keep-key", "all=Channel"});
+    ASSERT_EQ(options.faults.size(), 2u);
+    EXPECT_EQ(options.faults[0], (FaultOption{"10.232.1.1", {.ignoreWrites = true}}));
+    EXPECT_EQ(options.faults[1], (FaultOption{"all", {.keepKey = "Channel"}}));
+    EXPECT_EQ(errorOf({"--keep-key", "all="}), "invalid value '' for --keep-key (expected a configuration key like Channel)");
+}
+
+TEST(Options, UnitAddressesAreTakenInTheirPlainForm)
+{
+    const auto options = parsed({"--silent", "010.232.1.001", "--first-ip", "+10.232.1.1"});
+    EXPECT_EQ(options.faults.at(0).unit, "10.232.1.1");
+    EXPECT_EQ(options.firstIp, "10.232.1.1");
+}
+
 TEST(Options, UnknownOptionIsNamed)
 {
     EXPECT_EQ(errorOf({"--frobnicate"}), "unknown option '--frobnicate'");

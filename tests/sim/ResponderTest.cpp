@@ -294,5 +294,42 @@ TEST(Responder, DroppedWriteIsNotApplied)
     EXPECT_EQ(units[0].config, kConfig);
 }
 
+TEST(Responder, UnitIgnoringWritesAnswersWithItsOldValues)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.ignoreWrites = true}}};
+    SimDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"Channel", "3"}, {"IPAddress", "10.232.1.9"}}), dice);
+    EXPECT_EQ(units[0].config, kConfig);
+    EXPECT_EQ(units[0].ip, "10.232.1.2");
+    EXPECT_EQ(respond(units, discoverTo("10.232.1.2"), dice).size(), 1u);
+}
+
+TEST(Responder, UnitKeepingOneKeyStoresTheRestOfAWrite)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.keepKey = "Channel"}}};
+    SimDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"Channel", "3"}, {"CallMagic", "99"}}), dice);
+    EXPECT_EQ(units[0].config.at("Channel"), "7");
+    EXPECT_EQ(units[0].config.at("CallMagic"), "99");
+}
+
+TEST(Responder, UnitKeepingItsAddressDoesNotMove)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {.keepKey = "IPAddress"}}};
+    SimDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.1.9"}}), dice);
+    EXPECT_EQ(units[0].ip, "10.232.1.2");
+    EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.1.2");
+}
+
+TEST(Responder, WrittenAddressWithLeadingZerosMovesTheUnitToItsPlainForm)
+{
+    std::vector<Unit> units = {Unit{"10.232.1.2", kConfig, {}}};
+    SimDice dice(1);
+    respond(units, writeTo("10.232.1.2", {{"IPAddress", "10.232.1.010"}}), dice);
+    EXPECT_EQ(units[0].ip, "10.232.1.10");
+    EXPECT_EQ(units[0].config.at("IPAddress"), "10.232.1.010");
+}
+
 }  // namespace
 }  // namespace VornSim

@@ -41,6 +41,21 @@ TEST(UnitFile, UnitWithoutConfigReportsNothing)
     EXPECT_TRUE(units[0].config.empty());
 }
 
+TEST(UnitFile, WriteFaultsAreRead)
+{
+    const auto units = loaded(R"([{"ip": "10.0.0.5", "ignoreWrites": true}, {"ip": "10.0.0.6", "keepKey": "Channel"}])");
+    ASSERT_EQ(units.size(), 2u);
+    EXPECT_TRUE(units[0].faults.ignoreWrites);
+    EXPECT_EQ(units[1].faults.keepKey, "Channel");
+    EXPECT_EQ(errorOf(R"([{"ip": "10.0.0.5", "ignoreWrites": 1}])"), "unit 0: \"ignoreWrites\" must be true or false");
+    EXPECT_EQ(errorOf(R"([{"ip": "10.0.0.5", "keepKey": ""}])"), "unit 0: \"keepKey\" must be a key text");
+}
+
+TEST(UnitFile, AddressIsKeptInItsPlainForm)
+{
+    EXPECT_EQ(loaded(R"([{"ip": "010.0.0.05"}])").at(0).ip, "10.0.0.5");
+}
+
 TEST(UnitFile, WholeNumberValuesBecomeText)
 {
     EXPECT_EQ(loaded(R"([{"ip": "10.0.0.5", "config": {"AtemPort": 9910}}])")[0].config.at("AtemPort"), "9910");

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Ipv4.h"
+
 namespace Flood {
 namespace {
 
@@ -28,7 +30,7 @@ void setLength(Vorn::Bytes& datagram, std::size_t length)
 // Header fields as a unit writes them: its address last octet first, the report command.
 Vorn::Bytes asReport(Vorn::Bytes datagram, const std::string& address, std::uint8_t command = Vorn::kCmdReport)
 {
-    const auto octets = Vorn::detail::ipToBytes(address);
+    const auto octets = Settings::Ipv4::parse(address).value_or(Settings::Ipv4()).octets();
     std::reverse_copy(octets.begin(), octets.end(), datagram.begin() + 4);
     datagram[11] = command;
     return datagram;

@@ -8,6 +8,8 @@
 #include <array>
 #include <cstring>
 
+#include "Ipv4.h"
+
 namespace UdpTestKit {
 
 sockaddr_in endpoint(const char* address, std::uint16_t port)
@@ -63,7 +65,7 @@ Vorn::Bytes reportDatagram(const std::string& unitIp, const Vorn::Config& config
     std::string body;
     for (const auto& [key, value] : config)
         body += key + ':' + value + '\n';
-    const auto address = Vorn::detail::ipToBytes(unitIp);
+    const auto address = Settings::Ipv4::parse(unitIp).value_or(Settings::Ipv4()).octets();
     const std::size_t total = Vorn::kHeaderSize + body.size();
     const std::array<std::uint8_t, Vorn::kHeaderSize> header = {0x3A, 0x62, 0x7F, 0x3D,
                             // the unit's address, last octet first

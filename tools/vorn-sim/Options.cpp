@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "Ipv4.h"
+#include "SettingKeys.h"
 #include "ValueParsers.h"
 
 namespace VornSim {
@@ -23,11 +24,35 @@ Error invalid(std::string_view name, std::string_view value, std::string_view ex
                  std::string(expected) + ")"};
 }
 
-std::optional<Error> checkAddress(std::string_view name, std::string_view value)
+// Stores the address in its plain form, so it compares equal to the units' own.
+std::optional<Error> setAddress(std::string& target, std::string_view name, std::string_view value)
 {
-    if (parseIpv4(value))
-        return std::nullopt;
-    return invalid(name, value, "an IPv4 address like 10.232.1.1");
+    auto address = Settings::canonicalIpv4(value);
+    if (!address)
+        return invalid(name, value, "an IPv4 address like 10.232.1.1");
+    target = std::move(*address);
+    return std::nullopt;
+}
+
+// "all" or a unit's address in its plain form.
+std::optional<std::string> unitTarget(std::string_view text)
+{
+    if (text == kAllUnits)
+        return std::string(text);
+    return Settings::canonicalIpv4(text);
+}
+
+// A fault without a value, for the unit (or "all") named by `text`.
+std::optional<Error> addFlagFault(Options& options, std::string_view name, std::string_view text,
+                                  std::optional<bool> FaultOverrides::*field)
+{
+    const auto unit = unitTarget(text);
+    if (!unit)
+        return invalid(name, text, "a unit's address or 'all'");
+    FaultOption fault{*unit, {}};
+    fault.overrides.*field = true;
+    options.faults.push_back(std::move(fault));
+    return std::nullopt;
 }
 
 // "UNIT=VALUE" for the fault options; UNIT is "all" or an address.
@@ -37,10 +62,11 @@ std::optional<Error> splitUnitValue(std::string_view name, std::string_view text
     const auto equals = text.find('=');
     if (equals == std::string_view::npos)
         return Error{"option " + std::string(name) + " needs UNIT=VALUE, got '" + std::string(text) + "'"};
-    unit = text.substr(0, equals);
     value = text.substr(equals + 1);
-    if (unit != kAllUnits && !parseIpv4(unit))
-        return invalid(name, unit, "a unit's address or 'all'");
+    const auto target = unitTarget(text.substr(0, equals));
+    if (!target)
+        return invalid(name, text.substr(0, equals), "a unit's address or 'all'");
+    unit = *target;
     return std::nullopt;
 }
 
@@ -61,7 +87,7 @@ std::optional<Error> addFault(Options& options, std::string_view name, std::stri
     return std::nullopt;
 }
 
-constexpr std::array<OptionHandler, 14> kOptions = {{
+constexpr std::array<OptionHandler, 16> kOptions = {{
     {"--port",
      [](Options& o, std::string_view n, std::string_view v) -> std::optional<Error> {
          const auto port = parseBoundedInt(v, 1, 65535);
@@ -71,10 +97,7 @@ constexpr std::array<OptionHandler, 14> kOptions = {{
          return std::nullopt;
      }},
     {"--bind",
-     [](Options& o, std::string_view n, std::string_view v) {
-         o.bindAddress = v;
-         return checkAddress(n, v);
-     }},
+     [](Options& o, std::string_view n, std::string_view v) { return setAddress(o.bindAddress, n, v); }},
     {"--log",
      [](Options& o, std::string_view, std::string_view v) -> std::optional<Error> {
          o.logPath = v;
@@ -94,10 +117,7 @@ constexpr std::array<OptionHandler, 14> kOptions = {{
          return std::nullopt;
      }},
     {"--first-ip",
-     [](Options& o, std::string_view n, std::string_view v) {
-         o.firstIp = v;
-         return checkAddress(n, v);
-     }},
+     [](Options& o, std::string_view n, std::string_view v) { return setAddress(o.firstIp, n, v); }},
     {"--seed",
      [](Options& o, std::string_view n, std::string_view v) -> std::optional<Error> {
          const auto seed = parseBoundedInt(v, 0, INT64_MAX);
@@ -120,7 +140,7 @@ constexpr std::array<OptionHandler, 14> kOptions = {{
              if (unit.serial.empty())
                  return invalid(n, v, "ADDR or ADDR=SERIAL");
          }
-         if (auto error = checkAddress(n, unit.ip))
+         if (auto error = setAddress(unit.ip, n, unit.ip))
              return error;
          o.extraUnits.push_back(std::move(unit));
          return std::nullopt;
@@ -128,7 +148,7 @@ constexpr std::array<OptionHandler, 14> kOptions = {{
     {"--report-ip",
      [](Options& o, std::string_view n, std::string_view v) {
          return addFault<&FaultOverrides::reportIp>(
-             o, n, v, [](std::string_view a) { return parseIpv4(a) ? std::optional(std::string(a)) : std::nullopt; },
+             o, n, v, [](std::string_view a) { return Settings::canonicalIpv4(a); },
              "an IPv4 address");
      }},
     {"--cmd",
@@ -136,13 +156,18 @@ constexpr std::array<OptionHandler, 14> kOptions = {{
          return addFault<&FaultOverrides::cmd>(o, n, v, parseCommandCode, "a command code 0..255 or 0x00..0xFF");
      }},
     {"--silent",
-     [](Options& o, std::string_view n, std::string_view v) -> std::optional<Error> {
-         FaultOption fault{std::string(v), {}};
-         if (fault.unit != kAllUnits && !parseIpv4(fault.unit))
-             return invalid(n, v, "a unit's address or 'all'");
-         fault.overrides.silent = true;
-         o.faults.push_back(std::move(fault));
-         return std::nullopt;
+     [](Options& o, std::string_view n, std::string_view v) {
+         return addFlagFault(o, n, v, &FaultOverrides::silent);
+     }},
+    {"--ignore-writes",
+     [](Options& o, std::string_view n, std::string_view v) {
+         return addFlagFault(o, n, v, &FaultOverrides::ignoreWrites);
+     }},
+    {"--keep-key",
+     [](Options& o, std::string_view n, std::string_view v) {
+         return addFault<&FaultOverrides::keepKey>(
+             o, n, v, [](std::string_view key) { return key.empty() ? std::nullopt : std::optional(std::string(key)); },
+             "a configuration key like Channel");
      }},
     {"--drop",
      [](Options& o, std::string_view n, std::string_view v) {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "Ipv4.h"
+#include "SettingKeys.h"
 
 namespace VornSim {
 namespace {
@@ -29,12 +30,18 @@ bool reaches(const Unit& unit, const std::string& dstIp, bool addressedToAUnit)
 
 void applyWrite(Unit& unit, const Vorn::Config& settings)
 {
-    for (const auto& [key, value] : settings)
-        unit.config[key] = value;
+    if (unit.faults.ignoreWrites)
+        return;
+    for (const auto& [key, value] : settings) {
+        if (key != unit.faults.keepKey)
+            unit.config[key] = value;
+    }
     // The unit moves only to an address it can use; other text is stored as sent.
-    const auto moved = settings.find("IPAddress");
-    if (moved != settings.end() && parseIpv4(moved->second))
-        unit.ip = moved->second;
+    const auto moved = settings.find(SettingKeys::kIPAddress);
+    if (moved != settings.end() && unit.faults.keepKey != SettingKeys::kIPAddress) {
+        if (auto address = Settings::canonicalIpv4(moved->second))
+            unit.ip = std::move(*address);
+    }
 }
 
 }  // namespace
@@ -43,7 +50,7 @@ Vorn::Bytes reportPacket(const Unit& unit, std::uint16_t seq)
 {
     Vorn::Bytes packet(Vorn::kHeaderSize, 0);
     std::copy(kMagic.begin(), kMagic.end(), packet.begin());
-    const auto address = parseIpv4(unit.faults.reportIp.value_or(unit.ip)).value_or(0);
+    const auto address = Settings::Ipv4::parse(unit.faults.reportIp.value_or(unit.ip)).value_or(Settings::Ipv4()).value();
     for (int i = 0; i < 4; ++i)
         packet[4 + static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(address >> (8 * i));
     packet[8] = 0x00;

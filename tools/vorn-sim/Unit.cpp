@@ -14,6 +14,10 @@ void FaultOverrides::applyTo(Faults& faults) const
         faults.drop = *drop;
     if (delay)
         faults.delay = *delay;
+    if (ignoreWrites)
+        faults.ignoreWrites = *ignoreWrites;
+    if (keepKey)
+        faults.keepKey = keepKey;
 }
 
 }  // namespace VornSim

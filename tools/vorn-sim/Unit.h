@@ -17,6 +17,8 @@ struct Faults {
     bool silent = false;                    // never answers (writes still apply)
     double drop = 0.0;                      // fraction of requests ignored, 0..1
     std::chrono::milliseconds delay{0};     // reply held back this long
+    bool ignoreWrites = false;              // answers, but never stores a write
+    std::optional<std::string> keepKey{};   // stores writes except this key
 
     bool operator==(const Faults&) const = default;
 };
@@ -28,6 +30,8 @@ struct FaultOverrides {
     std::optional<bool> silent{};
     std::optional<double> drop{};
     std::optional<std::chrono::milliseconds> delay{};
+    std::optional<bool> ignoreWrites{};
+    std::optional<std::string> keepKey{};
 
     void applyTo(Faults& faults) const;
     bool operator==(const FaultOverrides&) const = default;

@@ -33,9 +33,10 @@ std::string configValue(const Json& value, std::string_view key, std::size_t ind
 
 std::string address(const Json& value, std::string_view field, std::size_t index)
 {
-    if (!value.is_string() || !parseIpv4(value.get<std::string>()))
+    const auto text = value.is_string() ? Settings::canonicalIpv4(value.get<std::string>()) : std::nullopt;
+    if (!text)
         throw Invalid{describe(index, "\"" + std::string(field) + "\" must be an IPv4 address text")};
-    return value.get<std::string>();
+    return *text;
 }
 
 std::uint8_t commandCode(const Json& value, std::size_t index)
@@ -68,6 +69,14 @@ void readFault(Unit& unit, const std::string& field, const Json& value, std::siz
         if (!value.is_number_unsigned() || value.get<std::uint64_t>() > static_cast<std::uint64_t>(kMaxDelay.count()))
             throw Invalid{describe(index, "\"delayMs\" must be whole milliseconds 0..3600000")};
         unit.faults.delay = std::chrono::milliseconds(value.get<std::int64_t>());
+    } else if (field == "ignoreWrites") {
+        if (!value.is_boolean())
+            throw Invalid{describe(index, "\"ignoreWrites\" must be true or false")};
+        unit.faults.ignoreWrites = value.get<bool>();
+    } else if (field == "keepKey") {
+        if (!value.is_string() || value.get<std::string>().empty())
+            throw Invalid{describe(index, "\"keepKey\" must be a key text")};
+        unit.faults.keepKey = value.get<std::string>();
     } else {
         throw Invalid{describe(index, "unknown field \"" + field + "\"")};
     }

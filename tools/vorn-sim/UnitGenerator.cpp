@@ -5,7 +5,8 @@
 #include <set>
 #include <string>
 
-#include "Ipv4.h"
+#include "HostAddresses.h"
+#include "SettingKeys.h"
 #include "SwitcherCatalog.h"
 
 namespace VornSim {
@@ -58,33 +59,34 @@ void putSwitcher(Vorn::Config& config, Dice& dice)
         band = preset.band;
         model = preset.model;
     }
-    config["SwitcherBand"] = number(band);
-    config["SwitcherModel"] = number(model);
+    config[SettingKeys::kSwitcherBand] = number(band);
+    config[SettingKeys::kSwitcherModel] = number(model);
 }
 
-Vorn::Config makeConfig(std::uint32_t address, Dice& dice, std::set<std::string>& serials)
+Vorn::Config makeConfig(Settings::Ipv4 address, Dice& dice, std::set<std::string>& serials)
 {
     // Every unit sits in a /16 whose infrastructure lives at the .0.x hosts.
-    const std::uint32_t network = address & 0xFFFF0000u;
+    const std::uint32_t network = address.value() & 0xFFFF0000u;
+    const auto text = [](std::uint32_t value) { return Settings::Ipv4(value).toString(); };
     Vorn::Config config;
-    config["IPAddress"] = formatIpv4(address);
-    config["Netmask"] = "255.255.0.0";
-    config["Gateway"] = formatIpv4(network | 1);
-    config["ManagerIp"] = formatIpv4(network | 10);
-    config["AtemIp"] = formatIpv4(network | static_cast<std::uint32_t>(dice.between(20, 60)));
-    config["AtemPort"] = dice.chance(90) ? "9910" : number(dice.between(9000, 9999));
-    config["Channel"] = number(dice.between(1, 150));
-    config["CallMagic"] = number(dice.between(1000, 9999));
-    config["ScenarioType"] = number(dice.between(0, 4));
-    config["SilenceThreshold"] = number(dice.between(10, 60));
-    config["SilenceSuppress"] = number(dice.between(0, 5));
-    config["TallyType"] = number(dice.between(0, 9));
-    config["TallyGpioType"] = number(dice.between(0, 9));
-    config["AtemExtTally"] = number(dice.between(0, 3));
+    config[SettingKeys::kIPAddress] = address.toString();
+    config[SettingKeys::kNetmask] = "255.255.0.0";
+    config[SettingKeys::kGateway] = text(network | 1);
+    config[SettingKeys::kManagerIp] = text(network | 10);
+    config[SettingKeys::kAtemIp] = text(network | static_cast<std::uint32_t>(dice.between(20, 60)));
+    config[SettingKeys::kAtemPort] = dice.chance(90) ? "9910" : number(dice.between(9000, 9999));
+    config[SettingKeys::kChannel] = number(dice.between(1, 150));
+    config[SettingKeys::kCallMagic] = number(dice.between(1000, 9999));
+    config[SettingKeys::kScenarioType] = number(dice.between(0, 4));
+    config[SettingKeys::kSilenceThreshold] = number(dice.between(10, 60));
+    config[SettingKeys::kSilenceSuppress] = number(dice.between(0, 5));
+    config[SettingKeys::kTallyType] = number(dice.between(0, 9));
+    config[SettingKeys::kTallyGpioType] = number(dice.between(0, 9));
+    config[SettingKeys::kAtemExtTally] = number(dice.between(0, 3));
     putSwitcher(config, dice);
-    config["Wire2Enable"] = dice.chance(30) ? "1" : "0";
-    config["Serial"] = uniqueSerial(dice, serials);
-    config["Version"] = std::string(kVersions[static_cast<std::size_t>(dice.between(0, kVersions.size() - 1))]);
+    config[SettingKeys::kWire2Enable] = dice.chance(30) ? "1" : "0";
+    config[SettingKeys::kSerial] = uniqueSerial(dice, serials);
+    config[SettingKeys::kVersion] = std::string(kVersions[static_cast<std::size_t>(dice.between(0, kVersions.size() - 1))]);
     return config;
 }
 
@@ -92,7 +94,7 @@ Vorn::Config makeConfig(std::uint32_t address, Dice& dice, std::set<std::string>
 
 Result<std::vector<Unit>> generateUnits(std::string_view firstIp, int count, std::uint64_t seed)
 {
-    const auto first = parseIpv4(firstIp);
+    const auto first = Settings::Ipv4::parse(firstIp);
     if (!first)
         return Error{"'" + std::string(firstIp) + "' is not an IPv4 address"};
     auto address = firstHostAddressFrom(*first);
@@ -103,7 +105,7 @@ Result<std::vector<Unit>> generateUnits(std::string_view firstIp, int count, std
     for (int i = 0; i < count; ++i) {
         if (!address)
             return Error{"not enough addresses after " + std::string(firstIp) + " for " + number(count) + " units"};
-        units.push_back(Unit{formatIpv4(*address), makeConfig(*address, dice, serials), {}});
+        units.push_back(Unit{address->toString(), makeConfig(*address, dice, serials), {}});
         address = nextHostAddress(*address);
     }
     return units;

@@ -28,7 +28,8 @@ Units (generated, deterministic for a seed):
 Units from a file instead of --count/--first-ip:
   --units FILE.json     array of {"ip": "...", "config": {"Key": "Value", ...}}
                         with optional faults "reportIp", "cmd" (161 or "0xA1"),
-                        "silent" (true), "drop" (0..1), "delayMs"; any
+                        "silent" (true), "drop" (0..1), "delayMs",
+                        "ignoreWrites" (true), "keepKey" ("Channel"); any
                         address may be used, also one outside the link's
                         subnet, and one address may be listed twice
 Extra units, with --count or with --units (may be repeated):
@@ -44,6 +45,8 @@ Faults (UNIT is a unit's address or 'all'; each option may be repeated):
   --silent UNIT         never answer (writes still apply)
   --drop UNIT=FRACTION  ignore this fraction (0..1) of requests
   --delay UNIT=MS       answer MS milliseconds late
+  --ignore-writes UNIT  answer discovers, but never store a write
+  --keep-key UNIT=KEY   store writes except KEY, which keeps its old value
 
   -h, --help            show this text
 

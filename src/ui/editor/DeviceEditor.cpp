@@ -51,14 +51,18 @@ void DeviceEditor::load()
 
 void DeviceEditor::save()
 {
-    write(changesOf(compareSettings(state_.fields, liveConfig())));
+    const Vorn::Config live = liveConfig();
+    if (sendRefusal(state_.fields, live))
+        return;
+    write(changesOf(compareSettings(state_.fields, live)));
 }
 
 void DeviceEditor::applyNetwork()
 {
-    if (!networkValid(state_.fields))
+    const Vorn::Config live = liveConfig();
+    if (!networkValid(state_.fields) || sendRefusal(state_.fields, live))
         return;
-    write(changesOf(compareNetwork(state_.fields, liveConfig())));
+    write(changesOf(compareNetwork(state_.fields, live)));
 }
 
 void DeviceEditor::write(const Vorn::Config& changes)

@@ -52,6 +52,9 @@ class DeviceEditor : public QObject {
     Q_PROPERTY(bool netDirty READ netDirty NOTIFY netDirtyChanged)
     Q_PROPERTY(bool netWarning READ netWarning NOTIFY netWarningChanged)
     Q_PROPERTY(bool canApplyNetwork READ canApplyNetwork NOTIFY canApplyNetworkChanged)
+    // Save is available while dirty and nothing is refused; `refusal` says why not.
+    Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged)
+    Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged)
 
     // The header.
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
@@ -154,6 +157,8 @@ public:
     bool netDirty() const { return shown_.view.netDirty; }
     bool netWarning() const { return shown_.view.netWarning; }
     bool canApplyNetwork() const { return shown_.view.canApplyNetwork; }
+    bool canSave() const { return shown_.view.canSave; }
+    QString refusal() const { return shown_.view.refusal; }
 
     QString title() const { return shown_.view.title; }
     QString onlineText() const { return shown_.view.onlineText; }
@@ -211,6 +216,8 @@ signals:
     void netDirtyChanged();
     void netWarningChanged();
     void canApplyNetworkChanged();
+    void canSaveChanged();
+    void refusalChanged();
     void titleChanged();
     void onlineTextChanged();
     void switcherLabelChanged();

@@ -57,6 +57,8 @@ void DeviceEditor::announceView(const EditorView& was, const EditorView& is)
     notifyIf(this, was.netDirty, is.netDirty, &DeviceEditor::netDirtyChanged);
     notifyIf(this, was.netWarning, is.netWarning, &DeviceEditor::netWarningChanged);
     notifyIf(this, was.canApplyNetwork, is.canApplyNetwork, &DeviceEditor::canApplyNetworkChanged);
+    notifyIf(this, was.canSave, is.canSave, &DeviceEditor::canSaveChanged);
+    notifyIf(this, was.refusal, is.refusal, &DeviceEditor::refusalChanged);
     notifyIf(this, was.title, is.title, &DeviceEditor::titleChanged);
     notifyIf(this, was.onlineText, is.onlineText, &DeviceEditor::onlineTextChanged);
     notifyIf(this, was.switcherLabel, is.switcherLabel, &DeviceEditor::switcherLabelChanged);

@@ -27,10 +27,4 @@ QVariantList switcherEntries(std::int64_t band, std::int64_t model);
 // The row of the current values in switcherEntries(); never -1.
 int switcherIndex(std::int64_t band, std::int64_t model);
 
-// The keys of the Details grid, in the order it shows them.
-inline constexpr std::array<std::string_view, 15> kDetailKeys = {
-    "IPAddress", "Netmask",  "Gateway",    "ManagerIp", "AtemIp",        "AtemPort",     "SwitcherBand", "SwitcherModel",
-    "Channel",   "CallMagic", "TallyType", "TallyGpioType", "AtemExtTally", "Serial", "Version",
-};
-
 }  // namespace EditorOptions

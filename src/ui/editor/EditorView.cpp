@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QVariantMap>
 
 #include "EditorOptions.h"
 #include "EditorRules.h"
 #include "PresenceClock.h"
+#include "SettingKeys.h"
 #include "SwitcherCatalog.h"
 
 namespace {
@@ -25,7 +27,7 @@ QString chipOf(const Vorn::Config& live, std::string_view key, const QString& pr
 QVariantList detailRows(const Vorn::Config& live)
 {
     QVariantList rows;
-    for (const auto key : EditorOptions::kDetailKeys) {
+    for (const auto key : SettingKeys::kDetailKeys) {
         const auto entry = live.find(key);
         if (entry == live.end())
             continue;
@@ -48,7 +50,7 @@ QString confirmMessageOf(const EditorFields& fields)
 EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, WallClock::time_point now,
                          const QString& ip)
 {
-    using namespace EditorKeys;
+    using namespace SettingKeys;
     EditorView view;
     if (unit)
         view.live = unit->config;
@@ -59,7 +61,10 @@ EditorView presentEditor(const EditorFields& fields, const std::optional<Device>
     view.netValid = networkValid(fields);
     view.netDirty = anyDiffers(compareNetwork(fields, live));
     view.netWarning = view.netDirty && !view.netValid;
-    view.canApplyNetwork = view.netDirty && view.netValid;
+    if (const auto refused = sendRefusal(fields, live))
+        view.refusal = QCoreApplication::translate("DeviceEditor", "Cannot send: %1").arg(qtext(*refused));
+    view.canSave = view.dirty && view.refusal.isEmpty();
+    view.canApplyNetwork = view.netDirty && view.netValid && view.refusal.isEmpty();
 
     view.title = unit ? unit->title() : ip;
     view.onlineText = view.online ? QStringLiteral("Online") : QStringLiteral("Offline");

@@ -18,6 +18,9 @@ struct EditorView {
     bool netDirty = false;
     bool netWarning = false;
     bool canApplyNetwork = false;
+    // Why nothing can be sent (a field holds a line break or NUL), or empty.
+    QString refusal;
+    bool canSave = false;
 
     QString title;
     QString onlineText;
@@ -49,8 +52,8 @@ EditorView presentEditor(const EditorFields& fields, const std::optional<Device>
                          const QString& ip);
 
 // The type steppers' range.
-inline constexpr std::int64_t kTypeMinimum = 0;
-inline constexpr std::int64_t kTypeMaximum = 9;
+using Settings::kTypeMaximum;
+using Settings::kTypeMinimum;
 
 // One step of a type stepper: the value moves by `delta` and lands inside the
 // range (a reported 12 steps down to 9); a step away from the range, or past

@@ -112,7 +112,7 @@ RowLayout {
                 text: "Save changes"
                 systemImage: Glyphs.save
                 tint: Theme.cyan
-                enabled: root.editor.dirty
+                enabled: root.editor.canSave
                 onClicked: root.editor.save()
             }
         }
@@ -139,6 +139,19 @@ RowLayout {
                 font.pixelSize: 12
                 font.weight: Font.Medium
             }
+        }
+
+        Text {
+            objectName: "refusalText"
+            Layout.alignment: Qt.AlignRight
+            Layout.maximumWidth: 320
+            visible: root.editor.refusal !== ""
+            text: root.editor.refusal
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignRight
+            color: Theme.tally
+            font.pixelSize: 11
         }
     }
 }

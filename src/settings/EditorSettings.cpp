@@ -3,18 +3,19 @@
 #include <algorithm>
 
 #include "EditorRules.h"
+#include "ValueSafety.h"
 
-using namespace EditorKeys;
+using namespace SettingKeys;
 using EditorRules::integerText;
 using EditorRules::liveInteger;
 using EditorRules::liveText;
 
 namespace {
 
-constexpr std::int64_t kBandDefault = 7;
-constexpr std::int64_t kSceneDefault = 1;
-constexpr std::string_view kWire2On = "1";
-constexpr std::string_view kWire2Off = "0";
+using Settings::kBandDefault;
+using Settings::kSceneDefault;
+constexpr std::string_view kWire2On = Settings::kSwitchOn;
+constexpr std::string_view kWire2Off = Settings::kSwitchOff;
 
 std::string wire2Text(bool on)
 {
@@ -26,6 +27,21 @@ KeyComparison byText(const Vorn::Config& live, std::string_view key, std::string
 {
     const bool differs = text != liveText(live, key);
     return {key, std::move(text), differs};
+}
+
+// The first text field that holds a line break or NUL.
+std::optional<std::string> fieldsRefusal(const EditorFields& fields)
+{
+    const std::pair<std::string_view, const std::string*> texts[] = {
+        {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
+        {kCallMagic, &fields.password}, {kIPAddress, &fields.ipAddr}, {kNetmask, &fields.netmask},
+        {kGateway, &fields.gateway},
+    };
+    for (const auto& [key, text] : texts) {
+        if (auto refused = Settings::valueRefusal(key, *text))
+            return refused;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -110,4 +126,17 @@ bool networkValid(const EditorFields& fields)
 {
     return EditorRules::isDottedQuad(fields.ipAddr) && EditorRules::isDottedQuad(fields.netmask)
         && EditorRules::isDottedQuad(fields.gateway);
+}
+
+std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
+{
+    if (auto refused = fieldsRefusal(fields))
+        return refused;
+    // Every differing field replaces the unit's value; the rest goes out as reported.
+    Vorn::Config full = live;
+    for (const auto& changes : {changesOf(compareSettings(fields, live)), changesOf(compareNetwork(fields, live))}) {
+        for (const auto& [key, value] : changes)
+            full.insert_or_assign(key, value);
+    }
+    return Settings::writeRefusal({}, full);
 }

@@ -8,33 +8,19 @@
 #include <string>
 #include <string_view>
 
-#include "VornProtocol.h"
+#include <optional>
 
-namespace EditorKeys {
-inline constexpr std::string_view kAtemIp = "AtemIp";
-inline constexpr std::string_view kAtemPort = "AtemPort";
-inline constexpr std::string_view kChannel = "Channel";
-inline constexpr std::string_view kSwitcherBand = "SwitcherBand";
-inline constexpr std::string_view kSwitcherModel = "SwitcherModel";
-inline constexpr std::string_view kAtemExtTally = "AtemExtTally";
-inline constexpr std::string_view kTallyType = "TallyType";
-inline constexpr std::string_view kTallyGpioType = "TallyGpioType";
-inline constexpr std::string_view kScenarioType = "ScenarioType";
-inline constexpr std::string_view kSilenceSuppress = "SilenceSuppress";
-inline constexpr std::string_view kWire2Enable = "Wire2Enable";
-inline constexpr std::string_view kCallMagic = "CallMagic";
-inline constexpr std::string_view kIPAddress = "IPAddress";
-inline constexpr std::string_view kNetmask = "Netmask";
-inline constexpr std::string_view kGateway = "Gateway";
-inline constexpr std::string_view kVersion = "Version";
-}  // namespace EditorKeys
+#include "EditableKeys.h"
+#include "SettingKeys.h"
+#include "VornConfig.h"
+
 
 // What the user edits. The initial values are those of a fresh editor.
 struct EditorFields {
     std::string atemIp;
     std::string atemPort;
     std::string channel;
-    std::int64_t band = 7;  // the family of the first switcher preset
+    std::int64_t band = Settings::kBandDefault;
     std::int64_t model = 0;
     std::int64_t extTally = 0;
     std::int64_t tallyType = 0;
@@ -42,7 +28,7 @@ struct EditorFields {
     std::string ipAddr;
     std::string netmask;
     std::string gateway;
-    std::int64_t scene = 1;
+    std::int64_t scene = Settings::kSceneDefault;
     std::int64_t suppress = 0;
     bool wire2 = false;
     std::string password;
@@ -78,3 +64,9 @@ Vorn::Config changesOf(std::span<const KeyComparison> keys);
 
 // All three network fields are dotted quads.
 bool networkValid(const EditorFields& fields);
+
+// Why a write from these fields cannot go out, or nothing when it can: a text
+// field holding a line break or NUL, or such a value among the unit's own
+// reported write keys that the write would carry unchanged (a write carries
+// the whole configuration).
+std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live);

@@ -3,11 +3,10 @@
 #include <vector>
 
 #include "DecimalInt.h"
+#include "Ipv4.h"
 
 namespace EditorRules {
 namespace {
-
-constexpr std::int64_t kOctetMax = 255;
 
 // Every piece between dots, empty ones included: "1..2" gives three.
 std::vector<std::string_view> splitAtDots(std::string_view text)
@@ -45,15 +44,7 @@ std::int64_t liveInteger(const Vorn::Config& live, std::string_view key, std::in
 
 bool isDottedQuad(std::string_view text)
 {
-    const auto pieces = splitAtDots(text);
-    if (pieces.size() != 4)
-        return false;
-    for (const auto piece : pieces) {
-        const auto value = Vorn::parseDecimal(piece);
-        if (!value || *value < 0 || *value > kOctetMax)
-            return false;
-    }
-    return true;
+    return Settings::Ipv4::parse(text).has_value();
 }
 
 std::string switcherTag(std::int64_t band, std::int64_t model)

@@ -8,7 +8,8 @@ std::string label(std::int64_t band, std::int64_t model)
         if (preset.band == band && preset.model == model)
             return std::string(preset.label);
     }
-    if (band == 7)
+    // Every model of the ATEM family is an ATEM.
+    if (band == presets.front().band)
         return std::string(presets.front().label);
     return "Band " + std::to_string(band) + " / Model " + std::to_string(model);
 }

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "VornProtocol.h"
+#include "VornConfig.h"
 
 namespace EditorRules {
 

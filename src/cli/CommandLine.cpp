@@ -1,0 +1,172 @@
+#include "CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+
+#include "Commands.h"
+#include "ExitCodes.h"
+#include "Ipv4.h"
+
+namespace VornCtl {
+namespace {
+
+constexpr double kDefaultTimeoutSeconds = 2.0;
+constexpr double kShortestTimeoutSeconds = 0.001;
+constexpr double kLongestTimeoutSeconds = 3600.0;
+
+// Everything the five commands can be given.
+struct Arguments {
+    double timeout = kDefaultTimeoutSeconds;
+    std::optional<int> expect;
+    bool json = false;
+    bool yes = false;
+    bool dryRun = false;
+    bool network = false;
+    std::string address;
+    std::vector<std::string> pairs;
+    std::vector<std::string> addresses;
+    std::string output;
+    std::string file;
+};
+
+// A usage problem found after parsing: one line, exit 2.
+struct UsageError {
+    std::string message;
+};
+
+int usageError(std::ostream& err, const std::string& message)
+{
+    err << "vornctl: " << message << "; try 'vornctl --help'\n";
+    return kExitUsage;
+}
+
+std::string canonicalAddress(const std::string& text)
+{
+    auto address = Settings::canonicalIpv4(text);
+    if (!address)
+        throw UsageError{"'" + text + "' is not an IPv4 address"};
+    return *address;
+}
+
+void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what)
+{
+    command->add_option("--timeout", arguments.timeout, what + " (seconds, default 2, at most an hour)")
+        ->check(CLI::Range(kShortestTimeoutSeconds, kLongestTimeoutSeconds))
+        ->option_text("S");
+}
+
+std::variant<Settings::Backup, std::string> readBackupFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return path + ": cannot be read";
+    std::string text;
+    text.resize(Settings::kBackupMaxBytes + 1);
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    auto read = Settings::readBackup(text);
+    if (auto* error = std::get_if<Settings::BackupError>(&read))
+        return path + ": " + error->message;
+    return std::get<Settings::Backup>(std::move(read));
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
+{
+    CLI::App app{"Checks, configures, backs up and restores base stations on the local network.", "vornctl"};
+    app.set_version_flag("--version", std::string("vornctl ") + VORNCTL_VERSION);
+    app.require_subcommand(1);
+    app.footer("Exit status: 0 done, 1 failure (port taken, unreadable file), 2 bad usage, 3 fewer units than "
+               "--expect, 4 a unit did not answer, 5 a unit reports other values than written.\n");
+    Arguments arguments;
+
+    auto* discover = app.add_subcommand("discover", "List every unit that answers a broadcast discover.");
+    addTimeout(discover, arguments, "how long to broadcast, every 0.5 s");
+    discover->add_option("--expect", arguments.expect, "exit 3 when fewer units answer")
+        ->check(CLI::NonNegativeNumber)
+        ->option_text("N");
+    discover->add_flag("--json", arguments.json, "a JSON array of units, sorted by address");
+
+    auto* show = app.add_subcommand("show", "Print one unit's configuration.");
+    show->add_option("ADDRESS", arguments.address, "the unit's IPv4 address")->required();
+    addTimeout(show, arguments, "how long to wait for the unit (three tries)");
+    show->add_flag("--json", arguments.json, "the unit as a JSON object");
+
+    auto* set = app.add_subcommand("set", "Write settings to one unit and check what it reports afterwards.");
+    set->add_option("ADDRESS", arguments.address, "the unit's IPv4 address")->required();
+    set->add_option("KEY=VALUE", arguments.pairs, "settings to write, e.g. Channel=5")->required();
+    set->add_flag("--yes", arguments.yes, "allow IPAddress, Netmask and Gateway");
+    addTimeout(set, arguments, "how long to wait for each answer");
+
+    auto* backup = app.add_subcommand("backup", "Save units' configurations into one backup file.");
+    backup->add_option("ADDRESS", arguments.addresses, "units to save (default: every unit that answers)");
+    backup->add_option("-o,--output", arguments.output, "the file to write (default: standard output)")
+        ->option_text("FILE");
+    addTimeout(backup, arguments, "how long to look for units");
+
+    auto* restore = app.add_subcommand("restore", "Write a backup file's settings back to its units.");
+    restore->add_option("FILE", arguments.file, "a file written by vornctl backup")->required();
+    restore->add_flag("--dry-run", arguments.dryRun, "show the differences, write nothing");
+    restore->add_flag("--network", arguments.network, "also restore IPAddress, Netmask and Gateway");
+    restore->add_flag("--yes", arguments.yes, "confirm --network");
+    addTimeout(restore, arguments, "how long to look for units and wait for answers");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help, out, err);
+    } catch (const CLI::CallForAllHelp& help) {
+        return app.exit(help, out, err);
+    } catch (const CLI::CallForVersion& version) {
+        return app.exit(version, out, err);
+    } catch (const CLI::ParseError& error) {
+        return usageError(err, error.what());
+    }
+
+    std::variant<SetRequest, std::string> setRequest;
+    Settings::Backup backupFile;
+    try {
+        if (show->parsed() || set->parsed())
+            arguments.address = canonicalAddress(arguments.address);
+        for (auto& address : arguments.addresses)
+            address = canonicalAddress(address);
+        if (set->parsed()) {
+            setRequest = parseSetRequest(arguments.address, arguments.pairs, arguments.yes);
+            if (const auto* problem = std::get_if<std::string>(&setRequest))
+                throw UsageError{*problem};
+        }
+        if (restore->parsed() && arguments.network && !arguments.yes && !arguments.dryRun)
+            throw UsageError{"--network writes IPAddress, Netmask and Gateway; add --yes to confirm"};
+    } catch (const UsageError& error) {
+        return usageError(err, error.message);
+    }
+    if (restore->parsed()) {
+        auto read = readBackupFile(arguments.file);
+        if (const auto* problem = std::get_if<std::string>(&read)) {
+            err << "vornctl: " << *problem << '\n';
+            return kExitFailure;
+        }
+        backupFile = std::get<Settings::Backup>(std::move(read));
+    }
+
+    UnitLink link;
+    if (!link.open()) {
+        err << "vornctl: cannot bind UDP 23457 (is VornLink running?)\n";
+        return kExitFailure;
+    }
+    const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
+    Context context{out, err, link, timeout};
+    if (discover->parsed())
+        return runDiscover(context, arguments.expect, arguments.json);
+    if (show->parsed())
+        return runShow(context, arguments.address, arguments.json);
+    if (set->parsed())
+        return runSet(context, std::get<SetRequest>(setRequest));
+    if (backup->parsed())
+        return runBackup(context, arguments.addresses, arguments.output);
+    return runRestore(context, backupFile, {arguments.dryRun, arguments.network});
+}
+
+}  // namespace VornCtl

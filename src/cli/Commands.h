@@ -1,0 +1,47 @@
+// vornctl's five commands. Each takes arguments already checked by the
+// command line and a bound link, writes results to `out` and progress to
+// `err`, and returns the exit status.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "BackupFile.h"
+#include "UnitLink.h"
+
+namespace VornCtl {
+
+struct Context {
+    std::ostream& out;
+    std::ostream& err;
+    UnitLink& link;
+    std::chrono::milliseconds timeout;
+};
+
+int runDiscover(Context& context, std::optional<int> expect, bool json);
+
+int runShow(Context& context, const std::string& address, bool json);
+
+struct SetRequest {
+    std::string address;
+    Vorn::Config changes;
+};
+// The pairs as a write, or why they cannot be written (a usage error).
+std::variant<SetRequest, std::string> parseSetRequest(const std::string& address,
+                                                      const std::vector<std::string>& pairs, bool yes);
+int runSet(Context& context, const SetRequest& request);
+
+// Units by address; empty means every unit that answers a broadcast.
+int runBackup(Context& context, const std::vector<std::string>& addresses, const std::string& outputPath);
+
+struct RestoreOptions {
+    bool dryRun = false;
+    bool network = false;  // also the network keys (needs --yes unless dry)
+};
+int runRestore(Context& context, const Settings::Backup& backup, const RestoreOptions& options);
+
+}  // namespace VornCtl

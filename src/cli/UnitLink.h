@@ -1,0 +1,67 @@
+// vornctl's line to the units: the device port bound exclusively, replies
+// collected by unit address, and the three exchanges the commands need.
+// Standard C++ only; the receive thread only files replies under a lock.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "VornProtocol.h"
+#include "VornSocket.h"
+
+namespace VornCtl {
+
+// One unit as its latest configuration report shows it.
+struct Sighting {
+    std::string address;  // from the report's header, as the window files it
+    // The interface the report arrived on; empty while the socket does not
+    // report arrival interfaces.
+    std::string interface;
+    Vorn::Config config;
+};
+
+class UnitLink {
+public:
+    // Three tries of a unicast discover within one timeout.
+    static constexpr int kQueryTries = 3;
+    static constexpr auto kBroadcastInterval = std::chrono::milliseconds(500);
+
+    UnitLink();
+    UnitLink(const UnitLink&) = delete;
+    UnitLink& operator=(const UnitLink&) = delete;
+
+    // Binds UDP 23457 without sharing it. False when another socket holds it.
+    bool open();
+
+    // Broadcasts a discover every 0.5 s until `timeout` and returns every
+    // unit that answered, by address.
+    std::map<std::string, Sighting> discoverAll(std::chrono::milliseconds timeout);
+
+    // Unicast discovers to `address` (up to three within `timeout`) until the
+    // unit reports; nothing when it does not.
+    std::optional<Sighting> query(const std::string& address, std::chrono::milliseconds timeout);
+
+    // One write datagram of `full`, sent twice with one sequence number.
+    void write(const std::string& address, const Vorn::Config& full);
+
+private:
+    void file(const Vorn::Bytes& data);
+    std::uint16_t nextSeq() { return ++seq_; }
+
+    std::uint16_t seq_ = 0;
+    std::mutex lock_;
+    std::condition_variable arrived_;
+    // Every report since the link opened; `received_` counts them.
+    std::map<std::string, Sighting> latest_;
+    std::map<std::string, std::uint64_t> stamp_;
+    std::uint64_t received_ = 0;
+    // Last, so it goes first: its receive thread ends before what it fills.
+    Vorn::VornSocket socket_;
+};
+
+}  // namespace VornCtl

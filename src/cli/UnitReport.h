@@ -1,0 +1,32 @@
+// How vornctl shows a unit: one line for lists, "Key: Value" lines for show,
+// and the JSON object of discover and show.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "UnitLink.h"
+
+namespace VornCtl {
+
+// The unit's name as the window's sidebar shows it.
+std::string unitTitle(const Sighting& unit);
+
+// The interface column and field: where the unit's report arrived.
+std::string unitInterface(const Sighting& unit);
+
+// "ADDRESS  TITLE  SWITCHER  Ch N  INTERFACE  WARNINGS" (blanks show as "-").
+std::string unitLine(const Sighting& unit);
+
+// {"address", "serial", "title", "firmware", "interface", "warnings", "config"}.
+nlohmann::ordered_json unitJson(const Sighting& unit);
+
+// "Key: Value" lines, write key table order first, then the others.
+std::vector<std::string> configLines(const Vorn::Config& config);
+
+// Units sorted by address (numerically; text that is no address last).
+std::vector<Sighting> sortedByAddress(std::vector<Sighting> units);
+
+}  // namespace VornCtl

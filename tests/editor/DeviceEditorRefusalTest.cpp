@@ -1,0 +1,145 @@
+// A field holding a line feed, carriage return or NUL can never be sent: Save
+// and the network apply become unavailable and `refusal` says why; the
+// client's write path refuses such a write too.
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include "EditorTestKit.h"
+
+using namespace EditorTest;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kQuietWindow = 300ms;
+
+class DeviceEditorRefusal : public EditorFixture {
+protected:
+    ClientTest::FakeUnit unit{port};
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(unit.isBound());
+        report(cleanUnit({{"CallMagic", "1234"}, {"IPAddress", "127.0.0.2"}, {"Netmask", "255.0.0.0"},
+                          {"Gateway", "127.0.0.1"}}));
+        open();
+    }
+};
+
+}  // namespace
+
+TEST_F(DeviceEditorRefusal, PasswordWithLineFeedMakesSaveUnavailableWithAReason)
+{
+    QSignalSpy refusalSpy(&editor, &DeviceEditor::refusalChanged);
+    QSignalSpy canSaveSpy(&editor, &DeviceEditor::canSaveChanged);
+
+    editor.setPassword(QStringLiteral("x\nIPAddress:10.9.9.9"));
+
+    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of CallMagic holds a line feed (LF)"));
+    EXPECT_EQ(refusalSpy.count(), 1);
+    EXPECT_EQ(canSaveSpy.count(), 0);  // it was not available before either: nothing had changed
+}
+
+TEST_F(DeviceEditorRefusal, SaveWithARefusedFieldSendsNothing)
+{
+    editor.setPassword(QStringLiteral("x\nIPAddress:10.9.9.9"));
+    editor.save();
+
+    EXPECT_TRUE(unit.receiveWithin(kQuietWindow).empty());
+    EXPECT_EQ(lastWrite(), QString());
+}
+
+TEST_F(DeviceEditorRefusal, CarriageReturnOrNulInAnyTextFieldIsRefused)
+{
+    editor.setChannel(QStringLiteral("5\r"));
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Channel holds a carriage return (CR)"));
+    editor.setChannel(QStringLiteral("5"));
+    editor.setAtemPort(QString(QChar(u'\0')));
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of AtemPort holds a NUL character"));
+    editor.setAtemPort(QString());
+    EXPECT_EQ(editor.refusal(), QString());
+    EXPECT_TRUE(editor.canSave());
+}
+
+TEST_F(DeviceEditorRefusal, NetworkFieldWithLineFeedBlocksTheApplyToo)
+{
+    editor.setGateway(QStringLiteral("127.0.0.9\n"));
+
+    EXPECT_FALSE(editor.canApplyNetwork());
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Gateway holds a line feed (LF)"));
+    editor.applyNetwork();
+    EXPECT_TRUE(unit.receiveWithin(kQuietWindow).empty());
+}
+
+TEST_F(DeviceEditorRefusal, RefusedTextElsewhereKeepsTheOtherChangeUnsendable)
+{
+    // One write carries every field, so one bad field stops the network apply as well.
+    editor.setPassword(QStringLiteral("a\rb"));
+    editor.setGateway(QStringLiteral("127.0.0.9"));
+
+    EXPECT_TRUE(editor.netDirty());
+    EXPECT_TRUE(editor.netValid());
+    EXPECT_FALSE(editor.canApplyNetwork());
+}
+
+TEST_F(DeviceEditorRefusal, ClientRefusesAWriteOfALineFeedEvenWhenAskedDirectly)
+{
+    client->writeChanges(kUnitIp, {{"CallMagic", "x\nIPAddress:10.9.9.9"}});
+
+    EXPECT_TRUE(unit.receiveWithin(kQuietWindow).empty());
+    EXPECT_EQ(client->log().last().section(QStringLiteral("  "), 1),
+              QStringLiteral("write refused \u2192 127.0.0.2: the value of CallMagic holds a line feed (LF)"));
+}
+
+namespace {
+
+// A unit whose reply ends "Serial:KT400ABC\0" without a line feed reports the NUL
+// as part of its serial; a write would carry it back.
+class DeviceEditorReportedRefusal : public EditorFixture {
+protected:
+    ClientTest::FakeUnit unit{port};
+
+    void SetUp() override { ASSERT_TRUE(unit.isBound()); }
+};
+
+}  // namespace
+
+TEST_F(DeviceEditorReportedRefusal, ReportedNulInAWriteKeyBlocksSaveWithAReason)
+{
+    report(cleanUnit({{"Serial", std::string("KT400ABC\0", 9)}}));
+    open();
+    editor.setChannel(QStringLiteral("5"));
+
+    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Serial holds a NUL character"));
+    editor.save();
+    EXPECT_TRUE(unit.receiveWithin(kQuietWindow).empty());
+}
+
+TEST_F(DeviceEditorReportedRefusal, ReportedNulOutsideTheWriteKeysIsNoObstacle)
+{
+    report(cleanUnit({{"Version", std::string("2.1\0", 4)}}));
+    open();
+    editor.setChannel(QStringLiteral("5"));
+
+    EXPECT_EQ(editor.refusal(), QString());
+    EXPECT_TRUE(editor.canSave());
+}
+
+TEST_F(DeviceEditorReportedRefusal, RetypingAReportedValueWithNulMakesSaveAvailable)
+{
+    report(cleanUnit({{"Channel", std::string("3\0", 2)}}));
+    open();
+    EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Channel holds a NUL character"));
+
+    editor.setChannel(QStringLiteral("3"));
+
+    EXPECT_EQ(editor.refusal(), QString());
+    EXPECT_TRUE(editor.canSave());
+    editor.save();
+    EXPECT_EQ(lastWrite(), QStringLiteral("127.0.0.2: Channel=3"));
+}

@@ -1,0 +1,98 @@
+#include "EditableKeys.h"
+
+#include <gtest/gtest.h>
+
+#include "SettingKeys.h"
+
+namespace Settings {
+namespace {
+
+TEST(EditableKeys, TableHoldsTheFifteenEditorKeysWithTheNetworkKeysLast)
+{
+    ASSERT_EQ(kEditableKeys.size(), 15u);
+    EXPECT_EQ(kEditableKeys[0].key, "AtemIp");
+    EXPECT_EQ(kEditableKeys[12].key, "IPAddress");
+    EXPECT_EQ(kEditableKeys[14].key, "Gateway");
+    EXPECT_EQ(findEditableKey("Serial"), nullptr);
+    EXPECT_EQ(findEditableKey("Version"), nullptr);
+    EXPECT_EQ(findEditableKey("ManagerIp"), nullptr);
+}
+
+TEST(EditableKeys, EveryEditableKeyIsAWriteKey)
+{
+    for (const auto& entry : kEditableKeys) {
+        const auto& keys = SettingKeys::kWriteKeys;
+        EXPECT_NE(std::find(keys.begin(), keys.end(), entry.key), keys.end()) << entry.key;
+    }
+}
+
+TEST(EditableKeys, UnknownKeyIsRefused)
+{
+    EXPECT_EQ(settingRefusal("Bogus", "1"), "unknown key Bogus");
+    EXPECT_EQ(settingRefusal("channel", "1"), "unknown key channel");  // case matters
+}
+
+TEST(EditableKeys, IntegerWithinRangePasses)
+{
+    EXPECT_EQ(settingRefusal("TallyType", "9"), std::nullopt);
+    EXPECT_EQ(settingRefusal("AtemExtTally", "0"), std::nullopt);
+    EXPECT_EQ(settingRefusal("ScenarioType", "+4"), std::nullopt);
+    EXPECT_EQ(settingRefusal("SilenceSuppress", "5"), std::nullopt);
+    EXPECT_EQ(settingRefusal("SwitcherBand", "-1"), std::nullopt);
+}
+
+TEST(EditableKeys, IntegerOutsideRangeIsRefusedWithTheRange)
+{
+    EXPECT_EQ(settingRefusal("TallyType", "10"), "TallyType \"10\" is outside 0\u20139");
+    EXPECT_EQ(settingRefusal("AtemExtTally", "4"), "AtemExtTally \"4\" is outside 0\u20133");
+    EXPECT_EQ(settingRefusal("ScenarioType", "-1"), "ScenarioType \"-1\" is outside 0\u20134");
+}
+
+TEST(EditableKeys, MalformedIntegerIsRefused)
+{
+    EXPECT_EQ(settingRefusal("TallyGpioType", " 3"), "TallyGpioType \" 3\" is not a whole number");
+    EXPECT_EQ(settingRefusal("SwitcherModel", ""), "SwitcherModel \"\" is not a whole number");
+    EXPECT_EQ(settingRefusal("SwitcherBand", "99999999999999999999"),
+              "SwitcherBand \"99999999999999999999\" is not a whole number");
+}
+
+TEST(EditableKeys, SwitchTakesOnlyOneOrZero)
+{
+    EXPECT_EQ(settingRefusal("Wire2Enable", "1"), std::nullopt);
+    EXPECT_EQ(settingRefusal("Wire2Enable", "0"), std::nullopt);
+    EXPECT_EQ(settingRefusal("Wire2Enable", "true"), "Wire2Enable \"true\" is neither 1 (on) nor 0 (off)");
+}
+
+TEST(EditableKeys, NetworkKeysFollowTheDottedQuadRule)
+{
+    EXPECT_EQ(settingRefusal("IPAddress", "10.0.0.1"), std::nullopt);
+    EXPECT_EQ(settingRefusal("Netmask", "255.255.0.0"), std::nullopt);
+    EXPECT_EQ(settingRefusal("Gateway", "+1.2.3.4"), std::nullopt);
+    ASSERT_TRUE(settingRefusal("Gateway", "192.168.1").has_value());
+    EXPECT_EQ(settingRefusal("Gateway", "192.168.1")->rfind("Gateway \"192.168.1\" is not an IPv4 address", 0), 0u);
+}
+
+TEST(EditableKeys, FreeTextTakesAnythingButLineBreaks)
+{
+    EXPECT_EQ(settingRefusal("AtemIp", "not an address"), std::nullopt);
+    EXPECT_EQ(settingRefusal("CallMagic", ""), std::nullopt);
+    EXPECT_EQ(settingRefusal("CallMagic", "x\nIPAddress:10.9.9.9"), "the value of CallMagic holds a line feed (LF)");
+}
+
+TEST(EditableKeys, IntegersAreWrittenAsPlainDecimalOtherValuesAsGiven)
+{
+    EXPECT_EQ(canonicalValue("TallyType", "+07"), "7");
+    EXPECT_EQ(canonicalValue("IPAddress", "010.0.0.1"), "010.0.0.1");
+    EXPECT_EQ(canonicalValue("Channel", "007"), "007");
+}
+
+TEST(SettingKeys, NetworkKeysAreTheThreeAddressSettings)
+{
+    EXPECT_TRUE(SettingKeys::isNetworkKey("IPAddress"));
+    EXPECT_TRUE(SettingKeys::isNetworkKey("Netmask"));
+    EXPECT_TRUE(SettingKeys::isNetworkKey("Gateway"));
+    EXPECT_FALSE(SettingKeys::isNetworkKey("ManagerIp"));
+}
+
+}  // namespace
+}  // namespace Settings
