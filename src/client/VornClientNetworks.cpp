@@ -3,6 +3,7 @@
 // the two warnings about a unit's address (wrong subnet, address conflict).
 #include <QStringList>
 
+#include "Ipv4.h"
 #include "VornClient.h"
 
 namespace {
@@ -16,7 +17,7 @@ bool sameInterfaceAddress(const Vorn::InterfaceAddress& a, const Vorn::Interface
 
 QString addressWithPrefix(const Vorn::InterfaceAddress& entry)
 {
-    return QString::fromStdString(Vorn::ipv4Text(entry.address)) + u'/' + QString::number(entry.prefixLength);
+    return QString::fromStdString(Settings::Ipv4(entry.address).toString()) + u'/' + QString::number(entry.prefixLength);
 }
 
 }  // namespace
@@ -101,8 +102,8 @@ bool VornClient::isWrongSubnet(const Device& device) const
     const auto heardOn = arrivalInterface(device);
     if (!heardOn || !Vorn::isEligibleForDiscovery(*heardOn))
         return false;
-    const auto address = Vorn::parseIpv4(device.ip);
-    return address && !Vorn::isInSubnet(*address, *heardOn);
+    const auto address = Settings::Ipv4::parse(device.ip);
+    return address && !Vorn::isInSubnet(address->value(), *heardOn);
 }
 
 bool VornClient::hasAddressConflict(const std::string& ip) const
@@ -159,7 +160,7 @@ void VornClient::refreshNetworks()
         }
         networks.append(QVariantMap{
             {QStringLiteral("name"), QString::fromStdString(entry.name)},
-            {QStringLiteral("address"), QString::fromStdString(Vorn::ipv4Text(entry.address))},
+            {QStringLiteral("address"), QString::fromStdString(Settings::Ipv4(entry.address).toString())},
             {QStringLiteral("prefixLength"), entry.prefixLength},
             {QStringLiteral("units"), units},
         });

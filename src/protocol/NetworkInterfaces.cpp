@@ -7,6 +7,8 @@
 
 #include <bit>
 
+#include "Ipv4.h"
+
 namespace Vorn {
 namespace {
 
@@ -86,25 +88,9 @@ std::optional<InterfaceAddress> findArrivalInterface(const std::vector<Interface
     return *first;
 }
 
-std::string ipv4Text(std::uint32_t address)
-{
-    in_addr raw{htonl(address)};
-    char text[INET_ADDRSTRLEN] = {};
-    ::inet_ntop(AF_INET, &raw, text, sizeof text);
-    return text;
-}
-
-std::optional<std::uint32_t> parseIpv4(const std::string& text)
-{
-    in_addr raw{};
-    if (::inet_pton(AF_INET, text.c_str(), &raw) != 1)
-        return std::nullopt;
-    return ntohl(raw.s_addr);
-}
-
 std::string subnetText(const InterfaceAddress& entry)
 {
-    return ipv4Text(entry.address & maskOf(entry.prefixLength)) + "/" + std::to_string(entry.prefixLength);
+    return Settings::Ipv4(entry.address & maskOf(entry.prefixLength)).toString() + "/" + std::to_string(entry.prefixLength);
 }
 
 }  // namespace Vorn

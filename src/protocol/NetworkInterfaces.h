@@ -41,10 +41,6 @@ bool isInSubnet(std::uint32_t address, const InterfaceAddress& entry);
 std::optional<InterfaceAddress> findArrivalInterface(const std::vector<InterfaceAddress>& all, unsigned index,
                                                      std::uint32_t localAddress);
 
-// Dotted text <-> host-order address; parseIpv4 accepts only four decimal parts.
-std::string ipv4Text(std::uint32_t address);
-std::optional<std::uint32_t> parseIpv4(const std::string& text);
-
 // "10.77.1.0/24": the network of `entry`.
 std::string subnetText(const InterfaceAddress& entry);
 

@@ -6,6 +6,7 @@
 
 #include <QSignalSpy>
 
+#include "Ipv4.h"
 #include "ClientTestKit.h"
 #include "DeviceListModel.h"
 
@@ -15,12 +16,14 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr unsigned kUsable = IFF_UP | IFF_RUNNING | IFF_BROADCAST;
-constexpr unsigned kStudio = 3;
-constexpr unsigned kOffice = 2;
+// Made-up interface indexes, far above any real one: should a test ever send
+// through one, the send fails instead of leaving the machine.
+constexpr unsigned kStudio = 9003;
+constexpr unsigned kOffice = 9002;
 
 std::uint32_t ip(const char* text)
 {
-    return *Vorn::parseIpv4(text);
+    return Settings::Ipv4::parse(text)->value();
 }
 
 std::vector<Vorn::InterfaceAddress> twoLinks()

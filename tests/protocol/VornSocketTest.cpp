@@ -9,6 +9,7 @@
 #include <fstream>
 #include <mutex>
 
+#include "Ipv4.h"
 #include "LoopbackPeer.h"
 #include "VornSocket.h"
 
@@ -233,9 +234,9 @@ TEST(VornSocket, EveryDatagramCarriesItsArrivalInterfaceAndLocalAddress)
     std::lock_guard lock(inbox.mutex);
     const auto& items = inbox.arrivals;
     EXPECT_EQ(items[0].interfaceIndex, ::if_nametoindex("lo"));
-    EXPECT_EQ(items[0].localAddress, *Vorn::parseIpv4("127.0.0.1"));
+    EXPECT_EQ(items[0].localAddress, Settings::Ipv4::parse("127.0.0.1")->value());
     EXPECT_EQ(items[1].interfaceIndex, ::if_nametoindex("lo"));
-    EXPECT_EQ(items[1].localAddress, *Vorn::parseIpv4("127.0.0.5"));
+    EXPECT_EQ(items[1].localAddress, Settings::Ipv4::parse("127.0.0.5")->value());
 }
 
 TEST(VornSocket, ListeningSocketGetsTheLargerReceiveBufferTheKernelAllows)

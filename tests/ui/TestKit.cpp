@@ -6,6 +6,7 @@
 
 #include <net/if.h>
 
+#include "Ipv4.h"
 #include "PresenceClock.h"
 
 UnitProbe::UnitProbe(std::uint16_t port, const char* address, QObject* parent)
@@ -63,10 +64,10 @@ Vorn::Reply reportFrom(const QString& ip, const QVariantMap& config)
 
 std::uint32_t hostOrderAddress(const QString& dotted)
 {
-    const auto address = Vorn::parseIpv4(dotted.toStdString());
+    const auto address = Settings::Ipv4::parse(dotted.toStdString());
     if (!address)
         qFatal("TestKit: '%s' is no IPv4 address", qPrintable(dotted));
-    return *address;
+    return address->value();
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <net/if.h>
 #include <unistd.h>
 
+#include "Ipv4.h"
 #include "FakeUnit.h"
 #include "WindowHarness.h"
 
@@ -33,9 +34,9 @@ Vorn::Config studioUnit()
 
 // Two made-up links: indexes far above any real interface's, so a send
 // through one of them fails instead of leaving the machine.
-const Vorn::InterfaceAddress kOffice{"office", 9001, *Vorn::parseIpv4("192.168.50.20"), 24,
+const Vorn::InterfaceAddress kOffice{"office", 9001, Settings::Ipv4::parse("192.168.50.20")->value(), 24,
                                      IFF_UP | IFF_RUNNING | IFF_BROADCAST};
-const Vorn::InterfaceAddress kStudio{"studio", 9002, *Vorn::parseIpv4("10.77.1.5"), 24,
+const Vorn::InterfaceAddress kStudio{"studio", 9002, Settings::Ipv4::parse("10.77.1.5")->value(), 24,
                                      IFF_UP | IFF_RUNNING | IFF_BROADCAST};
 const Vorn::Arrival kOnStudio{kStudio.index, kStudio.address};
 
