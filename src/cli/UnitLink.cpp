@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <thread>
 
+#include "Ipv4.h"
+#include "NetworkInterfaces.h"
+#include "SettingKeys.h"
+
 namespace VornCtl {
 
 UnitLink::UnitLink()
     : socket_(Vorn::kPort, Vorn::VornSocket::kLimitedBroadcast, Vorn::VornSocket::PortSharing::Exclusive)
 {
-    socket_.setOnPacket([this](Vorn::Bytes data, std::string /*sender*/) { file(std::move(data)); });
+    socket_.setOnDatagram(
+        [this](Vorn::Bytes data, std::string /*sender*/, Vorn::Arrival arrival) { file(data, arrival); });
 }
 
 bool UnitLink::open()
@@ -16,7 +21,7 @@ bool UnitLink::open()
     return socket_.start();
 }
 
-void UnitLink::file(const Vorn::Bytes& data)
+void UnitLink::file(const Vorn::Bytes& data, Vorn::Arrival arrival)
 {
     auto reply = Vorn::parse(data);
     if (!reply || reply->cmd != Vorn::kCmdReport)
@@ -24,10 +29,38 @@ void UnitLink::file(const Vorn::Bytes& data)
     {
         std::lock_guard guard(lock_);
         const std::string address = reply->deviceIp;
-        latest_[address] = Sighting{address, {}, std::move(reply->config)};
+        if (const auto serial = reply->config.find(SettingKeys::kSerial); serial != reply->config.end()) {
+            auto& serials = serials_[address];
+            if (std::find(serials.begin(), serials.end(), serial->second) == serials.end())
+                serials.push_back(serial->second);
+        }
+        latest_[address] = Sighting{address, std::move(reply->config), arrival};
         stamp_[address] = ++received_;
     }
     arrived_.notify_all();
+}
+
+unsigned UnitLink::interfaceOf(const std::string& address)
+{
+    std::lock_guard guard(lock_);
+    const auto found = latest_.find(address);
+    return found == latest_.end() ? 0 : found->second.arrival.interfaceIndex;
+}
+
+Sighting UnitLink::described(Sighting sighting, const std::vector<Vorn::InterfaceAddress>& interfaces) const
+{
+    if (const auto serials = serials_.find(sighting.address); serials != serials_.end())
+        sighting.serials = serials->second;
+    const auto heardOn = Vorn::findArrivalInterface(interfaces, sighting.arrival.interfaceIndex,
+                                                    sighting.arrival.localAddress);
+    if (!sighting.arrival.known() || !heardOn)
+        return sighting;
+    sighting.interface = heardOn->name + " \u00b7 " + Settings::Ipv4(heardOn->address).toString() + "/"
+        + std::to_string(heardOn->prefixLength);
+    sighting.interfaceSubnet = Vorn::subnetText(*heardOn);
+    const auto address = Settings::Ipv4::parse(sighting.address);
+    sighting.wrongSubnet = address && Vorn::isWrongSubnet(address->value(), *heardOn);
+    return sighting;
 }
 
 std::map<std::string, Sighting> UnitLink::discoverAll(std::chrono::milliseconds timeout)
@@ -39,14 +72,15 @@ std::map<std::string, Sighting> UnitLink::discoverAll(std::chrono::milliseconds 
         before = received_;
     }
     for (auto next = start; next < start + timeout; next += kBroadcastInterval) {
-        socket_.send(Vorn::discoverPacket(nextSeq()), socket_.broadcastAddress());
+        socket_.broadcast(Vorn::discoverPacket(nextSeq()));
         std::this_thread::sleep_until(std::min(next + kBroadcastInterval, start + timeout));
     }
+    const auto interfaces = Vorn::readInterfaceAddresses();
     std::lock_guard guard(lock_);
     std::map<std::string, Sighting> found;
     for (const auto& [address, sighting] : latest_) {
         if (stamp_[address] > before)
-            found.emplace(address, sighting);
+            found.emplace(address, described(sighting, interfaces));
     }
     return found;
 }
@@ -65,11 +99,15 @@ std::optional<Sighting> UnitLink::query(const std::string& address, std::chrono:
         return found != stamp_.end() && found->second > before;
     };
     for (int attempt = 0; attempt < kQueryTries; ++attempt) {
-        socket_.send(Vorn::discoverPacket(nextSeq()), address);
+        socket_.sendVia(Vorn::discoverPacket(nextSeq()), address, interfaceOf(address));
         std::unique_lock guard(lock_);
         const auto deadline = attempt + 1 == kQueryTries ? start + timeout : start + interval * (attempt + 1);
-        if (arrived_.wait_until(guard, deadline, answered))
-            return latest_.at(address);
+        if (arrived_.wait_until(guard, deadline, answered)) {
+            guard.unlock();
+            const auto interfaces = Vorn::readInterfaceAddresses();
+            guard.lock();
+            return described(latest_.at(address), interfaces);
+        }
     }
     return std::nullopt;
 }
@@ -78,8 +116,9 @@ void UnitLink::write(const std::string& address, const Vorn::Config& full)
 {
     // The second copy is the only guard against a lost datagram, as in the window.
     const Vorn::Bytes datagram = Vorn::writePacket(nextSeq(), full);
-    socket_.send(datagram, address);
-    socket_.send(datagram, address);
+    const unsigned interface = interfaceOf(address);
+    socket_.sendVia(datagram, address, interface);
+    socket_.sendVia(datagram, address, interface);
 }
 
 }  // namespace VornCtl

@@ -10,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "VornProtocol.h"
 #include "VornSocket.h"
@@ -19,10 +20,15 @@ namespace VornCtl {
 // One unit as its latest configuration report shows it.
 struct Sighting {
     std::string address;  // from the report's header, as the window files it
-    // The interface the report arrived on; empty while the socket does not
-    // report arrival interfaces.
-    std::string interface;
     Vorn::Config config;
+    Vorn::Arrival arrival;  // where the latest report came in
+    // Filled once the exchange is over, from the host's interfaces then:
+    std::string interface;  // "<name> · <local address>/<prefix>", or empty
+    std::string interfaceSubnet;  // "10.77.1.0/24", or empty
+    bool wrongSubnet = false;
+    // Every serial that answered under this address, first heard first;
+    // more than one is an address conflict.
+    std::vector<std::string> serials;
 };
 
 class UnitLink {
@@ -38,19 +44,25 @@ public:
     // Binds UDP 23457 without sharing it. False when another socket holds it.
     bool open();
 
-    // Broadcasts a discover every 0.5 s until `timeout` and returns every
-    // unit that answered, by address.
+    // Broadcasts a discover (on every eligible interface) every 0.5 s until
+    // `timeout` and returns every unit that answered, by address.
     std::map<std::string, Sighting> discoverAll(std::chrono::milliseconds timeout);
 
     // Unicast discovers to `address` (up to three within `timeout`) until the
-    // unit reports; nothing when it does not.
+    // unit reports; nothing when it does not. A unit already heard is asked
+    // through the interface it was heard on.
     std::optional<Sighting> query(const std::string& address, std::chrono::milliseconds timeout);
 
-    // One write datagram of `full`, sent twice with one sequence number.
+    // One write datagram of `full`, sent twice with one sequence number,
+    // through the interface the unit was heard on when it was.
     void write(const std::string& address, const Vorn::Config& full);
 
 private:
-    void file(const Vorn::Bytes& data);
+    void file(const Vorn::Bytes& data, Vorn::Arrival arrival);
+    // The interface index `address` was last heard on, or 0.
+    unsigned interfaceOf(const std::string& address);
+    // `sighting` with where it was heard and its serials filled in; under the lock.
+    Sighting described(Sighting sighting, const std::vector<Vorn::InterfaceAddress>& interfaces) const;
     std::uint16_t nextSeq() { return ++seq_; }
 
     std::uint16_t seq_ = 0;
@@ -59,6 +71,7 @@ private:
     // Every report since the link opened; `received_` counts them.
     std::map<std::string, Sighting> latest_;
     std::map<std::string, std::uint64_t> stamp_;
+    std::map<std::string, std::vector<std::string>> serials_;
     std::uint64_t received_ = 0;
     // Last, so it goes first: its receive thread ends before what it fills.
     Vorn::VornSocket socket_;

@@ -50,12 +50,24 @@ std::string unitInterface(const Sighting& unit)
     return unit.interface;
 }
 
+std::vector<std::string> unitWarnings(const Sighting& unit)
+{
+    std::vector<std::string> warnings;
+    if (unit.wrongSubnet)
+        warnings.push_back("wrong subnet: heard on " + unit.interface + ", needs an address in " + unit.interfaceSubnet);
+    if (unit.serials.size() > 1)
+        warnings.push_back("address conflict: serials " + joined(unit.serials, ", "));
+    for (auto& warning : Settings::unitWarnings(unit.config))
+        warnings.push_back(std::move(warning));
+    return warnings;
+}
+
 std::string unitLine(const Sighting& unit)
 {
     const auto channel = unit.config.find(SettingKeys::kChannel);
     const std::string channelText = channel != unit.config.end() ? "Ch " + channel->second : "Ch \u2013";
     return unit.address + "  " + unitTitle(unit) + "  " + switcherName(unit.config) + "  " + channelText + "  "
-        + orDash(unitInterface(unit)) + "  " + orDash(joined(Settings::unitWarnings(unit.config), "; "));
+        + orDash(unitInterface(unit)) + "  " + orDash(joined(unitWarnings(unit), "; "));
 }
 
 nlohmann::ordered_json unitJson(const Sighting& unit)
@@ -68,7 +80,7 @@ nlohmann::ordered_json unitJson(const Sighting& unit)
             {"title", unitTitle(unit)},
             {"firmware", EditorRules::liveText(unit.config, SettingKeys::kVersion)},
             {"interface", unitInterface(unit)},
-            {"warnings", Settings::unitWarnings(unit.config)},
+            {"warnings", unitWarnings(unit)},
             {"config", std::move(config)}};
 }
 

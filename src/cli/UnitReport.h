@@ -16,6 +16,8 @@ std::string unitTitle(const Sighting& unit);
 
 // The interface column and field: where the unit's report arrived.
 std::string unitInterface(const Sighting& unit);
+// What looks wrong: the unit's address on its network, then its reported values.
+std::vector<std::string> unitWarnings(const Sighting& unit);
 
 // "ADDRESS  TITLE  SWITCHER  Ch N  INTERFACE  WARNINGS" (blanks show as "-").
 std::string unitLine(const Sighting& unit);

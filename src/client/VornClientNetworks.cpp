@@ -100,10 +100,8 @@ void VornClient::noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival 
 bool VornClient::isWrongSubnet(const Device& device) const
 {
     const auto heardOn = arrivalInterface(device);
-    if (!heardOn || !Vorn::isEligibleForDiscovery(*heardOn))
-        return false;
     const auto address = Settings::Ipv4::parse(device.ip);
-    return address && !Vorn::isInSubnet(address->value(), *heardOn);
+    return heardOn && address && Vorn::isWrongSubnet(address->value(), *heardOn);
 }
 
 bool VornClient::hasAddressConflict(const std::string& ip) const

@@ -71,6 +71,11 @@ bool isInSubnet(std::uint32_t address, const InterfaceAddress& entry)
     return (address & mask) == (entry.address & mask);
 }
 
+bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn)
+{
+    return isEligibleForDiscovery(heardOn) && !isInSubnet(unitAddress, heardOn);
+}
+
 std::optional<InterfaceAddress> findArrivalInterface(const std::vector<InterfaceAddress>& all, unsigned index,
                                                      std::uint32_t localAddress)
 {

@@ -36,6 +36,10 @@ std::vector<InterfaceAddress> eligibleForDiscovery(const std::vector<InterfaceAd
 // True when `address` lies in the subnet of `entry` (its address and prefix).
 bool isInSubnet(std::uint32_t address, const InterfaceAddress& entry);
 
+// A unit at `unitAddress` heard on `heardOn` is in the wrong subnet: outside
+// the subnet of an interface address that discovery uses.
+bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn);
+
 // The entry of interface `index` holding `localAddress`, else the first entry
 // of that interface, else none.
 std::optional<InterfaceAddress> findArrivalInterface(const std::vector<InterfaceAddress>& all, unsigned index,

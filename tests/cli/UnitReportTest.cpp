@@ -7,7 +7,7 @@ namespace {
 
 Sighting unit(std::string address, Vorn::Config config)
 {
-    return Sighting{std::move(address), {}, std::move(config)};
+    return Sighting{std::move(address), std::move(config), {}};
 }
 
 TEST(UnitReport, LineShowsTitleSwitcherChannelInterfaceAndWarnings)
@@ -28,6 +28,27 @@ TEST(UnitReport, LineJoinsWarnings)
     EXPECT_EQ(unitLine(unit("10.0.0.3", {{"TallyType", "12"}, {"Wire2Enable", "yes"}})),
               "10.0.0.3  10.0.0.3  Blackmagic ATEM  Ch \u2013  -  TallyType \"12\" is outside 0\u20139; "
               "Wire2Enable \"yes\" is neither 1 (on) nor 0 (off)");
+}
+
+TEST(UnitReport, NetworkWarningsComeFirst)
+{
+    auto studio = unit("192.168.0.50", {{"TallyType", "12"}});
+    studio.interface = "studio \u00b7 10.77.1.5/24";
+    studio.interfaceSubnet = "10.77.1.0/24";
+    studio.wrongSubnet = true;
+    studio.serials = {"KT4-0000A1", "KT4-0000B2"};
+    EXPECT_EQ(unitWarnings(studio),
+              (std::vector<std::string>{
+                  "wrong subnet: heard on studio \u00b7 10.77.1.5/24, needs an address in 10.77.1.0/24",
+                  "address conflict: serials KT4-0000A1, KT4-0000B2", "TallyType \"12\" is outside 0\u20139"}));
+    EXPECT_EQ(unitJson(studio)["interface"], "studio \u00b7 10.77.1.5/24");
+}
+
+TEST(UnitReport, OneSerialIsNoConflict)
+{
+    auto single = unit("10.77.1.20", {});
+    single.serials = {"KT4-0000A1"};
+    EXPECT_TRUE(unitWarnings(single).empty());
 }
 
 TEST(UnitReport, JsonHasTheDocumentedFieldsInOrder)

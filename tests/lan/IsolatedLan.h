@@ -47,6 +47,8 @@ public:
     const std::string& consoleNs() const { return consoleNs_; }
     const std::string& unitsNs() const { return unitsNs_; }
     const std::string& studioNs() const { return studioNs_; }
+    // The console's office interface (named as its namespace), by name.
+    const std::string& officeLink() const { return consoleNs_; }
     // The console's studio interface, by name.
     const std::string& studioLink() const { return studioLink_; }
 

@@ -29,6 +29,12 @@ protected:
         arguments.insert(arguments.end(), faults.begin(), faults.end());
         return LanTest::Simulator(lan(), arguments, dir());
     }
+
+    // Where the units of the office link are heard: "<interface> · <address>/<prefix>".
+    std::string officeInterface() const
+    {
+        return lan().officeLink() + " \u00B7 " + LanTest::IsolatedLan::kConsoleAddress + "/12";
+    }
 };
 
 // --- discover -------------------------------------------------------------
@@ -39,9 +45,11 @@ TEST_F(VornctlOnLan, DiscoverListsOneLinePerUnitSortedByAddress)
 
     const auto run = vornctl({"discover", "--timeout", "1"});
 
+    const std::string heardOn = officeInterface();
     EXPECT_EQ(run.out,
-              "10.232.1.1  KT400 \u00B7AAA111  Blackmagic ATEM  Ch 3  -  -\n"
-              "10.232.1.2  KT400 \u00B7BBB222  Band 5 / Model 2  Ch 12  -  TallyType \"12\" is outside 0\u20139\n");
+              "10.232.1.1  KT400 \u00B7AAA111  Blackmagic ATEM  Ch 3  " + heardOn + "  -\n"
+              "10.232.1.2  KT400 \u00B7BBB222  Band 5 / Model 2  Ch 12  " + heardOn
+                  + "  TallyType \"12\" is outside 0\u20139\n");
     EXPECT_NE(run.err.find("2 unit(s) answered"), std::string::npos) << run.err;
     EXPECT_EQ(run.status, 0) << run.err;
 }
@@ -59,7 +67,7 @@ TEST_F(VornctlOnLan, DiscoverJsonGivesEveryUnitWithItsWholeConfiguration)
     EXPECT_EQ(units[0]["serial"], "KT-AAA111");
     EXPECT_EQ(units[0]["title"], "KT400 \u00B7AAA111");
     EXPECT_EQ(units[0]["firmware"], "2.1.4");
-    EXPECT_EQ(units[0]["interface"], "");
+    EXPECT_EQ(units[0]["interface"], officeInterface());
     EXPECT_EQ(units[0]["warnings"], nlohmann::json::array());
     EXPECT_EQ(units[0]["config"].size(), 12u);
     EXPECT_EQ(units[0]["config"]["CallMagic"], "1234");
