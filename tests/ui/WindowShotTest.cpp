@@ -46,6 +46,15 @@ void clickOn(Window& w, const char* name)
     QTest::mouseClick(w.window, Qt::LeftButton, {}, item->mapToScene(item->boundingRect().center()).toPoint());
 }
 
+// Two units listed, the studio unit selected with its editor open.
+bool openStudioUnit(Window& w)
+{
+    w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
+    w.ingest("10.232.1.10", studioUnit());
+    w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+    return QTest::qWaitFor([&] { return w.item("segmentBar") != nullptr; });
+}
+
 }  // namespace
 
 class WindowShotTest : public QObject {
@@ -145,12 +154,8 @@ private slots:
         QFETCH(QStringList, expected);
         Window w;
         QVERIFY(w.load());
-        w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
-        w.ingest("10.232.1.10", studioUnit());
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
-        QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        QQuickItem* tab = w.item(qPrintable(segment));
-        QTest::mouseClick(w.window, Qt::LeftButton, {}, tab->mapToScene(tab->boundingRect().center()).toPoint());
+        QVERIFY(openStudioUnit(w));
+        clickOn(w, qPrintable(segment));
         w.shoot(QStringLiteral("editor-") + QString::fromUtf8(QTest::currentDataTag()));
 
         const QStringList texts = w.visibleTexts();
@@ -196,13 +201,9 @@ private slots:
     {
         Window w;
         QVERIFY(w.load());
-        w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
-        w.ingest("10.232.1.10", studioUnit());
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
-        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        QVERIFY(openStudioUnit(w));
         w.client()->writeChanges("10.232.1.10", {{"Channel", "4"}});
-        QQuickItem* toggle = w.item("activityToggle");
-        QTest::mouseClick(w.window, Qt::LeftButton, {}, toggle->mapToScene(toggle->boundingRect().center()).toPoint());
+        clickOn(w, "activityToggle");
         QTRY_VERIFY(w.item("activityPane")->isVisible());
         w.shoot(QStringLiteral("activity-pane"));
 
