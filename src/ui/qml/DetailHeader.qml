@@ -100,7 +100,9 @@ RowLayout {
         Layout.topMargin: 4
         spacing: 10
 
+        // Right-aligned, so a verdict wider than the buttons never moves them.
         RowLayout {
+            Layout.alignment: Qt.AlignRight
             spacing: 10
 
             GhostButton {
