@@ -39,6 +39,17 @@ protected:
         editor.setChannel(QStringLiteral("5"));
         editor.save();
     }
+    // The unit opened and its address changed to `address` by Apply, two
+    // seconds ago, its old address answering since.
+    void applyAddressAndHearTheOldOne(const char* address)
+    {
+        report(kReported);
+        open();
+        editor.setIpAddr(QString::fromUtf8(address));
+        editor.applyNetwork();
+        time.advance(2s);
+        report(kReported);
+    }
     void tick() { client->clock()->tick(); }
 };
 
@@ -141,13 +152,8 @@ TEST_F(DeviceEditorVerdict, TheVerdictStaysOverLaterReplies)
 
 TEST_F(DeviceEditorVerdict, ANewAddressIsJudgedOnTheFirstReplyFromIt)
 {
-    report(kReported);
-    open();
-    editor.setIpAddr(QStringLiteral("127.0.0.3"));
-    editor.applyNetwork();
-    time.advance(2s);
     // The old address still answering says nothing about the move.
-    report(kReported);
+    applyAddressAndHearTheOldOne("127.0.0.3");
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Waiting);
     report(overlaid(kReported, {{"IPAddress", "127.0.0.3"}}), "127.0.0.3");
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Moved);
@@ -158,12 +164,7 @@ TEST_F(DeviceEditorVerdict, ANewAddressIsJudgedOnTheFirstReplyFromIt)
 
 TEST_F(DeviceEditorVerdict, AMoveWithoutAReplyFromTheNewAddressIsNoAnswer)
 {
-    report(kReported);
-    open();
-    editor.setIpAddr(QStringLiteral("127.0.0.3"));
-    editor.applyNetwork();
-    time.advance(2s);
-    report(kReported);
+    applyAddressAndHearTheOldOne("127.0.0.3");
     time.advance(2s);
     tick();
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::NoAnswer);

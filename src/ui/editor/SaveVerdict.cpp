@@ -6,18 +6,7 @@ SaveVerdict::SaveVerdict(QObject* parent) : QObject(parent) {}
 
 void SaveVerdict::setClient(VornClient* client)
 {
-    if (client == client_)
-        return;
-    if (client_) {
-        disconnect(client_, nullptr, this, nullptr);
-        disconnect(client_->clock(), nullptr, this, nullptr);
-    }
     client_ = client;
-    if (client_) {
-        connect(client_, &VornClient::deviceAdded, this, &SaveVerdict::judgeReply);
-        connect(client_, &VornClient::devicesUpdated, this, &SaveVerdict::judgeReply);
-        connect(client_->clock(), &PresenceClock::ticked, this, &SaveVerdict::judgeDeadline);
-    }
     clear();
 }
 
@@ -47,24 +36,18 @@ void SaveVerdict::clear()
     emit changed();
 }
 
-void SaveVerdict::judgeReply()
+void SaveVerdict::judge()
 {
     if (kind_ != Kind::Waiting || !client_)
         return;
+    if (client_->clock()->now() - writtenAt_ >= kAnswerDeadline) {
+        settle(std::nullopt);
+        return;
+    }
     const auto unit = client_->device(awaitedIp_);
     // A reply already on its way before the unit applied the write says nothing.
-    if (!unit || unit->lastSeen < writtenAt_ + kFirstCountedReply)
-        return;
-    if (unit->lastSeen - writtenAt_ > kAnswerDeadline)
-        settle(std::nullopt);
-    else
+    if (unit && unit->lastSeen >= writtenAt_ + kFirstCountedReply)
         settle(unit->config);
-}
-
-void SaveVerdict::judgeDeadline()
-{
-    if (kind_ == Kind::Waiting && client_ && client_->clock()->now() - writtenAt_ >= kAnswerDeadline)
-        settle(std::nullopt);
 }
 
 void SaveVerdict::settle(const std::optional<Vorn::Config>& reply)

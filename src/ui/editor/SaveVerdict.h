@@ -2,8 +2,8 @@
 // waits for the unit's first reply that left after the re-query and compares
 // the keys written with the values reported; for a new address it waits for
 // the first reply under that address. No reply within four seconds of the
-// write is a verdict of its own. Time comes from the client's clock, whose
-// tick checks the deadline, so tests move it by hand.
+// write is a verdict of its own. Time comes from the client's clock, so tests
+// move it by hand; the editor calls judge() on every reply and clock tick.
 #pragma once
 
 #include <chrono>
@@ -43,6 +43,9 @@ public:
     void setClient(VornClient* client);
     // Starts waiting for the verdict on `written`, just sent to the unit at `ip`.
     void track(const std::string& ip, const Vorn::Config& written);
+    // Settles a waiting verdict when the unit's counted reply is in or the
+    // deadline has passed; otherwise does nothing.
+    void judge();
     // Forgets the verdict: the user edited, reloaded or chose another unit.
     void clear();
 
@@ -55,8 +58,6 @@ signals:
     void changed();
 
 private:
-    void judgeReply();
-    void judgeDeadline();
     void settle(const std::optional<Vorn::Config>& reply);
 
     QPointer<VornClient> client_;
