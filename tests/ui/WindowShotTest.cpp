@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "Ipv4.h"
+#include "ClientTestKit.h"
 #include "FakeUnit.h"
 #include "WindowHarness.h"
 
@@ -39,6 +40,25 @@ const Vorn::InterfaceAddress kOffice{"office", 9001, Settings::Ipv4::parse("192.
 const Vorn::InterfaceAddress kStudio{"studio", 9002, Settings::Ipv4::parse("10.77.1.5")->value(), 24,
                                      IFF_UP | IFF_RUNNING | IFF_BROADCAST};
 const Vorn::Arrival kOnStudio{kStudio.index, kStudio.address};
+
+// The studio unit at a loopback address, so a save stays on this machine.
+constexpr const char* kSavedUnit = "127.0.0.5";
+
+Vorn::Config savedUnit(const Vorn::Config& changes = {})
+{
+    Vorn::Config config = studioUnit();
+    config.insert_or_assign("IPAddress", kSavedUnit);
+    config.insert_or_assign("Netmask", "255.0.0.0");
+    config.insert_or_assign("Gateway", "127.0.0.1");
+    for (const auto& [key, value] : changes)
+        config.insert_or_assign(key, value);
+    return config;
+}
+
+QObject* editorOf(Window& w)
+{
+    return w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+}
 
 void clickOn(Window& w, const char* name)
 {
@@ -307,6 +327,72 @@ private slots:
         QCOMPARE(w.item("detailTitle")->property("text").toString(), title);
         QTest::qWait(200);
         QVERIFY2(CountingNetwork::Manager::requested.isEmpty(), qPrintable(CountingNetwork::Manager::requested.join(' ')));
+    }
+
+    // The verdict under the header's buttons after a save or apply, one
+    // window each: confirmed, keys not confirmed (also on Details), no
+    // answer, and a move with its Show button.
+    void saveVerdicts_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("confirmed") << "confirmed" << QString::fromUtf8("Saved \u00b7 confirmed");
+        QTest::newRow("not-confirmed") << "not-confirmed" << "Not confirmed: AtemPort, Channel";
+        QTest::newRow("no-answer") << "no-answer" << "No answer after saving";
+        QTest::newRow("moved") << "moved" << "Moved to 127.0.0.6";
+    }
+
+    void saveVerdicts()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, expected);
+        Window w;
+        QVERIFY(w.load());
+        ClientTest::ManualTime time{w.client()->clock()};
+        w.ingest(kSavedUnit, savedUnit());
+        w.item("contentView")->setProperty("selection", QString::fromUtf8(kSavedUnit));
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        QObject* editor = editorOf(w);
+        if (kind == "moved") {
+            editor->setProperty("tab", 2);
+            editor->setProperty("ipAddr", QStringLiteral("127.0.0.6"));
+            QMetaObject::invokeMethod(editor, "applyNetwork");
+        } else {
+            editor->setProperty("tab", 1);
+            editor->setProperty("channel", QStringLiteral("5"));
+            editor->setProperty("atemPort", QStringLiteral("9911"));
+            QMetaObject::invokeMethod(editor, "save");
+        }
+        QVERIFY(!w.item("saveVerdict")->isVisible());
+        time.advance(std::chrono::seconds(2));
+        if (kind == "confirmed")
+            w.ingest(kSavedUnit, savedUnit({{"Channel", "5"}, {"AtemPort", "9911"}}));
+        else if (kind == "not-confirmed")
+            w.ingest(kSavedUnit, savedUnit());
+        else if (kind == "moved")
+            w.ingest("127.0.0.6", savedUnit({{"IPAddress", "127.0.0.6"}}));
+        else {
+            time.advance(std::chrono::seconds(3));
+            w.client()->clock()->tick();
+        }
+        QTRY_VERIFY(w.item("saveVerdict")->isVisible());
+        w.shoot(QStringLiteral("verdict-") + kind);
+        QVERIFY2(w.visibleTexts().contains(expected), qPrintable(w.visibleTexts().join(" | ")));
+        QCOMPARE(w.item("showMovedButton")->isVisible(), kind == "moved");
+
+        if (kind == "not-confirmed") {
+            editor->setProperty("tab", 3);
+            QTRY_VERIFY(w.item("lastSave")->isVisible());
+            w.shoot(QStringLiteral("verdict-not-confirmed-details"));
+            QVERIFY(w.visibleTexts().contains(QStringLiteral("AtemPort: wrote 9911, unit reports 9910\n"
+                                                             "Channel: wrote 5, unit reports 3")));
+        }
+        if (kind == "moved") {
+            clickOn(w, "showMovedButton");
+            QTRY_COMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("127.0.0.6"));
+            QTRY_COMPARE(editorOf(w)->property("ip").toString(), QStringLiteral("127.0.0.6"));
+            QVERIFY(!w.item("saveVerdict")->isVisible());
+        }
     }
 };
 

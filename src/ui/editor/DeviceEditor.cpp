@@ -4,7 +4,7 @@
 #include "EditorOptions.h"
 #include "EditorRules.h"
 
-DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent)
+DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), verdict_(this)
 {
     shown_ = snapshot();
 }
@@ -28,6 +28,7 @@ void DeviceEditor::setClient(VornClient* client)
             announce();
         });
     }
+    verdict_.setClient(client);
     emit clientChanged();
     load();
 }
@@ -46,6 +47,7 @@ void DeviceEditor::load()
 {
     state_.fields = loadFields(liveConfig());
     state_.loadedFor = ip_;
+    verdict_.clear();
     announce();
 }
 
@@ -71,6 +73,7 @@ void DeviceEditor::write(const Vorn::Config& changes)
     if (changes.empty() || !client_)
         return;
     client_->writeChanges(ip_.toStdString(), changes);
+    verdict_.track(ip_.toStdString(), changes);
 }
 
 qint64 DeviceEditor::sceneDefault() const
@@ -155,13 +158,21 @@ DeviceEditor::Snapshot DeviceEditor::snapshot() const
 
 void DeviceEditor::setText(std::string EditorFields::*field, const QString& value)
 {
-    state_.fields.*field = value.toStdString();
-    announce();
+    edit(state_.fields.*field, value.toStdString());
 }
 
 void DeviceEditor::setInteger(std::int64_t EditorFields::*field, qint64 value)
 {
-    state_.fields.*field = value;
+    edit(state_.fields.*field, std::int64_t{value});
+}
+
+template <typename Value>
+void DeviceEditor::edit(Value& field, const Value& value)
+{
+    // An edit that changes a field ends the verdict of the last save.
+    if (field != value)
+        verdict_.clear();
+    field = value;
     announce();
 }
 
@@ -182,8 +193,7 @@ void DeviceEditor::setPassword(const QString& value) { setText(&EditorFields::pa
 
 void DeviceEditor::setWire2(bool value)
 {
-    state_.fields.wire2 = value;
-    announce();
+    edit(state_.fields.wire2, value);
 }
 
 void DeviceEditor::setShowNetConfirm(bool value)
@@ -204,6 +214,8 @@ void DeviceEditor::setSwitcherSelection(const QString& tag)
     const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
     if (!numbers)
         return;
+    if (state_.fields.band != numbers->first || state_.fields.model != numbers->second)
+        verdict_.clear();
     state_.fields.band = numbers->first;
     state_.fields.model = numbers->second;
     announce();

@@ -14,6 +14,7 @@
 
 #include "EditorSettings.h"
 #include "EditorView.h"
+#include "SaveVerdict.h"
 #include "VornClient.h"
 
 class DeviceEditor : public QObject {
@@ -55,6 +56,8 @@ class DeviceEditor : public QObject {
     // Save is available while dirty and nothing is refused; `refusal` says why not.
     Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged)
     Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged)
+    // What became of the last save or apply, until the next edit, save or reload.
+    Q_PROPERTY(SaveVerdict* verdict READ verdict CONSTANT)
 
     // The header.
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
@@ -159,6 +162,7 @@ public:
     bool canApplyNetwork() const { return shown_.view.canApplyNetwork; }
     bool canSave() const { return shown_.view.canSave; }
     QString refusal() const { return shown_.view.refusal; }
+    SaveVerdict* verdict() { return &verdict_; }
 
     QString title() const { return shown_.view.title; }
     QString onlineText() const { return shown_.view.onlineText; }
@@ -265,9 +269,12 @@ private:
     void write(const Vorn::Config& changes);
     void setText(std::string EditorFields::*field, const QString& value);
     void setInteger(std::int64_t EditorFields::*field, qint64 value);
+    template <typename Value>
+    void edit(Value& field, const Value& value);
 
     QPointer<VornClient> client_;
     QString ip_;
     State state_;
     Snapshot shown_;
+    SaveVerdict verdict_;
 };

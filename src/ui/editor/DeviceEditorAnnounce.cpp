@@ -17,6 +17,8 @@ void notifyIf(DeviceEditor* editor, const Value& before, const Value& now, void 
 
 void DeviceEditor::announce()
 {
+    // Replies and clock ticks come through here; so does the save's verdict.
+    verdict_.judge();
     // Copies, so a slot that edits again announces its own change safely.
     const Snapshot before = std::exchange(shown_, snapshot());
     const Snapshot now = shown_;

@@ -210,6 +210,16 @@ SplitView {
                 onActiveChanged: detailLoader.follow()
                 Component.onCompleted: detailLoader.follow()
             }
+
+            // "Show" after a move selects the unit under its new address.
+            Connections {
+                target: detailLoader.item
+                ignoreUnknownSignals: true
+
+                function onShowUnit(ip: string) {
+                    root.selection = ip;
+                }
+            }
         }
 
         ActivityPane {

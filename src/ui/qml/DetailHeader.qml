@@ -1,7 +1,7 @@
 // The head of the editor: the unit's title and address, its chips (presence,
 // the switcher being edited, the channel and firmware it reports, and the
 // network warnings), and on the right Reload and Save changes above the
-// unsaved-changes mark.
+// unsaved-changes mark and the verdict of the last save.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -12,6 +12,8 @@ RowLayout {
     required property DeviceEditor editor
     // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
     property var unitNetwork: ({})
+    // The user asked to see the unit under the address it moved to.
+    signal showMoved(string ip)
 
     spacing: 16
 
@@ -98,7 +100,9 @@ RowLayout {
         Layout.topMargin: 4
         spacing: 10
 
+        // Right-aligned, so a verdict wider than the buttons never moves them.
         RowLayout {
+            Layout.alignment: Qt.AlignRight
             spacing: 10
 
             GhostButton {
@@ -139,6 +143,13 @@ RowLayout {
                 font.pixelSize: 12
                 font.weight: Font.Medium
             }
+        }
+
+        SaveVerdictChip {
+            objectName: "saveVerdict"
+            Layout.alignment: Qt.AlignRight
+            verdict: root.editor.verdict
+            onShowMoved: ip => root.showMoved(ip)
         }
 
         Text {

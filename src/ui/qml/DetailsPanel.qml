@@ -1,7 +1,8 @@
 // The Details tab: what the unit last reported, read-only, two keys a row,
 // only the keys it reports, then where the unit was heard and, while more
 // than one unit answers under its address, the serials heard there; it
-// follows every new reply by itself.
+// follows every new reply by itself. Under the grid, after a save the unit
+// did not confirm, the values written against those it reports.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -65,6 +66,32 @@ Panel {
                     font.pixelSize: 12
                 }
             }
+        }
+    }
+
+    // Outside the grid: a grid cell that comes and goes with Reload crashed
+    // the grid's layout.
+    ColumnLayout {
+        objectName: "lastSave"
+        Layout.fillWidth: true
+        visible: root.editor.verdict.details.length > 0
+        spacing: 2
+
+        Text {
+            text: qsTr("Last save")
+            textFormat: Text.PlainText
+            color: Theme.inkMuted
+            font.pixelSize: 10
+        }
+        Text {
+            objectName: "lastSaveLines"
+            Layout.fillWidth: true
+            text: root.editor.verdict.details.join("\n")
+            textFormat: Text.PlainText
+            wrapMode: Text.WrapAnywhere
+            color: Theme.amber
+            font.family: "monospace"
+            font.pixelSize: 12
         }
     }
 }

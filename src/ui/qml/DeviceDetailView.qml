@@ -15,6 +15,8 @@ Item {
     required property VornClient client
     required property string ip
     readonly property alias editor: deviceEditor
+    // The user asked to see the unit under the address it moved to.
+    signal showUnit(string ip)
     // Where the unit was heard and what is wrong there: {heardOn,
     // interfaceName, interfaceSubnet, wrongSubnet, addressConflict,
     // serialsSeen}. Read again on every reply and every tick of the clock,
@@ -47,6 +49,7 @@ Item {
             Layout.fillWidth: true
             editor: deviceEditor
             unitNetwork: root.unitNetwork
+            onShowMoved: ip => root.showUnit(ip)
         }
 
         SegmentBar {

@@ -11,3 +11,11 @@ struct DeviceEditorForeign {
     QML_FOREIGN(DeviceEditor)
     QML_NAMED_ELEMENT(DeviceEditor)
 };
+
+// The verdict of the last save, read through DeviceEditor.verdict.
+struct SaveVerdictForeign {
+    Q_GADGET
+    QML_FOREIGN(SaveVerdict)
+    QML_NAMED_ELEMENT(SaveVerdict)
+    QML_UNCREATABLE("SaveVerdict belongs to a DeviceEditor")
+};

@@ -1,0 +1,70 @@
+// What became of the editor's last write: after "Save changes" or "Apply" it
+// waits for the unit's first reply that left after the re-query and compares
+// the keys written with the values reported; for a new address it waits for
+// the first reply under that address. No reply within four seconds of the
+// write is a verdict of its own. Time comes from the client's clock, so tests
+// move it by hand; the editor calls judge() on every reply and clock tick.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+
+#include "VornClient.h"
+#include "WriteCheck.h"
+
+class SaveVerdict : public QObject {
+    Q_OBJECT
+
+    Q_PROPERTY(Kind kind READ kind NOTIFY changed)
+    // The header chip's text, "" while there is nothing to say.
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+    // One line per written key the unit did not confirm: written vs reported.
+    Q_PROPERTY(QStringList details READ details NOTIFY changed)
+    // The unit's new address after a move, else "".
+    Q_PROPERTY(QString movedTo READ movedTo NOTIFY changed)
+
+public:
+    enum class Kind { None, Waiting, Confirmed, NotConfirmed, NoAnswer, Moved };
+    Q_ENUM(Kind)
+
+    // A reply counts only once the re-query after the write can have been answered.
+    static constexpr std::chrono::milliseconds kFirstCountedReply{VornClient::kRequeryDelayMs};
+    // Without a counted reply by then, the unit did not answer.
+    static constexpr std::chrono::seconds kAnswerDeadline{4};
+
+    explicit SaveVerdict(QObject* parent = nullptr);
+
+    void setClient(VornClient* client);
+    // Starts waiting for the verdict on `written`, just sent to the unit at `ip`.
+    void track(const std::string& ip, const Vorn::Config& written);
+    // Settles a waiting verdict when the unit's counted reply is in or the
+    // deadline has passed; otherwise does nothing.
+    void judge();
+    // Forgets the verdict: the user edited, reloaded or chose another unit.
+    void clear();
+
+    Kind kind() const { return kind_; }
+    QString text() const;
+    QStringList details() const;
+    QString movedTo() const;
+
+signals:
+    void changed();
+
+private:
+    void settle(const std::optional<Vorn::Config>& reply);
+
+    QPointer<VornClient> client_;
+    Kind kind_ = Kind::None;
+    std::string awaitedIp_;  // the unit's address, or its new one after a move
+    bool move_ = false;
+    Vorn::Config written_;
+    WallClock::time_point writtenAt_{};
+    std::vector<Settings::KeyCheck> checks_;
+};
