@@ -174,4 +174,16 @@ TestCase {
         compare(name.text, hostile.name);
         compare(name.textFormat, Text.PlainText);
     }
+
+    function test_a_clock_tick_keeps_the_details_cells() {
+        TestKit.setNetworks(client, [studio]);
+        heardOnStudio("10.77.1.20", "KT4-000001");
+        select("10.77.1.20");
+        showTab(3);
+        const cell = child("detail_Heard on");
+        verify(cell !== null);
+        TestKit.setNow(client, secondsLater(1));
+        TestKit.setNow(client, secondsLater(2));
+        verify(child("detail_Heard on") === cell);
+    }
 }
