@@ -152,8 +152,9 @@ Vorn::Config DeviceEditor::liveConfig() const
 
 DeviceEditor::Snapshot DeviceEditor::snapshot() const
 {
-    const WallClock::time_point now = client_ ? client_->clock()->now() : WallClock::now();
-    return {state_, presentEditor(state_.fields, unit(), now, ip_)};
+    const auto found = unit();
+    const bool online = found && client_->isOnline(*found);
+    return {state_, presentEditor(state_.fields, found, online, ip_)};
 }
 
 void DeviceEditor::setText(std::string EditorFields::*field, const QString& value)

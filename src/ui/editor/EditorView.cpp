@@ -7,7 +7,6 @@
 
 #include "EditorOptions.h"
 #include "EditorRules.h"
-#include "PresenceClock.h"
 #include "SettingKeys.h"
 #include "SwitcherCatalog.h"
 
@@ -47,7 +46,7 @@ QString confirmMessageOf(const EditorFields& fields)
 
 }  // namespace
 
-EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, WallClock::time_point now,
+EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, bool online,
                          const QString& ip)
 {
     using namespace SettingKeys;
@@ -56,7 +55,7 @@ EditorView presentEditor(const EditorFields& fields, const std::optional<Device>
         view.live = unit->config;
     const Vorn::Config& live = view.live;
 
-    view.online = unit && isPresent(unit->lastSeen, now);
+    view.online = unit && online;
     view.dirty = anyDiffers(compareSettings(fields, live));
     view.netValid = networkValid(fields);
     view.netDirty = anyDiffers(compareNetwork(fields, live));

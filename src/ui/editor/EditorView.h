@@ -47,8 +47,9 @@ struct EditorView {
     QVariantList details;
 };
 
-// `unit` is the client's record for `ip`, or none; `now` decides presence.
-EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, WallClock::time_point now,
+// `unit` is the client's record for `ip`, or none; `online` is the client's
+// presence verdict for it.
+EditorView presentEditor(const EditorFields& fields, const std::optional<Device>& unit, bool online,
                          const QString& ip);
 
 // The type steppers' range.
