@@ -34,7 +34,10 @@ void UnitLink::file(const Vorn::Bytes& data, Vorn::Arrival arrival)
             if (std::find(serials.begin(), serials.end(), serial->second) == serials.end())
                 serials.push_back(serial->second);
         }
-        latest_[address] = Sighting{address, std::move(reply->config), arrival};
+        Sighting& sighting = latest_[address] = Sighting{};
+        sighting.address = address;
+        sighting.config = std::move(reply->config);
+        sighting.arrival = arrival;
         stamp_[address] = ++received_;
     }
     arrived_.notify_all();
@@ -55,8 +58,7 @@ Sighting UnitLink::described(Sighting sighting, const std::vector<Vorn::Interfac
                                                     sighting.arrival.localAddress);
     if (!sighting.arrival.known() || !heardOn)
         return sighting;
-    sighting.interface = heardOn->name + " \u00b7 " + Settings::Ipv4(heardOn->address).toString() + "/"
-        + std::to_string(heardOn->prefixLength);
+    sighting.interface = Vorn::heardOnText(*heardOn);
     sighting.interfaceSubnet = Vorn::subnetText(*heardOn);
     const auto address = Settings::Ipv4::parse(sighting.address);
     sighting.wrongSubnet = address && Vorn::isWrongSubnet(address->value(), *heardOn);

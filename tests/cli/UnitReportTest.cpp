@@ -7,7 +7,10 @@ namespace {
 
 Sighting unit(std::string address, Vorn::Config config)
 {
-    return Sighting{std::move(address), std::move(config), {}};
+    Sighting sighting;
+    sighting.address = std::move(address);
+    sighting.config = std::move(config);
+    return sighting;
 }
 
 TEST(UnitReport, LineShowsTitleSwitcherChannelInterfaceAndWarnings)
