@@ -15,11 +15,6 @@ bool sameInterfaceAddress(const Vorn::InterfaceAddress& a, const Vorn::Interface
     return a.index == b.index && a.address == b.address;
 }
 
-QString addressWithPrefix(const Vorn::InterfaceAddress& entry)
-{
-    return QString::fromStdString(Settings::Ipv4(entry.address).toString()) + u'/' + QString::number(entry.prefixLength);
-}
-
 }  // namespace
 
 void VornClient::broadcastDiscover()
@@ -183,7 +178,7 @@ QVariantMap VornClient::networkData(const Device& device) const
     const auto heardOn = arrivalInterface(device);
     const QString name = heardOn ? QString::fromStdString(heardOn->name) : QString();
     return {
-        {QStringLiteral("heardOn"), heardOn ? name + QStringLiteral(" \u00B7 ") + addressWithPrefix(*heardOn) : QString()},
+        {QStringLiteral("heardOn"), heardOn ? QString::fromStdString(Vorn::heardOnText(*heardOn)) : QString()},
         {QStringLiteral("interfaceName"), name},
         {QStringLiteral("interfaceSubnet"), heardOn ? QString::fromStdString(Vorn::subnetText(*heardOn)) : QString()},
         {QStringLiteral("wrongSubnet"), isWrongSubnet(device)},

@@ -93,6 +93,11 @@ std::optional<InterfaceAddress> findArrivalInterface(const std::vector<Interface
     return *first;
 }
 
+std::string heardOnText(const InterfaceAddress& entry)
+{
+    return entry.name + " \u00b7 " + Settings::Ipv4(entry.address).toString() + "/" + std::to_string(entry.prefixLength);
+}
+
 std::string subnetText(const InterfaceAddress& entry)
 {
     return Settings::Ipv4(entry.address & maskOf(entry.prefixLength)).toString() + "/" + std::to_string(entry.prefixLength);

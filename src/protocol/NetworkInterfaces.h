@@ -48,4 +48,7 @@ std::optional<InterfaceAddress> findArrivalInterface(const std::vector<Interface
 // "10.77.1.0/24": the network of `entry`.
 std::string subnetText(const InterfaceAddress& entry);
 
+// "studio · 10.77.1.5/24": where a unit heard on `entry` was heard.
+std::string heardOnText(const InterfaceAddress& entry);
+
 }  // namespace Vorn

@@ -117,6 +117,11 @@ TEST(SubnetRule, SubnetTextNamesTheNetwork)
     EXPECT_EQ(Vorn::subnetText(entry("169.254.12.7", 16)), "169.254.0.0/16");
 }
 
+TEST(SubnetRule, HeardOnTextNamesTheInterfaceAndItsAddress)
+{
+    EXPECT_EQ(Vorn::heardOnText(entry("10.77.1.5", 24)), entry("10.77.1.5", 24).name + " \u00b7 10.77.1.5/24");
+}
+
 TEST(ArrivalInterface, MatchesTheLocalAddressAmongAliases)
 {
     const std::vector<Vorn::InterfaceAddress> all{entry("10.77.1.5", 24), entry("192.168.0.9", 24)};
