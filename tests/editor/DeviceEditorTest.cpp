@@ -1,5 +1,5 @@
-// The editor object with a client: loading, reloading, replies arriving while
-// the user edits, the notifications and a client that goes away.
+// The editor object on a link: loading once per selection, reloading, replies
+// arriving while the user edits, the notifications and the sections' keys.
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
@@ -26,38 +26,36 @@ TEST_F(DeviceEditorTest, FreshEditorHoldsTheInitialValues)
 {
     EXPECT_EQ(editor.client(), nullptr);
     EXPECT_EQ(editor.ip(), QString());
-    EXPECT_EQ(editor.band(), 7);
-    EXPECT_EQ(editor.scene(), 1);
-    EXPECT_EQ(editor.suppress(), 0);
-    EXPECT_FALSE(editor.wire2());
-    EXPECT_FALSE(editor.showNetConfirm());
-    EXPECT_EQ(editor.tab(), DeviceEditor::DetailTab::Tally);
+    EXPECT_EQ(tally().band->value(), 7);
+    EXPECT_EQ(communication().scene->value(), 1);
+    EXPECT_EQ(communication().suppress->value(), 0);
+    EXPECT_FALSE(communication().wire2->checked());
     EXPECT_EQ(editor.loadedFor(), QString());
-    EXPECT_FALSE(editor.online());
+    EXPECT_FALSE(header().online());
 }
 
 TEST_F(DeviceEditorTest, OpeningAUnitLoadsEveryFieldFromItsLiveConfiguration)
 {
     report(kFull);
     open();
-    EXPECT_EQ(editor.atemIp(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(editor.atemPort(), QStringLiteral("9910"));
-    EXPECT_EQ(editor.channel(), QStringLiteral("3"));
-    EXPECT_EQ(editor.band(), 2);
-    EXPECT_EQ(editor.model(), 10);
-    EXPECT_EQ(editor.extTally(), 1);
-    EXPECT_EQ(editor.tallyType(), 4);
-    EXPECT_EQ(editor.gpioType(), 5);
-    EXPECT_EQ(editor.ipAddr(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(editor.netmask(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(editor.gateway(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(editor.scene(), 2);
-    EXPECT_EQ(editor.suppress(), 3);
-    EXPECT_TRUE(editor.wire2());
-    EXPECT_EQ(editor.password(), QStringLiteral("secret"));
+    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
+    EXPECT_EQ(tally().atemPort->text(), QStringLiteral("9910"));
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
+    EXPECT_EQ(tally().band->value(), 2);
+    EXPECT_EQ(tally().model->value(), 10);
+    EXPECT_EQ(tally().extTally->value(), 1);
+    EXPECT_EQ(tally().tallyType->value(), 4);
+    EXPECT_EQ(tally().gpioType->value(), 5);
+    EXPECT_EQ(network().ipAddr->text(), QStringLiteral("127.0.0.2"));
+    EXPECT_EQ(network().netmask->text(), QStringLiteral("255.0.0.0"));
+    EXPECT_EQ(network().gateway->text(), QStringLiteral("127.0.0.1"));
+    EXPECT_EQ(communication().scene->value(), 2);
+    EXPECT_EQ(communication().suppress->value(), 3);
+    EXPECT_TRUE(communication().wire2->checked());
+    EXPECT_EQ(communication().password->text(), QStringLiteral("secret"));
     EXPECT_EQ(editor.loadedFor(), QString::fromLatin1(kUnitIp));
     EXPECT_FALSE(editor.dirty());
-    EXPECT_FALSE(editor.netDirty());
+    EXPECT_FALSE(network().dirty());
 }
 
 TEST_F(DeviceEditorTest, LiveIsTheConfigurationOfTheUnitsLatestReply)
@@ -72,10 +70,10 @@ TEST_F(DeviceEditorTest, UnknownUnitLoadsTheDefaultsAndHasAnEmptyLive)
 {
     open("127.0.0.9");
     EXPECT_TRUE(editor.live().isEmpty());
-    EXPECT_EQ(editor.band(), 7);
-    EXPECT_EQ(editor.atemIp(), QString());
-    EXPECT_EQ(editor.title(), QStringLiteral("127.0.0.9"));
-    EXPECT_EQ(editor.onlineText(), QStringLiteral("Offline"));
+    EXPECT_EQ(tally().band->value(), 7);
+    EXPECT_EQ(tally().atemIp->text(), QString());
+    EXPECT_EQ(header().title(), QStringLiteral("127.0.0.9"));
+    EXPECT_EQ(header().onlineText(), QStringLiteral("Offline"));
     // Nothing reports SwitcherBand, so the loaded 7 already differs.
     EXPECT_TRUE(editor.dirty());
 }
@@ -85,9 +83,9 @@ TEST_F(DeviceEditorTest, UnitReportingBandSevenModelZeroAndNoLevelsOrWire2IsClea
     // The levels, Wire2 and every text key are absent.
     report(cleanUnit());
     open();
-    EXPECT_EQ(editor.scene(), 1);
-    EXPECT_EQ(editor.suppress(), 0);
-    EXPECT_FALSE(editor.wire2());
+    EXPECT_EQ(communication().scene->value(), 1);
+    EXPECT_EQ(communication().suppress->value(), 0);
+    EXPECT_FALSE(communication().wire2->checked());
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -106,7 +104,7 @@ TEST_F(DeviceEditorTest, UnitWithoutSwitcherBandLoadsSevenAndIsDirtyAtOnce)
     noBand.erase("SwitcherBand");
     report(noBand);
     open();
-    EXPECT_EQ(editor.band(), 7);
+    EXPECT_EQ(tally().band->value(), 7);
     EXPECT_TRUE(editor.dirty());
 }
 
@@ -114,7 +112,7 @@ TEST_F(DeviceEditorTest, TallyTypeTwelveIsLoadedWithoutClamping)
 {
     report(cleanUnit({{"TallyType", "12"}}));
     open();
-    EXPECT_EQ(editor.tallyType(), 12);
+    EXPECT_EQ(tally().tallyType->value(), 12);
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -122,8 +120,8 @@ TEST_F(DeviceEditorTest, SignedAndZeroPaddedIntegersLoadTheirValueAndCountAsChan
 {
     report({{"SwitcherBand", "+5"}, {"SwitcherModel", "09"}});
     open();
-    EXPECT_EQ(editor.band(), 5);
-    EXPECT_EQ(editor.model(), 9);
+    EXPECT_EQ(tally().band->value(), 5);
+    EXPECT_EQ(tally().model->value(), 9);
     EXPECT_TRUE(editor.dirty());
 }
 
@@ -131,42 +129,42 @@ TEST_F(DeviceEditorTest, ReloadRestoresEveryFieldIncludingTheNetworkFields)
 {
     report(kFull);
     open();
-    editor.setAtemIp(QStringLiteral("1.1.1.1"));
-    editor.setAtemPort(QStringLiteral("1"));
-    editor.setChannel(QStringLiteral("99"));
-    editor.setSwitcherSelection(QStringLiteral("5.9"));
-    editor.setExtTally(3);
-    editor.setTallyType(0);
-    editor.setGpioType(0);
-    editor.setIpAddr(QStringLiteral("127.0.0.3"));
-    editor.setNetmask(QStringLiteral("255.255.0.0"));
-    editor.setGateway(QStringLiteral("127.0.0.254"));
-    editor.setScene(4);
-    editor.setSuppress(0);
-    editor.setWire2(false);
-    editor.setPassword(QString());
+    tally().atemIp->setText(QStringLiteral("1.1.1.1"));
+    tally().atemPort->setText(QStringLiteral("1"));
+    communication().channel->setText(QStringLiteral("99"));
+    tally().setSwitcherSelection(QStringLiteral("5.9"));
+    tally().extTally->setValue(3);
+    tally().tallyType->setValue(0);
+    tally().gpioType->setValue(0);
+    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
+    network().netmask->setText(QStringLiteral("255.255.0.0"));
+    network().gateway->setText(QStringLiteral("127.0.0.254"));
+    communication().scene->setValue(4);
+    communication().suppress->setValue(0);
+    communication().wire2->setChecked(false);
+    communication().password->setText(QString());
     ASSERT_TRUE(editor.dirty());
-    ASSERT_TRUE(editor.netDirty());
+    ASSERT_TRUE(network().dirty());
 
     editor.load();
 
-    EXPECT_EQ(editor.atemIp(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(editor.atemPort(), QStringLiteral("9910"));
-    EXPECT_EQ(editor.channel(), QStringLiteral("3"));
-    EXPECT_EQ(editor.band(), 2);
-    EXPECT_EQ(editor.model(), 10);
-    EXPECT_EQ(editor.extTally(), 1);
-    EXPECT_EQ(editor.tallyType(), 4);
-    EXPECT_EQ(editor.gpioType(), 5);
-    EXPECT_EQ(editor.ipAddr(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(editor.netmask(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(editor.gateway(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(editor.scene(), 2);
-    EXPECT_EQ(editor.suppress(), 3);
-    EXPECT_TRUE(editor.wire2());
-    EXPECT_EQ(editor.password(), QStringLiteral("secret"));
+    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
+    EXPECT_EQ(tally().atemPort->text(), QStringLiteral("9910"));
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
+    EXPECT_EQ(tally().band->value(), 2);
+    EXPECT_EQ(tally().model->value(), 10);
+    EXPECT_EQ(tally().extTally->value(), 1);
+    EXPECT_EQ(tally().tallyType->value(), 4);
+    EXPECT_EQ(tally().gpioType->value(), 5);
+    EXPECT_EQ(network().ipAddr->text(), QStringLiteral("127.0.0.2"));
+    EXPECT_EQ(network().netmask->text(), QStringLiteral("255.0.0.0"));
+    EXPECT_EQ(network().gateway->text(), QStringLiteral("127.0.0.1"));
+    EXPECT_EQ(communication().scene->value(), 2);
+    EXPECT_EQ(communication().suppress->value(), 3);
+    EXPECT_TRUE(communication().wire2->checked());
+    EXPECT_EQ(communication().password->text(), QStringLiteral("secret"));
     EXPECT_FALSE(editor.dirty());
-    EXPECT_FALSE(editor.netDirty());
+    EXPECT_FALSE(network().dirty());
 }
 
 TEST_F(DeviceEditorTest, ReloadShowsTheLatestReplyNotTheOneFirstLoaded)
@@ -176,29 +174,32 @@ TEST_F(DeviceEditorTest, ReloadShowsTheLatestReplyNotTheOneFirstLoaded)
     Vorn::Config newer = kFull;
     newer["Channel"] = "8";
     report(newer);
-    EXPECT_EQ(editor.channel(), QStringLiteral("3"));
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
     editor.load();
-    EXPECT_EQ(editor.channel(), QStringLiteral("8"));
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("8"));
 }
 
 TEST_F(DeviceEditorTest, NewReplyOfTheSameUnitKeepsTheEditedFieldsAndFlipsDirty)
 {
     report(kFull);
     open();
-    editor.setChannel(QStringLiteral("7"));
+    communication().channel->setText(QStringLiteral("7"));
     ASSERT_TRUE(editor.dirty());
 
-    QSignalSpy channelSpy(&editor, &DeviceEditor::channelChanged);
+    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
     QSignalSpy loadedSpy(&editor, &DeviceEditor::loadedForChanged);
     Vorn::Config saved = kFull;
     saved["Channel"] = "7";
     report(saved);
 
-    EXPECT_EQ(editor.channel(), QStringLiteral("7"));
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("7"));
     EXPECT_FALSE(editor.dirty());
+    EXPECT_FALSE(communication().channel->dirty());
+    EXPECT_TRUE(communication().channel->touched());
     EXPECT_EQ(dirtySpy.count(), 1);
-    EXPECT_EQ(channelSpy.count(), 0);
+    // The field announces once: its value stays, its dirty flag clears.
+    EXPECT_EQ(channelSpy.count(), 1);
     EXPECT_EQ(loadedSpy.count(), 0);
 }
 
@@ -207,14 +208,17 @@ TEST_F(DeviceEditorTest, ReplyWithAValueChangedElsewhereMakesTheUntouchedFieldDi
     report(kFull);
     open();
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    QSignalSpy atemSpy(&editor, &DeviceEditor::atemIpChanged);
+    QSignalSpy atemSpy(tally().atemIp, &EditorField::changed);
     Vorn::Config changedElsewhere = kFull;
     changedElsewhere["AtemIp"] = "10.0.0.6";
     report(changedElsewhere);
-    EXPECT_EQ(editor.atemIp(), QStringLiteral("10.0.0.5"));
+    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
     EXPECT_TRUE(editor.dirty());
+    EXPECT_TRUE(tally().atemIp->dirty());
+    EXPECT_FALSE(tally().atemIp->touched());
     EXPECT_EQ(dirtySpy.count(), 1);
-    EXPECT_EQ(atemSpy.count(), 0);
+    // The field announces once: its value stays, it now differs.
+    EXPECT_EQ(atemSpy.count(), 1);
 }
 
 TEST_F(DeviceEditorTest, ReplyFollowsIntoChipsDetailsAndLiveAtOnce)
@@ -222,15 +226,15 @@ TEST_F(DeviceEditorTest, ReplyFollowsIntoChipsDetailsAndLiveAtOnce)
     report(kFull);
     open();
     QSignalSpy liveSpy(&editor, &DeviceEditor::liveChanged);
-    QSignalSpy chipSpy(&editor, &DeviceEditor::channelChipChanged);
-    QSignalSpy firmwareSpy(&editor, &DeviceEditor::firmwareChipChanged);
-    QSignalSpy detailsSpy(&editor, &DeviceEditor::detailsChanged);
+    QSignalSpy chipSpy(&header(), &EditorHeader::changed);
+    QSignalSpy firmwareSpy(&header(), &EditorHeader::changed);
+    QSignalSpy detailsSpy(&editor, &DeviceEditor::liveChanged);
     Vorn::Config newer = kFull;
     newer["Channel"] = "9";
     newer["Version"] = "1.5.0";
     report(newer);
-    EXPECT_EQ(editor.channelChip(), QStringLiteral("Ch 9"));
-    EXPECT_EQ(editor.firmwareChip(), QStringLiteral("fw 1.5.0"));
+    EXPECT_EQ(header().channelChip(), QStringLiteral("Ch 9"));
+    EXPECT_EQ(header().firmwareChip(), QStringLiteral("fw 1.5.0"));
     EXPECT_EQ(editor.live().value(QStringLiteral("Channel")).toString(), QStringLiteral("9"));
     EXPECT_EQ(liveSpy.count(), 1);
     EXPECT_EQ(chipSpy.count(), 1);
@@ -244,7 +248,7 @@ TEST_F(DeviceEditorTest, IdenticalReplyAnnouncesNothing)
     open();
     QSignalSpy liveSpy(&editor, &DeviceEditor::liveChanged);
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    QSignalSpy detailsSpy(&editor, &DeviceEditor::detailsChanged);
+    QSignalSpy detailsSpy(&editor, &DeviceEditor::liveChanged);
     report(kFull);
     EXPECT_EQ(liveSpy.count(), 0);
     EXPECT_EQ(dirtySpy.count(), 0);
@@ -259,20 +263,20 @@ TEST_F(DeviceEditorTest, ReplyOfAnotherUnitLeavesTheEditorAlone)
     report({{"Channel", "1"}}, "127.0.0.1");
     report({{"Channel", "2"}}, "127.0.0.3");
     EXPECT_EQ(liveSpy.count(), 0);
-    EXPECT_EQ(editor.channelChip(), QStringLiteral("Ch 3"));
+    EXPECT_EQ(header().channelChip(), QStringLiteral("Ch 3"));
 }
 
 TEST_F(DeviceEditorTest, FirstReplyOfTheOpenUnitFillsLiveButNotTheFields)
 {
     open();
     QSignalSpy liveSpy(&editor, &DeviceEditor::liveChanged);
-    QSignalSpy onlineSpy(&editor, &DeviceEditor::onlineChanged);
+    QSignalSpy onlineSpy(&header(), &EditorHeader::changed);
     report(kFull);
     EXPECT_EQ(liveSpy.count(), 1);
     EXPECT_EQ(onlineSpy.count(), 1);
-    EXPECT_TRUE(editor.online());
-    EXPECT_EQ(editor.atemIp(), QString());
-    EXPECT_EQ(editor.title(), QStringLiteral("KT400 \u00B7ABC123"));
+    EXPECT_TRUE(header().online());
+    EXPECT_EQ(tally().atemIp->text(), QString());
+    EXPECT_EQ(header().title(), QStringLiteral("KT400 \u00B7ABC123"));
 }
 
 TEST_F(DeviceEditorTest, SelectingAnotherUnitLoadsItAndDropsTheEdits)
@@ -280,15 +284,15 @@ TEST_F(DeviceEditorTest, SelectingAnotherUnitLoadsItAndDropsTheEdits)
     report(kFull);
     report({{"Channel", "42"}, {"SwitcherBand", "0"}}, "127.0.0.3");
     open();
-    editor.setPassword(QStringLiteral("typed"));
+    communication().password->setText(QStringLiteral("typed"));
     QSignalSpy loadedSpy(&editor, &DeviceEditor::loadedForChanged);
     QSignalSpy ipSpy(&editor, &DeviceEditor::ipChanged);
 
     editor.setIp(QStringLiteral("127.0.0.3"));
 
-    EXPECT_EQ(editor.channel(), QStringLiteral("42"));
-    EXPECT_EQ(editor.band(), 0);
-    EXPECT_EQ(editor.password(), QString());
+    EXPECT_EQ(communication().channel->text(), QStringLiteral("42"));
+    EXPECT_EQ(tally().band->value(), 0);
+    EXPECT_EQ(communication().password->text(), QString());
     EXPECT_EQ(editor.loadedFor(), QStringLiteral("127.0.0.3"));
     EXPECT_EQ(loadedSpy.count(), 1);
     EXPECT_EQ(ipSpy.count(), 1);
@@ -298,10 +302,10 @@ TEST_F(DeviceEditorTest, SettingTheSameUnitAgainKeepsTheEdits)
 {
     report(kFull);
     open();
-    editor.setPassword(QStringLiteral("typed"));
+    communication().password->setText(QStringLiteral("typed"));
     QSignalSpy ipSpy(&editor, &DeviceEditor::ipChanged);
     editor.setIp(QString::fromLatin1(kUnitIp));
-    EXPECT_EQ(editor.password(), QStringLiteral("typed"));
+    EXPECT_EQ(communication().password->text(), QStringLiteral("typed"));
     EXPECT_EQ(ipSpy.count(), 0);
 }
 
@@ -309,13 +313,13 @@ TEST_F(DeviceEditorTest, SettingAFieldToItsValueEmitsNothing)
 {
     report(kFull);
     open();
-    QSignalSpy channelSpy(&editor, &DeviceEditor::channelChanged);
-    QSignalSpy bandSpy(&editor, &DeviceEditor::bandChanged);
-    QSignalSpy wireSpy(&editor, &DeviceEditor::wire2Changed);
+    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
+    QSignalSpy bandSpy(tally().band, &EditorField::changed);
+    QSignalSpy wireSpy(communication().wire2, &EditorField::changed);
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    editor.setChannel(QStringLiteral("3"));
-    editor.setBand(2);
-    editor.setWire2(true);
+    communication().channel->setText(QStringLiteral("3"));
+    tally().band->setValue(2);
+    communication().wire2->setChecked(true);
     editor.load();
     EXPECT_EQ(channelSpy.count(), 0);
     EXPECT_EQ(bandSpy.count(), 0);
@@ -328,27 +332,82 @@ TEST_F(DeviceEditorTest, EditingAndRevertingAFieldTogglesDirtyTwice)
     report(kFull);
     open();
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    QSignalSpy channelSpy(&editor, &DeviceEditor::channelChanged);
-    editor.setChannel(QStringLiteral("31"));
+    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
+    communication().channel->setText(QStringLiteral("31"));
     EXPECT_TRUE(editor.dirty());
-    editor.setChannel(QStringLiteral("32"));
-    editor.setChannel(QStringLiteral("3"));
+    communication().channel->setText(QStringLiteral("32"));
+    communication().channel->setText(QStringLiteral("3"));
     EXPECT_FALSE(editor.dirty());
     EXPECT_EQ(dirtySpy.count(), 2);
     EXPECT_EQ(channelSpy.count(), 3);
 }
 
-TEST_F(DeviceEditorTest, ClientGoneLeavesAnOfflineEditorWithEmptyLive)
+TEST_F(DeviceEditorTest, OpeningAUnitLoadsOnceWhicheverIsSetFirst)
+{
+    report(kFull);
+    QSignalSpy loadedSpy(&editor, &DeviceEditor::loaded);
+    editor.setLink(&link);
+    EXPECT_EQ(loadedSpy.count(), 0);
+    editor.setIp(QString::fromLatin1(kUnitIp));
+    EXPECT_EQ(loadedSpy.count(), 1);
+
+    DeviceEditor other;
+    QSignalSpy otherSpy(&other, &DeviceEditor::loaded);
+    other.setIp(QString::fromLatin1(kUnitIp));
+    EXPECT_EQ(otherSpy.count(), 0);
+    other.setLink(&link);
+    EXPECT_EQ(otherSpy.count(), 1);
+    EXPECT_EQ(other.communication()->channel->text(), QStringLiteral("3"));
+}
+
+TEST_F(DeviceEditorTest, RepliesAndTicksNeverLoad)
 {
     report(kFull);
     open();
-    QSignalSpy clientSpy(&editor, &DeviceEditor::clientChanged);
-    QSignalSpy liveSpy(&editor, &DeviceEditor::liveChanged);
-    client.reset();
-    EXPECT_EQ(editor.client(), nullptr);
-    EXPECT_FALSE(editor.online());
-    EXPECT_TRUE(editor.live().isEmpty());
-    EXPECT_EQ(clientSpy.count(), 1);
-    EXPECT_EQ(liveSpy.count(), 1);
-    EXPECT_EQ(editor.atemIp(), QStringLiteral("10.0.0.5"));
+    QSignalSpy loadedSpy(&editor, &DeviceEditor::loaded);
+    report(kFull);
+    link.advance(std::chrono::seconds(1));
+    link.tick();
+    EXPECT_EQ(loadedSpy.count(), 0);
+    editor.load();
+    EXPECT_EQ(loadedSpy.count(), 1);
+}
+
+TEST_F(DeviceEditorTest, AUserEditMarksOnlyThatFieldTouchedUntilTheNextLoad)
+{
+    report(kFull);
+    open();
+    communication().channel->setText(QStringLiteral("3"));
+    EXPECT_FALSE(communication().channel->touched());
+    communication().channel->setText(QStringLiteral("4"));
+    EXPECT_TRUE(communication().channel->touched());
+    EXPECT_FALSE(tally().atemIp->touched());
+    editor.load();
+    EXPECT_FALSE(communication().channel->touched());
+}
+
+TEST_F(DeviceEditorTest, EachSectionOwnsItsKeysOfTheComparison)
+{
+    report(kFull);
+    open();
+    tally().atemIp->setText(QStringLiteral("10.0.0.6"));
+    communication().channel->setText(QStringLiteral("4"));
+    network().gateway->setText(QStringLiteral("127.0.0.9"));
+    const auto keysOf = [](const EditorSection& section) {
+        QStringList keys;
+        for (const auto& key : section.comparison())
+            keys << QString::fromLatin1(key.key.data(), static_cast<qsizetype>(key.key.size()));
+        return keys;
+    };
+    EXPECT_EQ(keysOf(tally()), (QStringList{"AtemIp", "AtemPort", "SwitcherBand", "SwitcherModel", "AtemExtTally",
+                                            "TallyType", "TallyGpioType"}));
+    EXPECT_EQ(keysOf(communication()),
+              (QStringList{"Channel", "ScenarioType", "SilenceSuppress", "Wire2Enable", "CallMagic"}));
+    EXPECT_EQ(keysOf(network()), (QStringList{"IPAddress", "Netmask", "Gateway"}));
+    EXPECT_TRUE(tally().dirty());
+    EXPECT_TRUE(communication().dirty());
+    EXPECT_TRUE(network().dirty());
+    tally().atemIp->setText(QStringLiteral("10.0.0.5"));
+    EXPECT_FALSE(tally().dirty());
+    EXPECT_TRUE(editor.dirty());
 }

@@ -1,7 +1,7 @@
 // The verdict after "Save changes" and "Apply": the unit's first reply that
 // left after the re-query against the keys written, a silent unit after four
 // seconds, a move to a new address, and the edits, saves and reloads that end
-// a verdict. Replies are fed to the client and time moves by hand.
+// a verdict. Replies come through the fake link and time moves by hand.
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
@@ -20,12 +20,6 @@ const Vorn::Config kReported = cleanUnit({{"AtemIp", "10.0.0.5"},
                                           {"Netmask", "255.0.0.0"},
                                           {"Gateway", "127.0.0.1"}});
 
-Vorn::Config overlaid(Vorn::Config config, const Vorn::Config& changes)
-{
-    for (const auto& [key, value] : changes)
-        config.insert_or_assign(key, value);
-    return config;
-}
 
 class DeviceEditorVerdict : public EditorFixture {
 protected:
@@ -36,7 +30,7 @@ protected:
     {
         report(kReported);
         open();
-        editor.setChannel(QStringLiteral("5"));
+        communication().channel->setText(QStringLiteral("5"));
         editor.save();
     }
     // The unit opened and its address changed to `address` by Apply, two
@@ -45,12 +39,12 @@ protected:
     {
         report(kReported);
         open();
-        editor.setIpAddr(QString::fromUtf8(address));
+        network().ipAddr->setText(QString::fromUtf8(address));
         editor.applyNetwork();
-        time.advance(2s);
+        link.advance(2s);
         report(kReported);
     }
-    void tick() { client->clock()->tick(); }
+    void tick() { link.tick(); }
 };
 
 }  // namespace
@@ -73,7 +67,7 @@ TEST_F(DeviceEditorVerdict, WaitsSilentlyUntilTheReplyCounts)
 TEST_F(DeviceEditorVerdict, ReplyWithTheWrittenValuesIsConfirmed)
 {
     saveChannel5();
-    time.advance(1600ms);
+    link.advance(1600ms);
     report(overlaid(kReported, {{"Channel", "5"}}));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Confirmed);
     EXPECT_EQ(verdict().text(), QStringLiteral("Saved · confirmed"));
@@ -84,11 +78,11 @@ TEST_F(DeviceEditorVerdict, ReplyWithOtherValuesNamesTheKeysNotConfirmed)
 {
     report(kReported);
     open();
-    editor.setChannel(QStringLiteral("5"));
-    editor.setAtemIp(QStringLiteral("10.0.0.6"));
-    editor.setAtemPort(QStringLiteral("9911"));
+    communication().channel->setText(QStringLiteral("5"));
+    tally().atemIp->setText(QStringLiteral("10.0.0.6"));
+    tally().atemPort->setText(QStringLiteral("9911"));
     editor.save();
-    time.advance(2s);
+    link.advance(2s);
     report(overlaid(kReported, {{"AtemPort", "9911"}}));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::NotConfirmed);
     EXPECT_EQ(verdict().text(), QStringLiteral("Not confirmed: AtemIp, Channel"));
@@ -99,7 +93,7 @@ TEST_F(DeviceEditorVerdict, ReplyWithOtherValuesNamesTheKeysNotConfirmed)
 TEST_F(DeviceEditorVerdict, ReplyWithoutAWrittenKeyIsNotConfirmed)
 {
     saveChannel5();
-    time.advance(2s);
+    link.advance(2s);
     Vorn::Config withoutChannel = kReported;
     withoutChannel.erase("Channel");
     report(withoutChannel);
@@ -110,10 +104,10 @@ TEST_F(DeviceEditorVerdict, ReplyWithoutAWrittenKeyIsNotConfirmed)
 TEST_F(DeviceEditorVerdict, NoAnswerFourSecondsAfterTheWrite)
 {
     saveChannel5();
-    time.advance(3900ms);
+    link.advance(3900ms);
     tick();
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Waiting);
-    time.advance(100ms);
+    link.advance(100ms);
     tick();
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::NoAnswer);
     EXPECT_EQ(verdict().text(), QStringLiteral("No answer after saving"));
@@ -123,7 +117,7 @@ TEST_F(DeviceEditorVerdict, NoAnswerFourSecondsAfterTheWrite)
 TEST_F(DeviceEditorVerdict, ReplyAfterTheDeadlineButBeforeTheTickIsNoAnswer)
 {
     saveChannel5();
-    time.advance(4500ms);
+    link.advance(4500ms);
     report(overlaid(kReported, {{"Channel", "5"}}));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::NoAnswer);
 }
@@ -131,10 +125,10 @@ TEST_F(DeviceEditorVerdict, ReplyAfterTheDeadlineButBeforeTheTickIsNoAnswer)
 TEST_F(DeviceEditorVerdict, ReplyBeforeTheRequeryIsIgnored)
 {
     saveChannel5();
-    time.advance(1400ms);
+    link.advance(1400ms);
     report(kReported);
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Waiting);
-    time.advance(200ms);
+    link.advance(200ms);
     report(overlaid(kReported, {{"Channel", "5"}}));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Confirmed);
 }
@@ -142,9 +136,9 @@ TEST_F(DeviceEditorVerdict, ReplyBeforeTheRequeryIsIgnored)
 TEST_F(DeviceEditorVerdict, TheVerdictStaysOverLaterReplies)
 {
     saveChannel5();
-    time.advance(2s);
+    link.advance(2s);
     report(overlaid(kReported, {{"Channel", "5"}}));
-    time.advance(3s);
+    link.advance(3s);
     report(kReported);
     tick();
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Confirmed);
@@ -165,7 +159,7 @@ TEST_F(DeviceEditorVerdict, ANewAddressIsJudgedOnTheFirstReplyFromIt)
 TEST_F(DeviceEditorVerdict, AMoveWithoutAReplyFromTheNewAddressIsNoAnswer)
 {
     applyAddressAndHearTheOldOne("127.0.0.3");
-    time.advance(2s);
+    link.advance(2s);
     tick();
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::NoAnswer);
     EXPECT_EQ(verdict().movedTo(), QString());
@@ -175,9 +169,9 @@ TEST_F(DeviceEditorVerdict, NetworkApplyWithoutAMoveIsCheckedLikeASave)
 {
     report(kReported);
     open();
-    editor.setGateway(QStringLiteral("127.0.0.9"));
+    network().gateway->setText(QStringLiteral("127.0.0.9"));
     editor.applyNetwork();
-    time.advance(2s);
+    link.advance(2s);
     report(kReported);
     EXPECT_EQ(verdict().text(), QStringLiteral("Not confirmed: Gateway"));
 }
@@ -185,13 +179,13 @@ TEST_F(DeviceEditorVerdict, NetworkApplyWithoutAMoveIsCheckedLikeASave)
 TEST_F(DeviceEditorVerdict, AnEditEndsTheVerdict)
 {
     saveChannel5();
-    time.advance(2s);
+    link.advance(2s);
     report(overlaid(kReported, {{"Channel", "5"}}));
     QSignalSpy changed(&verdict(), &SaveVerdict::changed);
     // Setting a field to the value it holds is no edit.
-    editor.setChannel(QStringLiteral("5"));
+    communication().channel->setText(QStringLiteral("5"));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Confirmed);
-    editor.setChannel(QStringLiteral("6"));
+    communication().channel->setText(QStringLiteral("6"));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::None);
     EXPECT_EQ(verdict().text(), QString());
     EXPECT_EQ(changed.count(), 1);
@@ -200,7 +194,7 @@ TEST_F(DeviceEditorVerdict, AnEditEndsTheVerdict)
 TEST_F(DeviceEditorVerdict, ANewSaveEndsTheVerdict)
 {
     saveChannel5();
-    time.advance(2s);
+    link.advance(2s);
     report(kReported);
     ASSERT_EQ(verdict().kind(), SaveVerdict::Kind::NotConfirmed);
     editor.save();
@@ -212,7 +206,7 @@ TEST_F(DeviceEditorVerdict, ANewSaveEndsTheVerdict)
 TEST_F(DeviceEditorVerdict, AReloadEndsTheVerdict)
 {
     saveChannel5();
-    time.advance(2s);
+    link.advance(2s);
     report(kReported);
     ASSERT_EQ(verdict().kind(), SaveVerdict::Kind::NotConfirmed);
     editor.load();
@@ -223,7 +217,7 @@ TEST_F(DeviceEditorVerdict, AnotherUnitEndsTheVerdict)
 {
     report(kReported, "127.0.0.4");
     saveChannel5();
-    time.advance(5s);
+    link.advance(5s);
     tick();
     ASSERT_EQ(verdict().kind(), SaveVerdict::Kind::NoAnswer);
     editor.setIp(QStringLiteral("127.0.0.4"));

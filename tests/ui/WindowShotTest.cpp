@@ -55,9 +55,20 @@ Vorn::Config savedUnit(const Vorn::Config& changes = {})
     return config;
 }
 
+QObject* viewOf(Window& w)
+{
+    return w.item("detailLoader")->property("item").value<QObject*>();
+}
+
 QObject* editorOf(Window& w)
 {
-    return w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+    return viewOf(w)->property("editor").value<QObject*>();
+}
+
+// A field of one of the editor's sections, e.g. ("tally", "atemPort").
+QObject* fieldOf(Window& w, const char* section, const char* name)
+{
+    return editorOf(w)->property(section).value<QObject*>()->property(name).value<QObject*>();
 }
 
 void clickOn(Window& w, const char* name)
@@ -198,11 +209,10 @@ private slots:
         w.ingest("10.232.1.10", studioUnit());
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
-        editor->setProperty("atemPort", QStringLiteral("9911"));
-        editor->setProperty("tab", 2);
-        editor->setProperty("gateway", QStringLiteral("10.232.0.254"));
-        editor->setProperty("showNetConfirm", true);
+        fieldOf(w, "tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
+        viewOf(w)->setProperty("tab", 2);
+        fieldOf(w, "network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
+        viewOf(w)->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Apply network settings to 10.232.1.10?")));
         w.shoot(QStringLiteral("editor-network-confirm"));
 
@@ -354,13 +364,13 @@ private slots:
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         QObject* editor = editorOf(w);
         if (kind == "moved") {
-            editor->setProperty("tab", 2);
-            editor->setProperty("ipAddr", QStringLiteral("127.0.0.6"));
+            viewOf(w)->setProperty("tab", 2);
+            fieldOf(w, "network", "ipAddr")->setProperty("text", QStringLiteral("127.0.0.6"));
             QMetaObject::invokeMethod(editor, "applyNetwork");
         } else {
-            editor->setProperty("tab", 1);
-            editor->setProperty("channel", QStringLiteral("5"));
-            editor->setProperty("atemPort", QStringLiteral("9911"));
+            viewOf(w)->setProperty("tab", 1);
+            fieldOf(w, "communication", "channel")->setProperty("text", QStringLiteral("5"));
+            fieldOf(w, "tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
             QMetaObject::invokeMethod(editor, "save");
         }
         QVERIFY(!w.item("saveVerdict")->isVisible());
@@ -381,7 +391,7 @@ private slots:
         QCOMPARE(w.item("showMovedButton")->isVisible(), kind == "moved");
 
         if (kind == "not-confirmed") {
-            editor->setProperty("tab", 3);
+            viewOf(w)->setProperty("tab", 3);
             QTRY_VERIFY(w.item("lastSave")->isVisible());
             w.shoot(QStringLiteral("verdict-not-confirmed-details"));
             QVERIFY(w.visibleTexts().contains(QStringLiteral("AtemPort: wrote 9911, unit reports 9910\n"

@@ -53,7 +53,7 @@ TestCase {
 
     function openTab(index) {
         mouseClick(child("segment" + index));
-        compare(view.editor.tab, index);
+        compare(view.tab, index);
     }
 
     function typeInto(name, text) {
@@ -182,7 +182,7 @@ TestCase {
         mouseClick(picker.popup.contentItem.itemAtIndex(3));
         compare(picker.currentIndex, 3);
         compare(findChild(picker, "pickerText").text, "3 \u00b7 3%");
-        compare(view.editor.suppress, 3);
+        compare(view.editor.communication.suppress.value, 3);
     }
 
     function test_a_reply_keeps_what_the_user_types_and_updates_everything_else() {
@@ -273,9 +273,9 @@ TestCase {
         mouseClick(child("applyNetworkButton"));
         const dialog = child("networkConfirm");
         tryVerify(() => dialog.opened);
-        verify(view.editor.showNetConfirm);
+        verify(view.networkConfirmOpen);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !dialog.visible);
-        verify(!view.editor.showNetConfirm);
+        verify(!view.networkConfirmOpen);
     }
 }

@@ -63,7 +63,7 @@ TestCase {
 
     function openTab(index) {
         mouseClick(child("segment" + index));
-        compare(editor().tab, index);
+        compare(findChild(view, "detailLoader").item.tab, index);
     }
 
     // Clicks into the field, selects all and types `text`, key by key.
@@ -234,7 +234,7 @@ TestCase {
         compare(child("invalidIpv4").text, "invalid IPv4");
         verify(!child("applyNetworkButton").enabled);
         mouseClick(child("applyNetworkButton"));
-        verify(!editor().showNetConfirm);
+        verify(!findChild(view, "detailLoader").item.networkConfirmOpen);
         verify(!child("networkConfirm").visible);
         // A network edit is not an unsaved change of the tabs that Save sends.
         verify(!child("unsavedMark").visible);
@@ -261,7 +261,7 @@ TestCase {
         compare(sim.writes().length, 0);
         mouseClick(findChild(dialog.footer, "applyButton"));
         tryVerify(() => !dialog.visible);
-        verify(!editor().showNetConfirm);
+        verify(!findChild(view, "detailLoader").item.networkConfirmOpen);
 
         const write = theWrite();
         compare(changedKeys(withChanges({}), write.config), ["Gateway"]);
@@ -279,7 +279,7 @@ TestCase {
         tryVerify(() => dialog.opened);
         mouseClick(findChild(dialog.footer, "cancelButton"));
         tryVerify(() => !dialog.visible);
-        verify(!editor().showNetConfirm);
+        verify(!findChild(view, "detailLoader").item.networkConfirmOpen);
         compare(child("gatewayField").text, "127.0.0.254");
         verify(child("applyNetworkButton").enabled);
         wait(600);

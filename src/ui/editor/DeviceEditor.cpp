@@ -1,36 +1,52 @@
 #include "DeviceEditor.h"
 
-#include "ConfigConversion.h"
-#include "EditorOptions.h"
-#include "EditorRules.h"
+#include <utility>
 
-DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), verdict_(this)
+#include "ClientLink.h"
+#include "ConfigConversion.h"
+#include "SettingKeys.h"
+
+DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
 {
-    shown_ = snapshot();
+    for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_),
+                                   static_cast<EditorSection*>(&network_)})
+        connect(section, &EditorSection::edited, this, &DeviceEditor::onEdited);
+    refresh();
 }
+
+DeviceEditor::~DeviceEditor() = default;
 
 void DeviceEditor::setClient(VornClient* client)
 {
     if (client == client_)
         return;
-    if (client_) {
+    if (client_)
         disconnect(client_, nullptr, this, nullptr);
-        disconnect(client_->clock(), nullptr, this, nullptr);
-    }
     client_ = client;
-    if (client_) {
-        // A reply changes the live configuration but never the fields.
-        connect(client_, &VornClient::deviceAdded, this, &DeviceEditor::announce);
-        connect(client_, &VornClient::devicesUpdated, this, &DeviceEditor::announce);
-        connect(client_->clock(), &PresenceClock::ticked, this, &DeviceEditor::announce);
-        connect(client_, &QObject::destroyed, this, [this] {
-            emit clientChanged();
-            announce();
-        });
-    }
-    verdict_.setClient(client);
+    if (client_)
+        connect(client_, &QObject::destroyed, this, &DeviceEditor::clientChanged);
+    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
+    attach(link.get());
+    ownLink_ = std::move(link);
     emit clientChanged();
-    load();
+    loadWhenReady();
+}
+
+void DeviceEditor::setLink(EditorLink* link)
+{
+    attach(link);
+    ownLink_.reset();
+    loadWhenReady();
+}
+
+void DeviceEditor::attach(EditorLink* link)
+{
+    if (link_)
+        disconnect(link_, nullptr, this, nullptr);
+    link_ = link;
+    if (link_)
+        connect(link_, &EditorLink::changed, this, &DeviceEditor::refresh);
+    verdict_.setLink(link);
 }
 
 void DeviceEditor::setIp(const QString& ip)
@@ -40,184 +56,116 @@ void DeviceEditor::setIp(const QString& ip)
     ip_ = ip;
     emit ipChanged();
     // Another unit: its fields replace the edits of the previous one.
-    load();
+    loadWhenReady();
+}
+
+void DeviceEditor::loadWhenReady()
+{
+    // Until the editor knows both its link and its unit there is nothing to load.
+    if (link_ && !ip_.isEmpty())
+        load();
+    else
+        refresh();
 }
 
 void DeviceEditor::load()
 {
-    state_.fields = loadFields(liveConfig());
-    state_.loadedFor = ip_;
+    const auto unit = link_ ? link_->unit(ip_.toStdString()) : std::nullopt;
+    store_.fields = loadFields(unit ? unit->config : Vorn::Config{});
+    for (EditorSection* section : {static_cast<EditorSection*>(&tally_),
+                                   static_cast<EditorSection*>(&communication_), static_cast<EditorSection*>(&network_)})
+        section->untouch();
+    const bool otherUnit = loadedFor_ != ip_;
+    loadedFor_ = ip_;
     verdict_.clear();
-    announce();
+    refresh();
+    if (otherUnit)
+        emit loadedForChanged();
+    emit loaded();
 }
 
 void DeviceEditor::save()
 {
-    const Vorn::Config live = liveConfig();
-    if (sendRefusal(state_.fields, live))
+    refresh();
+    if (sendRefusal(store_.fields, store_.live))
         return;
-    write(changesOf(compareSettings(state_.fields, live)));
+    std::vector<KeyComparison> keys = tally_.comparison();
+    for (auto& key : communication_.comparison())
+        keys.push_back(std::move(key));
+    write(changesOf(keys));
 }
 
 void DeviceEditor::applyNetwork()
 {
-    const Vorn::Config live = liveConfig();
-    if (!networkValid(state_.fields) || sendRefusal(state_.fields, live))
+    refresh();
+    if (!networkValid(store_.fields) || sendRefusal(store_.fields, store_.live))
         return;
-    write(changesOf(compareNetwork(state_.fields, live)));
+    write(changesOf(network_.comparison()));
 }
 
 void DeviceEditor::write(const Vorn::Config& changes)
 {
     // The fields stay as they are: the unit's next reply clears "dirty".
-    if (changes.empty() || !client_)
+    if (changes.empty() || !link_)
         return;
-    client_->writeChanges(ip_.toStdString(), changes);
+    link_->write(ip_.toStdString(), changes);
     verdict_.track(ip_.toStdString(), changes);
 }
 
-qint64 DeviceEditor::sceneDefault() const
+void DeviceEditor::onEdited()
 {
-    return ::sceneDefault(liveConfig());
+    // An edit that changes a field ends the verdict of the last save.
+    verdict_.clear();
+    refresh();
 }
 
-qint64 DeviceEditor::suppressDefault() const
+void DeviceEditor::refresh()
 {
-    return ::suppressDefault(liveConfig());
-}
+    const auto unit = link_ ? link_->unit(ip_.toStdString()) : std::nullopt;
+    Vorn::Config live = unit ? unit->config : Vorn::Config{};
+    const bool liveMoved = live != store_.live;
+    store_.live = std::move(live);
+    // Replies and clock ticks come through here; so does the save's verdict.
+    verdict_.judge();
+    tally_.refresh();
+    communication_.refresh();
+    network_.refresh();
+    header_.update(unit, unit && link_->isOnline(*unit), ip_, store_.fields);
 
-void DeviceEditor::stepTallyType(int delta)
-{
-    setTallyType(steppedType(state_.fields.tallyType, delta));
-}
+    Sending now;
+    now.dirty = tally_.dirty() || communication_.dirty();
+    if (const auto refused = sendRefusal(store_.fields, store_.live))
+        now.refusal = tr("Cannot send: %1").arg(QString::fromStdString(*refused));
+    now.canSave = now.dirty && now.refusal.isEmpty();
+    now.canApplyNetwork = network_.dirty() && network_.valid() && now.refusal.isEmpty();
+    const Sending before = std::exchange(sending_, std::move(now));
 
-void DeviceEditor::stepGpioType(int delta)
-{
-    setGpioType(steppedType(state_.fields.gpioType, delta));
-}
-
-QString DeviceEditor::tabTitle(DetailTab tab)
-{
-    switch (tab) {
-    case DetailTab::Tally:
-        return QStringLiteral("Tally");
-    case DetailTab::Intercom:
-        return QStringLiteral("Communication");
-    case DetailTab::Network:
-        return QStringLiteral("Network");
-    case DetailTab::Details:
-        return QStringLiteral("Details");
-    }
-    qFatal("DeviceEditor::tabTitle: unknown tab %d", static_cast<int>(tab));
-}
-
-QStringList DeviceEditor::tabTitles() const
-{
-    return {tabTitle(DetailTab::Tally), tabTitle(DetailTab::Intercom), tabTitle(DetailTab::Network),
-            tabTitle(DetailTab::Details)};
-}
-
-QStringList DeviceEditor::tallyBankOptions() const
-{
-    return EditorOptions::tallyBankOptions();
-}
-
-QStringList DeviceEditor::sceneOptions() const
-{
-    return EditorOptions::sceneOptions();
-}
-
-QStringList DeviceEditor::suppressOptions() const
-{
-    return EditorOptions::suppressOptions();
+    if (liveMoved)
+        emit liveChanged();
+    if (before.dirty != sending_.dirty)
+        emit dirtyChanged();
+    if (before.canSave != sending_.canSave)
+        emit canSaveChanged();
+    if (before.refusal != sending_.refusal)
+        emit refusalChanged();
+    if (before.canApplyNetwork != sending_.canApplyNetwork)
+        emit canApplyNetworkChanged();
 }
 
 QVariantMap DeviceEditor::live() const
 {
-    return toVariantMap(shown_.view.live);
+    return toVariantMap(store_.live);
 }
 
-std::optional<Device> DeviceEditor::unit() const
+QVariantList DeviceEditor::details() const
 {
-    if (!client_)
-        return std::nullopt;
-    return client_->device(ip_.toStdString());
-}
-
-Vorn::Config DeviceEditor::liveConfig() const
-{
-    const auto found = unit();
-    return found ? found->config : Vorn::Config{};
-}
-
-DeviceEditor::Snapshot DeviceEditor::snapshot() const
-{
-    const auto found = unit();
-    const bool online = found && client_->isOnline(*found);
-    return {state_, presentEditor(state_.fields, found, online, ip_)};
-}
-
-void DeviceEditor::setText(std::string EditorFields::*field, const QString& value)
-{
-    edit(state_.fields.*field, value.toStdString());
-}
-
-void DeviceEditor::setInteger(std::int64_t EditorFields::*field, qint64 value)
-{
-    edit(state_.fields.*field, std::int64_t{value});
-}
-
-template <typename Value>
-void DeviceEditor::edit(Value& field, const Value& value)
-{
-    // An edit that changes a field ends the verdict of the last save.
-    if (field != value)
-        verdict_.clear();
-    field = value;
-    announce();
-}
-
-void DeviceEditor::setAtemIp(const QString& value) { setText(&EditorFields::atemIp, value); }
-void DeviceEditor::setAtemPort(const QString& value) { setText(&EditorFields::atemPort, value); }
-void DeviceEditor::setChannel(const QString& value) { setText(&EditorFields::channel, value); }
-void DeviceEditor::setBand(qint64 value) { setInteger(&EditorFields::band, value); }
-void DeviceEditor::setModel(qint64 value) { setInteger(&EditorFields::model, value); }
-void DeviceEditor::setExtTally(qint64 value) { setInteger(&EditorFields::extTally, value); }
-void DeviceEditor::setTallyType(qint64 value) { setInteger(&EditorFields::tallyType, value); }
-void DeviceEditor::setGpioType(qint64 value) { setInteger(&EditorFields::gpioType, value); }
-void DeviceEditor::setIpAddr(const QString& value) { setText(&EditorFields::ipAddr, value); }
-void DeviceEditor::setNetmask(const QString& value) { setText(&EditorFields::netmask, value); }
-void DeviceEditor::setGateway(const QString& value) { setText(&EditorFields::gateway, value); }
-void DeviceEditor::setScene(qint64 value) { setInteger(&EditorFields::scene, value); }
-void DeviceEditor::setSuppress(qint64 value) { setInteger(&EditorFields::suppress, value); }
-void DeviceEditor::setPassword(const QString& value) { setText(&EditorFields::password, value); }
-
-void DeviceEditor::setWire2(bool value)
-{
-    edit(state_.fields.wire2, value);
-}
-
-void DeviceEditor::setShowNetConfirm(bool value)
-{
-    state_.showNetConfirm = value;
-    announce();
-}
-
-void DeviceEditor::setTab(DetailTab value)
-{
-    state_.tab = value;
-    announce();
-}
-
-void DeviceEditor::setSwitcherSelection(const QString& tag)
-{
-    // A tag that does not hold exactly two integers leaves both numbers alone.
-    const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
-    if (!numbers)
-        return;
-    if (state_.fields.band != numbers->first || state_.fields.model != numbers->second)
-        verdict_.clear();
-    state_.fields.band = numbers->first;
-    state_.fields.model = numbers->second;
-    announce();
+    QVariantList rows;
+    for (const auto key : SettingKeys::kDetailKeys) {
+        const auto entry = store_.live.find(key);
+        if (entry == store_.live.end())
+            continue;
+        rows.append(QVariantMap{{QStringLiteral("key"), QString::fromStdString(entry->first)},
+                                {QStringLiteral("value"), QString::fromStdString(entry->second)}});
+    }
+    return rows;
 }

@@ -1,5 +1,6 @@
 #include "EditorOptions.h"
 
+#include <QCoreApplication>
 #include <QVariantMap>
 
 #include "EditorRules.h"
@@ -7,6 +8,12 @@
 
 namespace EditorOptions {
 namespace {
+
+// The translation of a text marked with QT_TRANSLATE_NOOP("EditorOptions", ...).
+QString text(const char* source)
+{
+    return QCoreApplication::translate("EditorOptions", source);
+}
 
 QVariantMap entry(const std::string& label, const std::string& tag)
 {
@@ -30,29 +37,29 @@ int presetRow(std::int64_t band, std::int64_t model)
 QStringList sceneOptions()
 {
     return {
-        QStringLiteral("0 \u00B7 Quiet place (whisper)"),
-        QStringLiteral("1 \u00B7 Most scenes (speak loudly)"),
-        QStringLiteral("2 \u00B7 Very noisy (roar)"),
-        QStringLiteral("3 \u00B7 Deafening (loud voice)"),
-        QStringLiteral("4 \u00B7 Deafening (extreme)"),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "0 \u00B7 Quiet place (whisper)")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "1 \u00B7 Most scenes (speak loudly)")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "2 \u00B7 Very noisy (roar)")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "3 \u00B7 Deafening (loud voice)")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "4 \u00B7 Deafening (extreme)")),
     };
 }
 
 QStringList suppressOptions()
 {
     return {
-        QStringLiteral("0 \u00B7 Off"), QStringLiteral("1 \u00B7 1%"), QStringLiteral("2 \u00B7 2%"),
-        QStringLiteral("3 \u00B7 3%"),  QStringLiteral("4 \u00B7 4%"), QStringLiteral("5 \u00B7 5%"),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "0 \u00B7 Off")), text(QT_TRANSLATE_NOOP("EditorOptions", "1 \u00B7 1%")), text(QT_TRANSLATE_NOOP("EditorOptions", "2 \u00B7 2%")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "3 \u00B7 3%")),  text(QT_TRANSLATE_NOOP("EditorOptions", "4 \u00B7 4%")), text(QT_TRANSLATE_NOOP("EditorOptions", "5 \u00B7 5%")),
     };
 }
 
 QStringList tallyBankOptions()
 {
     return {
-        QStringLiteral("Cameras 1\u201312"),
-        QStringLiteral("Cameras 13\u201324"),
-        QStringLiteral("Cameras 25\u201336"),
-        QStringLiteral("Cameras 37\u201340"),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 1\u201312")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 13\u201324")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 25\u201336")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 37\u201340")),
     };
 }
 

@@ -4,18 +4,18 @@
 
 SaveVerdict::SaveVerdict(QObject* parent) : QObject(parent) {}
 
-void SaveVerdict::setClient(VornClient* client)
+void SaveVerdict::setLink(EditorLink* link)
 {
-    client_ = client;
+    link_ = link;
     clear();
 }
 
 void SaveVerdict::track(const std::string& ip, const Vorn::Config& written)
 {
-    if (!client_)
+    if (!link_)
         return;
     written_ = written;
-    writtenAt_ = client_->clock()->now();
+    writtenAt_ = link_->now();
     const auto address = written.find(std::string(SettingKeys::kIPAddress));
     move_ = address != written.end() && address->second != ip;
     awaitedIp_ = move_ ? address->second : ip;
@@ -38,13 +38,13 @@ void SaveVerdict::clear()
 
 void SaveVerdict::judge()
 {
-    if (kind_ != Kind::Waiting || !client_)
+    if (kind_ != Kind::Waiting || !link_)
         return;
-    if (client_->clock()->now() - writtenAt_ >= kAnswerDeadline) {
+    if (link_->now() - writtenAt_ >= kAnswerDeadline) {
         settle(std::nullopt);
         return;
     }
-    const auto unit = client_->device(awaitedIp_);
+    const auto unit = link_->unit(awaitedIp_);
     // A reply already on its way before the unit applied the write says nothing.
     if (unit && unit->lastSeen >= writtenAt_ + kFirstCountedReply)
         settle(unit->config);

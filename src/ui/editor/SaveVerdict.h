@@ -2,8 +2,9 @@
 // waits for the unit's first reply that left after the re-query and compares
 // the keys written with the values reported; for a new address it waits for
 // the first reply under that address. No reply within four seconds of the
-// write is a verdict of its own. Time comes from the client's clock, so tests
-// move it by hand; the editor calls judge() on every reply and clock tick.
+// write is a verdict of its own. Time and replies come through the editor's
+// link, so tests move time by hand; the editor calls judge() on every reply
+// and clock tick.
 #pragma once
 
 #include <chrono>
@@ -15,6 +16,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "EditorLink.h"
 #include "VornClient.h"
 #include "WriteCheck.h"
 
@@ -40,7 +42,7 @@ public:
 
     explicit SaveVerdict(QObject* parent = nullptr);
 
-    void setClient(VornClient* client);
+    void setLink(EditorLink* link);
     // Starts waiting for the verdict on `written`, just sent to the unit at `ip`.
     void track(const std::string& ip, const Vorn::Config& written);
     // Settles a waiting verdict when the unit's counted reply is in or the
@@ -60,7 +62,7 @@ signals:
 private:
     void settle(const std::optional<Vorn::Config>& reply);
 
-    QPointer<VornClient> client_;
+    QPointer<EditorLink> link_;
     Kind kind_ = Kind::None;
     std::string awaitedIp_;  // the unit's address, or its new one after a move
     bool move_ = false;

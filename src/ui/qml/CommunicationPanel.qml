@@ -19,8 +19,8 @@ Panel {
         label: "Channel"
         mono: true
         placeholder: "1\u2013150"
-        text: root.editor.channel
-        onEdited: text => root.editor.channel = text
+        text: root.editor.communication.channel.text
+        onEdited: text => root.editor.communication.channel.text = text
     }
     LabeledField {
         objectName: "passwordField"
@@ -28,8 +28,8 @@ Panel {
         label: "Password"
         mono: true
         placeholder: "call password"
-        text: root.editor.password
-        onEdited: text => root.editor.password = text
+        text: root.editor.communication.password.text
+        onEdited: text => root.editor.communication.password.text = text
     }
     LabeledControl {
         Layout.fillWidth: true
@@ -37,9 +37,9 @@ Panel {
 
         Picker {
             objectName: "scenePicker"
-            model: root.editor.sceneOptions
-            currentIndex: root.editor.sceneIndex
-            onActivated: index => root.editor.scene = index
+            model: root.editor.communication.scene.options
+            currentIndex: root.editor.communication.scene.index
+            onActivated: index => root.editor.communication.scene.value = index
         }
     }
     LabeledControl {
@@ -48,9 +48,9 @@ Panel {
 
         Picker {
             objectName: "suppressPicker"
-            model: root.editor.suppressOptions
-            currentIndex: root.editor.suppressIndex
-            onActivated: index => root.editor.suppress = index
+            model: root.editor.communication.suppress.options
+            currentIndex: root.editor.communication.suppress.index
+            onActivated: index => root.editor.communication.suppress.value = index
         }
     }
     LabeledControl {
@@ -59,8 +59,8 @@ Panel {
 
         Toggle {
             objectName: "wire2Toggle"
-            checked: root.editor.wire2
-            onToggled: root.editor.wire2 = checked
+            checked: root.editor.communication.wire2.checked
+            onToggled: root.editor.communication.wire2.checked = checked
         }
     }
 }

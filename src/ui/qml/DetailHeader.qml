@@ -25,7 +25,7 @@ RowLayout {
         Text {
             objectName: "detailTitle"
             Layout.fillWidth: true
-            text: root.editor.title
+            text: root.editor.header.title
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: Theme.ink
@@ -49,29 +49,29 @@ RowLayout {
             Chip {
                 objectName: "onlineChip"
                 maximumWidth: parent.width
-                text: root.editor.onlineText
+                text: root.editor.header.onlineText
                 systemImage: Glyphs.dot
-                tint: root.editor.online ? Theme.online : Theme.tally
+                tint: root.editor.header.online ? Theme.online : Theme.tally
             }
             Chip {
                 objectName: "switcherChip"
                 maximumWidth: parent.width
-                text: root.editor.switcherLabel
+                text: root.editor.tally.switcherLabel
                 systemImage: Glyphs.switcher
                 tint: Theme.inkMuted
             }
             Chip {
                 objectName: "channelChip"
                 maximumWidth: parent.width
-                text: root.editor.channelChip
+                text: root.editor.header.channelChip
                 systemImage: Glyphs.channel
                 tint: Theme.cyan
             }
             Chip {
                 objectName: "firmwareChip"
                 maximumWidth: parent.width
-                visible: root.editor.firmwareChip !== ""
-                text: root.editor.firmwareChip
+                visible: root.editor.header.firmwareChip !== ""
+                text: root.editor.header.firmwareChip
                 systemImage: Glyphs.firmware
                 tint: Theme.inkMuted
             }

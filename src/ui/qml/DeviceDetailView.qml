@@ -15,8 +15,15 @@ Item {
     required property VornClient client
     required property string ip
     readonly property alias editor: deviceEditor
+    // The tab shown, as a DeviceDetailView.Tab; view state, kept here.
+    property int tab: DeviceDetailView.Tally
+    // Whether the network confirmation is open; view state, kept here.
+    property bool networkConfirmOpen: false
     // The user asked to see the unit under the address it moved to.
     signal showUnit(string ip)
+
+    // The tabs in the order the tab bar shows them.
+    enum Tab { Tally, Intercom, Network, Details }
     // Where the unit was heard and what is wrong there: {heardOn,
     // interfaceName, interfaceSubnet, wrongSubnet, addressConflict,
     // serialsSeen}. Read again on every reply and every tick of the clock,
@@ -33,8 +40,6 @@ Item {
         client: root.client
         ip: root.ip
     }
-
-    Component.onCompleted: deviceEditor.load()
 
     ColumnLayout {
         id: column
@@ -54,10 +59,10 @@ Item {
 
         SegmentBar {
             objectName: "segmentBar"
-            titles: deviceEditor.tabTitles
+            titles: deviceEditor.header.tabTitles
             glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details]
-            selection: deviceEditor.tab
-            onSelected: index => deviceEditor.tab = index
+            selection: root.tab
+            onSelected: index => root.tab = index
         }
 
         Flickable {
@@ -78,23 +83,24 @@ Item {
 
                 TallyPanel {
                     objectName: "tallyPanel"
-                    visible: deviceEditor.tab === DeviceEditor.Tally
+                    visible: root.tab === DeviceDetailView.Tally
                     editor: deviceEditor
                 }
                 CommunicationPanel {
                     objectName: "communicationPanel"
-                    visible: deviceEditor.tab === DeviceEditor.Intercom
+                    visible: root.tab === DeviceDetailView.Intercom
                     editor: deviceEditor
                 }
                 NetworkPanel {
                     objectName: "networkPanel"
-                    visible: deviceEditor.tab === DeviceEditor.Network
+                    visible: root.tab === DeviceDetailView.Network
                     editor: deviceEditor
                     unitNetwork: root.unitNetwork
+                    onApplyRequested: root.networkConfirmOpen = true
                 }
                 DetailsPanel {
                     objectName: "detailsPanel"
-                    visible: deviceEditor.tab === DeviceEditor.Details
+                    visible: root.tab === DeviceDetailView.Details
                     editor: deviceEditor
                     unitNetwork: root.unitNetwork
                 }
@@ -116,5 +122,7 @@ Item {
     NetworkConfirmDialog {
         objectName: "networkConfirm"
         editor: deviceEditor
+        visible: root.networkConfirmOpen
+        onClosed: root.networkConfirmOpen = false
     }
 }

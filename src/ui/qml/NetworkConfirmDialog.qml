@@ -18,8 +18,6 @@ Dialog {
     modal: true
     padding: 22
     topPadding: 20
-    visible: root.editor.showNetConfirm
-    onClosed: root.editor.showNetConfirm = false
 
     T.Overlay.modal: Rectangle {
         color: Theme.alpha(Theme.bg, 0.72)
@@ -47,7 +45,7 @@ Dialog {
             Layout.fillWidth: true
             Layout.topMargin: 22
             Layout.rightMargin: 22
-            text: root.editor.confirmTitle
+            text: root.editor.header.confirmTitle
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.ink
@@ -58,7 +56,7 @@ Dialog {
 
     contentItem: Text {
         objectName: "confirmMessage"
-        text: root.editor.confirmMessage
+        text: root.editor.header.confirmMessage
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
         color: Theme.inkMuted

@@ -12,6 +12,8 @@ Panel {
     required property DeviceEditor editor
     // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
     property var unitNetwork: ({})
+    // The user asked to apply: the view opens the confirmation.
+    signal applyRequested()
 
     title: "Network"
     systemImage: Glyphs.network
@@ -24,8 +26,8 @@ Panel {
         label: "IP address"
         mono: true
         placeholder: ""
-        text: root.editor.ipAddr
-        onEdited: text => root.editor.ipAddr = text
+        text: root.editor.network.ipAddr.text
+        onEdited: text => root.editor.network.ipAddr.text = text
     }
     LabeledField {
         objectName: "netmaskField"
@@ -33,8 +35,8 @@ Panel {
         label: "Subnet mask"
         mono: true
         placeholder: ""
-        text: root.editor.netmask
-        onEdited: text => root.editor.netmask = text
+        text: root.editor.network.netmask.text
+        onEdited: text => root.editor.network.netmask.text = text
     }
     LabeledField {
         objectName: "gatewayField"
@@ -42,8 +44,8 @@ Panel {
         label: "Gateway"
         mono: true
         placeholder: ""
-        text: root.editor.gateway
-        onEdited: text => root.editor.gateway = text
+        text: root.editor.network.gateway.text
+        onEdited: text => root.editor.network.gateway.text = text
     }
     RowLayout {
         Layout.fillWidth: true
@@ -60,11 +62,11 @@ Panel {
             systemImage: Glyphs.warning
             tint: Theme.tally
             enabled: root.editor.canApplyNetwork
-            onClicked: root.editor.showNetConfirm = true
+            onClicked: root.applyRequested()
         }
         Text {
             objectName: "invalidIpv4"
-            visible: root.editor.netWarning
+            visible: root.editor.network.warning
             text: "invalid IPv4"
             textFormat: Text.PlainText
             color: Theme.tally

@@ -20,8 +20,8 @@ Panel {
         label: "ATEM IP"
         mono: true
         placeholder: "192.168.8.219"
-        text: root.editor.atemIp
-        onEdited: text => root.editor.atemIp = text
+        text: root.editor.tally.atemIp.text
+        onEdited: text => root.editor.tally.atemIp.text = text
     }
     LabeledField {
         objectName: "atemPortField"
@@ -29,8 +29,8 @@ Panel {
         label: "ATEM port"
         mono: true
         placeholder: "9910"
-        text: root.editor.atemPort
-        onEdited: text => root.editor.atemPort = text
+        text: root.editor.tally.atemPort.text
+        onEdited: text => root.editor.tally.atemPort.text = text
     }
     LabeledControl {
         Layout.fillWidth: true
@@ -38,10 +38,10 @@ Panel {
 
         Picker {
             objectName: "switcherPicker"
-            model: root.editor.switcherEntries
+            model: root.editor.tally.switcherEntries
             textRole: "label"
-            currentIndex: root.editor.switcherIndex
-            onActivated: index => root.editor.switcherSelection = root.editor.switcherEntries[index].tag
+            currentIndex: root.editor.tally.switcherIndex
+            onActivated: index => root.editor.tally.switcherSelection = root.editor.tally.switcherEntries[index].tag
         }
     }
     LabeledControl {
@@ -50,9 +50,9 @@ Panel {
 
         Picker {
             objectName: "tallyBankPicker"
-            model: root.editor.tallyBankOptions
-            currentIndex: root.editor.extTallyIndex
-            onActivated: index => root.editor.extTally = index
+            model: root.editor.tally.extTally.options
+            currentIndex: root.editor.tally.extTally.index
+            onActivated: index => root.editor.tally.extTally.value = index
         }
     }
     LabeledControl {
@@ -64,17 +64,17 @@ Panel {
 
             Stepper {
                 objectName: "tallyTypeStepper"
-                title: root.editor.tallyTypeTitle
-                canDecrease: root.editor.canDecreaseTallyType
-                canIncrease: root.editor.canIncreaseTallyType
-                onStepped: delta => root.editor.stepTallyType(delta)
+                title: root.editor.tally.tallyType.title
+                canDecrease: root.editor.tally.tallyType.canDecrease
+                canIncrease: root.editor.tally.tallyType.canIncrease
+                onStepped: delta => root.editor.tally.tallyType.step(delta)
             }
             Stepper {
                 objectName: "gpioTypeStepper"
-                title: root.editor.gpioTypeTitle
-                canDecrease: root.editor.canDecreaseGpioType
-                canIncrease: root.editor.canIncreaseGpioType
-                onStepped: delta => root.editor.stepGpioType(delta)
+                title: root.editor.tally.gpioType.title
+                canDecrease: root.editor.tally.gpioType.canDecrease
+                canIncrease: root.editor.tally.gpioType.canIncrease
+                onStepped: delta => root.editor.tally.gpioType.step(delta)
             }
         }
     }

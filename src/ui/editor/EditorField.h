@@ -1,0 +1,196 @@
+// One editable field of the editor: the unit's key it writes, its value in
+// the shared EditorFields, whether it differs from the unit's live value
+// (dirty), whether it may be sent as it is (valid) and whether the user
+// changed it since the last load (touched). Every field announces `changed`
+// only when something it shows really changed.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+#include "EditorSettings.h"
+
+// What all fields of one editor read and write: the values being edited and
+// the unit's latest reported configuration.
+struct EditorStore {
+    EditorFields fields;
+    Vorn::Config live;
+};
+
+class EditorField : public QObject {
+    Q_OBJECT
+
+    Q_PROPERTY(QString key READ key CONSTANT)
+    Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
+    Q_PROPERTY(bool valid READ valid NOTIFY changed)
+    Q_PROPERTY(bool touched READ touched NOTIFY changed)
+
+public:
+    EditorField(std::string_view key, EditorStore& store, QObject* parent);
+
+    std::string_view unitKey() const { return key_; }
+    QString key() const { return QString::fromLatin1(key_.data(), static_cast<qsizetype>(key_.size())); }
+    bool dirty() const { return dirty_; }
+    bool valid() const;
+    bool touched() const { return touched_; }
+
+    // Takes the comparison's verdict for this key and announces what changed.
+    void refresh(bool dirty);
+    // After a load nothing is touched.
+    void untouch();
+
+signals:
+    void changed();
+    // The user set a value that differs from the one held.
+    void edited();
+
+protected:
+    // Everything the field shows besides dirty, valid and touched.
+    virtual QVariantList shown() const = 0;
+    // The value as it would be written; checked by the settings core's rules.
+    virtual std::string written() const = 0;
+    // The user's value for `member`: when it differs from the one held, the
+    // field counts as touched and tells the editor.
+    template <typename Value>
+    void edit(Value EditorFields::*member, Value value)
+    {
+        const bool differs = store_.fields.*member != value;
+        store_.fields.*member = std::move(value);
+        if (differs)
+            noteEdit();
+    }
+
+    EditorStore& store_;
+
+private:
+    void noteEdit();
+    QVariantList snapshot() const;
+
+    std::string_view key_;
+    bool dirty_ = false;
+    bool touched_ = false;
+    QVariantList announced_;
+};
+
+// A field typed as text: addresses, port, channel, password.
+class TextField : public EditorField {
+    Q_OBJECT
+
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
+
+public:
+    TextField(std::string_view key, std::string EditorFields::*member, EditorStore& store, QObject* parent);
+
+    QString text() const { return QString::fromStdString(store_.fields.*member_); }
+    void setText(const QString& text);
+
+protected:
+    QVariantList shown() const override { return {text()}; }
+    std::string written() const override { return store_.fields.*member_; }
+
+private:
+    std::string EditorFields::*member_;
+};
+
+// A field holding an integer.
+class NumberField : public EditorField {
+    Q_OBJECT
+
+    Q_PROPERTY(qint64 value READ value WRITE setValue NOTIFY changed)
+
+public:
+    NumberField(std::string_view key, std::int64_t EditorFields::*member, EditorStore& store, QObject* parent);
+
+    qint64 value() const { return store_.fields.*member_; }
+    void setValue(qint64 value);
+
+protected:
+    QVariantList shown() const override { return {value()}; }
+    std::string written() const override;
+
+private:
+    std::int64_t EditorFields::*member_;
+};
+
+// An integer chosen from a fixed list whose rows are the values 0, 1, ...
+class ChoiceField : public NumberField {
+    Q_OBJECT
+
+    Q_PROPERTY(QStringList options READ options CONSTANT)
+    // The picker row of the value, -1 when no row holds it.
+    Q_PROPERTY(int index READ index NOTIFY changed)
+
+public:
+    ChoiceField(std::string_view key, std::int64_t EditorFields::*member, QStringList options, EditorStore& store,
+                QObject* parent);
+
+    QStringList options() const { return options_; }
+    int index() const;
+
+protected:
+    QVariantList shown() const override { return {value(), index()}; }
+
+private:
+    QStringList options_;
+};
+
+// An integer moved one step at a time inside the type range; a reported
+// value outside the range loads as it is and steps back into it.
+class StepperField : public NumberField {
+    Q_OBJECT
+
+    // "type 3", "gpio 0": the stepper's caption.
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(bool canIncrease READ canIncrease NOTIFY changed)
+    Q_PROPERTY(bool canDecrease READ canDecrease NOTIFY changed)
+
+public:
+    // The type steppers' range.
+    static constexpr std::int64_t kMinimum = Settings::kTypeMinimum;
+    static constexpr std::int64_t kMaximum = Settings::kTypeMaximum;
+
+    StepperField(std::string_view key, std::int64_t EditorFields::*member, QString caption, EditorStore& store,
+                 QObject* parent);
+
+    QString title() const;
+    bool canIncrease() const { return stepped(value(), 1) != value(); }
+    bool canDecrease() const { return stepped(value(), -1) != value(); }
+    // One press: `delta` is +1 or -1.
+    Q_INVOKABLE void step(int delta);
+
+    // One step: the value moves by `delta` and lands inside the range (a
+    // reported 12 steps down to 9); a step away from the range, or past its
+    // end, leaves the value as it is.
+    static std::int64_t stepped(std::int64_t value, int delta);
+
+protected:
+    QVariantList shown() const override { return {value(), title(), canIncrease(), canDecrease()}; }
+
+private:
+    QString caption_;
+};
+
+// An on/off field.
+class SwitchField : public EditorField {
+    Q_OBJECT
+
+    Q_PROPERTY(bool checked READ checked WRITE setChecked NOTIFY changed)
+
+public:
+    SwitchField(std::string_view key, bool EditorFields::*member, EditorStore& store, QObject* parent);
+
+    bool checked() const { return store_.fields.*member_; }
+    void setChecked(bool checked);
+
+protected:
+    QVariantList shown() const override { return {checked()}; }
+    std::string written() const override;
+
+private:
+    bool EditorFields::*member_;
+};

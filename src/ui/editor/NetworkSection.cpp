@@ -1,0 +1,9 @@
+#include "NetworkSection.h"
+
+NetworkSection::NetworkSection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
+
+std::vector<KeyComparison> NetworkSection::coreComparison() const
+{
+    const auto all = compareNetwork(store_.fields, store_.live);
+    return {all.begin(), all.end()};
+}

@@ -1,0 +1,24 @@
+// The Network tab's fields: the unit's own address, mask and gateway, written
+// only by their own apply, and only while all three are dotted quads.
+#pragma once
+
+#include "EditorSection.h"
+
+class NetworkSection : public EditorSection {
+    Q_OBJECT
+
+    EDITOR_FIELD(TextField, ipAddr, SettingKeys::kIPAddress, &EditorFields::ipAddr)
+    EDITOR_FIELD(TextField, netmask, SettingKeys::kNetmask, &EditorFields::netmask)
+    EDITOR_FIELD(TextField, gateway, SettingKeys::kGateway, &EditorFields::gateway)
+
+    // Changed, but not all three are dotted quads: "invalid IPv4".
+    Q_PROPERTY(bool warning READ warning NOTIFY changed)
+
+public:
+    NetworkSection(EditorStore& store, QObject* parent);
+
+    bool warning() const { return dirty() && !valid(); }
+
+protected:
+    std::vector<KeyComparison> coreComparison() const override;
+};

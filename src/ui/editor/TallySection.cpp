@@ -1,0 +1,54 @@
+#include "TallySection.h"
+
+#include "EditorRules.h"
+#include "SwitcherCatalog.h"
+
+TallySection::TallySection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
+
+QVariantList TallySection::switcherEntries() const
+{
+    return EditorOptions::switcherEntries(band->value(), model->value());
+}
+
+int TallySection::switcherIndex() const
+{
+    return EditorOptions::switcherIndex(band->value(), model->value());
+}
+
+QString TallySection::switcherSelection() const
+{
+    return QString::fromStdString(EditorRules::switcherTag(band->value(), model->value()));
+}
+
+void TallySection::setSwitcherSelection(const QString& tag)
+{
+    const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
+    if (!numbers)
+        return;
+    const bool differs = band->value() != numbers->first || model->value() != numbers->second;
+    {
+        // Both numbers change before the editor hears of either.
+        const QSignalBlocker quietBand(band);
+        const QSignalBlocker quietModel(model);
+        band->setValue(numbers->first);
+        model->setValue(numbers->second);
+    }
+    if (differs)
+        emit edited();
+}
+
+QString TallySection::switcherLabel() const
+{
+    return QString::fromStdString(SwitcherCatalog::label(band->value(), model->value()));
+}
+
+std::vector<KeyComparison> TallySection::coreComparison() const
+{
+    const auto all = compareSettings(store_.fields, store_.live);
+    return {all.begin(), all.end()};
+}
+
+QVariantList TallySection::shown() const
+{
+    return {switcherEntries(), switcherIndex(), switcherSelection(), switcherLabel()};
+}
