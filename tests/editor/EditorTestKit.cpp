@@ -22,7 +22,6 @@ Vorn::Config overlaid(Vorn::Config config, const Vorn::Config& changes)
 
 std::optional<Device> FakeLink::unit(const std::string& ip) const
 {
-    ++reads;
     const auto found = std::find_if(units_.begin(), units_.end(), [&](const Device& unit) { return unit.ip == ip; });
     if (found == units_.end())
         return std::nullopt;

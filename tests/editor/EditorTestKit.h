@@ -58,8 +58,6 @@ public:
 
     // Every write, oldest first.
     std::vector<Write> writes;
-    // How often the editor read a unit.
-    mutable int reads = 0;
 
 private:
     std::vector<Device> units_;

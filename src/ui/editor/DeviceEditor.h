@@ -21,8 +21,7 @@
 #include "NetworkSection.h"
 #include "SaveVerdict.h"
 #include "TallySection.h"
-
-class VornClient;
+#include "VornClient.h"
 
 class DeviceEditor : public QObject {
     Q_OBJECT
