@@ -78,3 +78,11 @@ TEST_F(DeviceEditorHeader, TabsHaveTheirTitlesInCaseOrder)
     EXPECT_EQ(header().tabTitles(), (QStringList{QStringLiteral("Tally"), QStringLiteral("Communication"),
                                                  QStringLiteral("Network"), QStringLiteral("Details")}));
 }
+
+TEST_F(DeviceEditorHeader, ChipsShowPercentSignsOfTheUnitAsTheyAre)
+{
+    report({{"Channel", "%1%2"}, {"Version", "%1"}});
+    open();
+    EXPECT_EQ(header().channelChip(), QStringLiteral("Ch %1%2"));
+    EXPECT_EQ(header().firmwareChip(), QStringLiteral("fw %1"));
+}

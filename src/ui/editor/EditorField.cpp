@@ -92,7 +92,7 @@ StepperField::StepperField(std::string_view key, std::int64_t EditorFields::*mem
 
 QString StepperField::title() const
 {
-    return caption_ + QLatin1Char(' ') + QString::fromStdString(EditorRules::integerText(value()));
+    return caption_.arg(QString::fromStdString(EditorRules::integerText(value())));
 }
 
 void StepperField::step(int delta)

@@ -154,6 +154,7 @@ public:
     static constexpr std::int64_t kMinimum = Settings::kTypeMinimum;
     static constexpr std::int64_t kMaximum = Settings::kTypeMaximum;
 
+    // `caption` holds %1 for the value: "type %1".
     StepperField(std::string_view key, std::int64_t EditorFields::*member, QString caption, EditorStore& store,
                  QObject* parent);
 

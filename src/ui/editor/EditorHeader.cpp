@@ -9,10 +9,11 @@ QString qtext(const std::string& text)
     return QString::fromStdString(text);
 }
 
-QString chipOf(const Vorn::Config& live, std::string_view key, const QString& prefix, const QString& missing)
+// `shown` with the unit's value of `key` for %1, or `missing` when it does not report the key.
+QString chipOf(const Vorn::Config& live, std::string_view key, const QString& shown, const QString& missing)
 {
     const auto entry = live.find(key);
-    return entry != live.end() ? prefix + qtext(entry->second) : missing;
+    return entry != live.end() ? shown.arg(qtext(entry->second)) : missing;
 }
 
 }  // namespace
@@ -29,8 +30,8 @@ void EditorHeader::update(const std::optional<Device>& unit, bool online, const 
     Shown now;
     now.title = unit ? unit->title() : ip;
     now.online = unit && online;
-    now.channelChip = chipOf(live, SettingKeys::kChannel, tr("Ch "), tr("Ch \u2013"));
-    now.firmwareChip = chipOf(live, SettingKeys::kVersion, tr("fw "), QString());
+    now.channelChip = chipOf(live, SettingKeys::kChannel, tr("Ch %1"), tr("Ch \u2013"));
+    now.firmwareChip = chipOf(live, SettingKeys::kVersion, tr("fw %1"), QString());
     now.ip = ip;
     now.ipAddr = qtext(fields.ipAddr);
     now.netmask = qtext(fields.netmask);

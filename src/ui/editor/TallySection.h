@@ -15,8 +15,8 @@ class TallySection : public EditorSection {
     EDITOR_FIELD(NumberField, model, SettingKeys::kSwitcherModel, &EditorFields::model)
     EDITOR_FIELD(ChoiceField, extTally, SettingKeys::kAtemExtTally, &EditorFields::extTally,
                  EditorOptions::tallyBankOptions())
-    EDITOR_FIELD(StepperField, tallyType, SettingKeys::kTallyType, &EditorFields::tallyType, tr("type"))
-    EDITOR_FIELD(StepperField, gpioType, SettingKeys::kTallyGpioType, &EditorFields::gpioType, tr("gpio"))
+    EDITOR_FIELD(StepperField, tallyType, SettingKeys::kTallyType, &EditorFields::tallyType, tr("type %1"))
+    EDITOR_FIELD(StepperField, gpioType, SettingKeys::kTallyGpioType, &EditorFields::gpioType, tr("gpio %1"))
 
     // The switcher picker: its entries {label, tag}, the row of the values
     // being edited, and their tag "band.model", which it also sets.
