@@ -15,6 +15,9 @@ Item {
     required property VornClient client
     required property string ip
     readonly property alias editor: deviceEditor
+    // For the window's Tab order: the tabs, the fields of the shown tab,
+    // then the header's buttons.
+    readonly property var focusGroups: [segmentBar, panels, hero]
     // The user asked to see the unit under the address it moved to.
     signal showUnit(string ip)
     // Where the unit was heard and what is wrong there: {heardOn,
@@ -36,6 +39,31 @@ Item {
 
     Component.onCompleted: deviceEditor.load()
 
+    // Gives the keyboard to the editor: to the button of the shown tab.
+    function focusEditor() {
+        segmentBar.focusSelected();
+    }
+
+    // A field that takes the keyboard is scrolled into view.
+    Connections {
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            const item = root.Window.window.activeFocusItem;
+            let inPanels = false;
+            for (let at = item; at && !inPanels; at = at.parent)
+                inPanels = at === panels;
+            if (!inPanels)
+                return;
+            const top = item.mapToItem(panels, 0, 0).y - Theme.focusRingGap - Theme.focusRingWidth;
+            const bottom = top + item.height + 2 * (Theme.focusRingGap + Theme.focusRingWidth);
+            if (top < scroller.contentY)
+                scroller.contentY = Math.max(0, top);
+            else if (bottom > scroller.contentY + scroller.height)
+                scroller.contentY = Math.min(bottom - scroller.height, scroller.contentHeight - scroller.height);
+        }
+    }
+
     ColumnLayout {
         id: column
 
@@ -45,6 +73,8 @@ Item {
         spacing: 18
 
         DetailHeader {
+            id: hero
+
             objectName: "hero"
             Layout.fillWidth: true
             editor: deviceEditor
@@ -53,6 +83,8 @@ Item {
         }
 
         SegmentBar {
+            id: segmentBar
+
             objectName: "segmentBar"
             titles: deviceEditor.tabTitles
             glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details]

@@ -1,6 +1,8 @@
 // The confirmation before the unit's network settings are written: it names
 // the unit and repeats the new values. "Apply" writes them, "Cancel" does
 // nothing; either closes it, and so does Escape, which counts as Cancel.
+// Cancel is the default: it has the keyboard when the dialog opens, so
+// Return cancels too.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -20,6 +22,9 @@ Dialog {
     topPadding: 20
     visible: root.editor.showNetConfirm
     onClosed: root.editor.showNetConfirm = false
+    onOpened: cancelButton.forceActiveFocus(Qt.TabFocusReason)
+    // Shown by the header below; the title also names the dialog for screen readers.
+    title: root.editor.confirmTitle
 
     T.Overlay.modal: Rectangle {
         color: Theme.alpha(Theme.bg, 0.72)
@@ -73,7 +78,10 @@ Dialog {
             Layout.fillWidth: true
         }
         GhostButton {
+            id: cancelButton
+
             objectName: "cancelButton"
+            Accessible.defaultButton: true
             Layout.bottomMargin: 20
             text: "Cancel"
             tint: Theme.ink

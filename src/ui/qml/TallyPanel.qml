@@ -67,6 +67,9 @@ Panel {
                 title: root.editor.tallyTypeTitle
                 canDecrease: root.editor.canDecreaseTallyType
                 canIncrease: root.editor.canIncreaseTallyType
+                value: root.editor.tallyType
+                minimumValue: SettingRanges.typeMinimum
+                maximumValue: SettingRanges.typeMaximum
                 onStepped: delta => root.editor.stepTallyType(delta)
             }
             Stepper {
@@ -74,6 +77,9 @@ Panel {
                 title: root.editor.gpioTypeTitle
                 canDecrease: root.editor.canDecreaseGpioType
                 canIncrease: root.editor.canIncreaseGpioType
+                value: root.editor.gpioType
+                minimumValue: SettingRanges.typeMinimum
+                maximumValue: SettingRanges.typeMaximum
                 onStepped: delta => root.editor.stepGpioType(delta)
             }
         }

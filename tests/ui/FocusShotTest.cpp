@@ -1,0 +1,164 @@
+// The whole window offscreen driven by keys alone, shot to PNG with the
+// focus ring showing: in the list, on a field of each editor tab, and on the
+// default button of the network confirmation. Each shot is checked for the
+// ring's colour where the ring is drawn.
+#include <QQuickStyle>
+#include <QTest>
+#include <QtQml/QQmlExtensionPlugin>
+
+#include "VisualTree.h"
+#include "WindowHarness.h"
+
+Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
+
+namespace {
+
+Vorn::Config studioUnit()
+{
+    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"}, {"Gateway", "10.232.0.1"},
+            {"AtemIp", "10.232.0.20"},    {"AtemPort", "9910"},         {"SwitcherBand", "7"},
+            {"SwitcherModel", "0"},       {"Channel", "3"},             {"CallMagic", "studio-b"},
+            {"TallyType", "2"},           {"TallyGpioType", "1"},       {"AtemExtTally", "1"},
+            {"ScenarioType", "3"},        {"SilenceSuppress", "2"},     {"Wire2Enable", "1"},
+            {"Serial", "KT4-0002C9"},     {"Version", "2.4.1"}};
+}
+
+void press(Window& w, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(w.window, key, modifiers);
+}
+
+QQuickItem* focused(Window& w)
+{
+    return w.window->activeFocusItem();
+}
+
+// Presses Tab until the keyboard is on `item` or inside it.
+bool tabInto(Window& w, QQuickItem* item)
+{
+    for (int presses = 0; presses < 40; ++presses) {
+        QQuickItem* now = focused(w);
+        if (now && (now == item || item->isAncestorOf(now)))
+            return true;
+        press(w, Qt::Key_Tab);
+    }
+    return false;
+}
+
+// The focus ring drawn for the item that has the keyboard: the shown ring
+// among the item and the items around it (a list row's ring is the row's).
+QQuickItem* shownRing(QQuickItem* item)
+{
+    for (QQuickItem* at = item; at != nullptr; at = at->parentItem())
+        for (QQuickItem* child : at->childItems())
+            if (child->objectName() == QStringLiteral("focusRing") && child->isVisible())
+                return child;
+    return nullptr;
+}
+
+// Whether the shot shows the ring colour on the ring's top edge, at its middle.
+bool ringDrawn(const QImage& shot, QQuickItem* ring, qreal dpr)
+{
+    const QColor expected = ring->property("border").value<QObject*>()->property("color").value<QColor>();
+    const QPointF top = ring->mapToScene(QPointF(ring->width() / 2, 0));
+    const int x = qRound(top.x() * dpr);
+    for (int y = qFloor(top.y() * dpr) - 1; y <= qCeil(top.y() * dpr) + 3; ++y) {
+        const QColor seen = shot.pixelColor(x, y);
+        if (qAbs(seen.red() - expected.red()) < 12 && qAbs(seen.green() - expected.green()) < 12
+            && qAbs(seen.blue() - expected.blue()) < 12)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+class FocusShotTest : public QObject {
+    Q_OBJECT
+
+    // The window with two units, the studio unit selected by keys (Tab to
+    // the list, Down, Down) and the keyboard in its editor (Return).
+    bool openByKeys(Window& w)
+    {
+        w.ingest("10.232.1.10", studioUnit());
+        w.ingest("10.232.1.2", {{"Serial", "KT4-0001B7"}});
+        if (!tabInto(w, w.item("deviceList")))
+            return false;
+        press(w, Qt::Key_Down);
+        return QTest::qWaitFor([&] { return w.item("segmentBar") != nullptr; });
+    }
+
+    void checkRing(Window& w, const QString& shotName)
+    {
+        QQuickItem* ring = shownRing(focused(w));
+        QVERIFY2(ring, qPrintable(QStringLiteral("no ring for ") + focused(w)->objectName()));
+        const QImage shot = w.shoot(shotName);
+        QVERIFY2(ringDrawn(shot, ring, w.window->devicePixelRatio()), qPrintable(shotName));
+    }
+
+private slots:
+    void initTestCase() { QQuickStyle::setStyle(QStringLiteral("Basic")); }
+
+    void list()
+    {
+        Window w;
+        QVERIFY(w.load());
+        w.window->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(w.window));
+        QVERIFY(openByKeys(w));
+        QCOMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("10.232.1.10"));
+        checkRing(w, QStringLiteral("focus-list"));
+    }
+
+    void editorTabs_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QString>("target");
+        QTest::newRow("tally") << 0 << "atemIpField";
+        QTest::newRow("communication") << 1 << "scenePicker";
+        QTest::newRow("network") << 2 << "gatewayField";
+        QTest::newRow("details") << 3 << "segment3";
+    }
+
+    void editorTabs()
+    {
+        QFETCH(int, tab);
+        QFETCH(QString, target);
+        Window w;
+        QVERIFY(w.load());
+        w.window->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(w.window));
+        QVERIFY(openByKeys(w));
+        press(w, Qt::Key_Return);
+        press(w, Qt::Key(Qt::Key_1 + tab), Qt::ControlModifier);
+        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+        QCOMPARE(editor->property("tab").toInt(), tab);
+        QVERIFY(tabInto(w, w.item(qPrintable(target))));
+        checkRing(w, QStringLiteral("focus-") + QString::fromUtf8(QTest::currentDataTag()));
+    }
+
+    void networkConfirmation()
+    {
+        Window w;
+        QVERIFY(w.load());
+        w.window->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(w.window));
+        QVERIFY(openByKeys(w));
+        press(w, Qt::Key_Return);
+        press(w, Qt::Key_3, Qt::ControlModifier);
+        QVERIFY(tabInto(w, w.item("gatewayField")));
+        press(w, Qt::Key_A, Qt::ControlModifier);
+        for (const QChar character : QStringLiteral("10.232.0.254"))
+            QTest::keyClick(w.window, character.toLatin1());
+        QVERIFY(tabInto(w, w.item("applyNetworkButton")));
+        press(w, Qt::Key_Return);
+        QTRY_VERIFY(w.item("cancelButton") && w.item("cancelButton")->hasActiveFocus());
+        checkRing(w, QStringLiteral("focus-network-confirm"));
+        press(w, Qt::Key_Return);
+        QTRY_VERIFY(!w.item("cancelButton") || !w.item("cancelButton")->isVisible());
+    }
+};
+
+QTEST_MAIN(FocusShotTest)
+
+#include "FocusShotTest.moc"
