@@ -60,8 +60,10 @@ TestCase {
 
     // True when the keyboard is on `item` or inside it.
     function hasKeyboard(item) {
-        const now = focused();
-        return now !== null && (now === item || item.isAncestorOf(now));
+        for (let at = focused(); at; at = at.parent)
+            if (at === item)
+                return true;
+        return false;
     }
 
     // Presses Tab until `item` has the keyboard; fails after a full round.
