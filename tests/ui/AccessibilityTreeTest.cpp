@@ -15,17 +15,6 @@ Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
 namespace {
 
-// A unit as a studio has it: every key the editor shows.
-Vorn::Config studioUnit()
-{
-    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"}, {"Gateway", "10.232.0.1"},
-            {"AtemIp", "10.232.0.20"},    {"AtemPort", "9910"},         {"SwitcherBand", "7"},
-            {"SwitcherModel", "0"},       {"Channel", "3"},             {"CallMagic", "studio-b"},
-            {"TallyType", "2"},           {"TallyGpioType", "1"},       {"AtemExtTally", "1"},
-            {"ScenarioType", "3"},        {"SilenceSuppress", "2"},     {"Wire2Enable", "1"},
-            {"Serial", "KT4-0002C9"},     {"Version", "2.4.1"}};
-}
-
 // The roles a user acts on; each must carry a name.
 bool isInteractive(QAccessible::Role role)
 {

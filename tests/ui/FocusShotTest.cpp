@@ -6,22 +6,11 @@
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
-#include "VisualTree.h"
 #include "WindowHarness.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
 namespace {
-
-Vorn::Config studioUnit()
-{
-    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"}, {"Gateway", "10.232.0.1"},
-            {"AtemIp", "10.232.0.20"},    {"AtemPort", "9910"},         {"SwitcherBand", "7"},
-            {"SwitcherModel", "0"},       {"Channel", "3"},             {"CallMagic", "studio-b"},
-            {"TallyType", "2"},           {"TallyGpioType", "1"},       {"AtemExtTally", "1"},
-            {"ScenarioType", "3"},        {"SilenceSuppress", "2"},     {"Wire2Enable", "1"},
-            {"Serial", "KT4-0002C9"},     {"Version", "2.4.1"}};
-}
 
 void press(Window& w, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
@@ -76,10 +65,15 @@ bool ringDrawn(const QImage& shot, QQuickItem* ring, qreal dpr)
 class FocusShotTest : public QObject {
     Q_OBJECT
 
-    // The window with two units, the studio unit selected by keys (Tab to
-    // the list, Down, Down) and the keyboard in its editor (Return).
+    // The window, active, with two units and the studio unit selected by
+    // keys: Tab to the list, Down.
     bool openByKeys(Window& w)
     {
+        if (!w.load())
+            return false;
+        w.window->requestActivate();
+        if (!QTest::qWaitForWindowActive(w.window))
+            return false;
         w.ingest("10.232.1.10", studioUnit());
         w.ingest("10.232.1.2", {{"Serial", "KT4-0001B7"}});
         if (!tabInto(w, w.item("deviceList")))
@@ -102,9 +96,6 @@ private slots:
     void list()
     {
         Window w;
-        QVERIFY(w.load());
-        w.window->requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(w.window));
         QVERIFY(openByKeys(w));
         QCOMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("10.232.1.10"));
         checkRing(w, QStringLiteral("focus-list"));
@@ -125,9 +116,6 @@ private slots:
         QFETCH(int, tab);
         QFETCH(QString, target);
         Window w;
-        QVERIFY(w.load());
-        w.window->requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(w.window));
         QVERIFY(openByKeys(w));
         press(w, Qt::Key_Return);
         press(w, Qt::Key(Qt::Key_1 + tab), Qt::ControlModifier);
@@ -140,9 +128,6 @@ private slots:
     void networkConfirmation()
     {
         Window w;
-        QVERIFY(w.load());
-        w.window->requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(w.window));
         QVERIFY(openByKeys(w));
         press(w, Qt::Key_Return);
         press(w, Qt::Key_3, Qt::ControlModifier);

@@ -26,6 +26,16 @@ void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 
 }  // namespace
 
+Vorn::Config studioUnit()
+{
+    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
+            {"ManagerIp", "10.232.0.50"}, {"AtemIp", "10.232.0.20"},     {"AtemPort", "9910"},
+            {"SwitcherBand", "7"},        {"SwitcherModel", "0"},        {"Channel", "3"},
+            {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
+            {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
+            {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
+}
+
 Window::Window()
     : owner([this] {
           port = ClientTest::freeUdpPort();

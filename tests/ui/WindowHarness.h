@@ -30,6 +30,9 @@ public:
     QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
 };
 
+// A unit as a studio has it: every key the editor shows, firmware and serial.
+Vorn::Config studioUnit();
+
 // The window on a loopback client (free port, broadcast to 127.0.0.3).
 struct Window {
     Window();

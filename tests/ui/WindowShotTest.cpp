@@ -22,17 +22,6 @@ Vorn::Config unitConfig(const char* serial, const char* channel)
     return {{"Serial", serial}, {"Channel", channel}, {"AtemIp", "192.168.10.240"}, {"SwitcherBand", "1"}};
 }
 
-// A unit as a studio has it: every key the editor shows, firmware and serial.
-Vorn::Config studioUnit()
-{
-    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
-            {"ManagerIp", "10.232.0.50"}, {"AtemIp", "10.232.0.20"},     {"AtemPort", "9910"},
-            {"SwitcherBand", "7"},        {"SwitcherModel", "0"},        {"Channel", "3"},
-            {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
-            {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
-            {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
-}
-
 // Two made-up links: indexes far above any real interface's, so a send
 // through one of them fails instead of leaving the machine.
 const Vorn::InterfaceAddress kOffice{"office", 9001, Settings::Ipv4::parse("192.168.50.20")->value(), 24,
