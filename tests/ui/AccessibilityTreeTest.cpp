@@ -218,7 +218,7 @@ private slots:
         Window w;
         QVERIFY(w.load());
         QVERIFY(openStudioUnit(w));
-        w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>()->setProperty(
+        w.editor()->setProperty(
             "tab", tab);
         const QStringList found = problems(w);
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u'\n')));
@@ -261,7 +261,7 @@ private slots:
         Window w;
         QVERIFY(w.load());
         QVERIFY(openStudioUnit(w));
-        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+        QObject* editor = w.editor();
         editor->setProperty("tab", 2);
         editor->setProperty("gateway", QStringLiteral("10.232.0.254"));
         editor->setProperty("showNetConfirm", true);

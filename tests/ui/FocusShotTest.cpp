@@ -119,7 +119,7 @@ private slots:
         QVERIFY(openByKeys(w));
         press(w, Qt::Key_Return);
         press(w, Qt::Key(Qt::Key_1 + tab), Qt::ControlModifier);
-        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+        QObject* editor = w.editor();
         QCOMPARE(editor->property("tab").toInt(), tab);
         QVERIFY(tabInto(w, w.item(qPrintable(target))));
         checkRing(w, QStringLiteral("focus-") + QString::fromUtf8(QTest::currentDataTag()));

@@ -60,6 +60,13 @@ QQuickItem* Window::item(const char* name)
     return findVisualItem(window->contentItem(), QString::fromUtf8(name));
 }
 
+QObject* Window::editor()
+{
+    QQuickItem* loader = item("detailLoader");
+    QObject* view = loader ? loader->property("item").value<QObject*>() : nullptr;
+    return view ? view->property("editor").value<QObject*>() : nullptr;
+}
+
 void Window::ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival)
 {
     client()->ingest(Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)}, arrival);

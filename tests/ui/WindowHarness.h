@@ -42,6 +42,8 @@ struct Window {
     // The first item named `name` in the visual tree (views move their items
     // away from their object parents), or null.
     QQuickItem* item(const char* name);
+    // The DeviceEditor of the open editor, or null when none is open.
+    QObject* editor();
     void ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival = {});
     // Texts of every Text item that is on screen.
     QStringList visibleTexts();

@@ -44,11 +44,6 @@ Vorn::Config savedUnit(const Vorn::Config& changes = {})
     return config;
 }
 
-QObject* editorOf(Window& w)
-{
-    return w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
-}
-
 void clickOn(Window& w, const char* name)
 {
     QQuickItem* item = w.item(name);
@@ -187,7 +182,7 @@ private slots:
         w.ingest("10.232.1.10", studioUnit());
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        QObject* editor = w.item("detailLoader")->property("item").value<QObject*>()->property("editor").value<QObject*>();
+        QObject* editor = w.editor();
         editor->setProperty("atemPort", QStringLiteral("9911"));
         editor->setProperty("tab", 2);
         editor->setProperty("gateway", QStringLiteral("10.232.0.254"));
@@ -341,7 +336,7 @@ private slots:
         w.ingest(kSavedUnit, savedUnit());
         w.item("contentView")->setProperty("selection", QString::fromUtf8(kSavedUnit));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        QObject* editor = editorOf(w);
+        QObject* editor = w.editor();
         if (kind == "moved") {
             editor->setProperty("tab", 2);
             editor->setProperty("ipAddr", QStringLiteral("127.0.0.6"));
@@ -379,7 +374,7 @@ private slots:
         if (kind == "moved") {
             clickOn(w, "showMovedButton");
             QTRY_COMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("127.0.0.6"));
-            QTRY_COMPARE(editorOf(w)->property("ip").toString(), QStringLiteral("127.0.0.6"));
+            QTRY_COMPARE(w.editor()->property("ip").toString(), QStringLiteral("127.0.0.6"));
             QVERIFY(!w.item("saveVerdict")->isVisible());
         }
     }
