@@ -205,6 +205,39 @@ TestCase {
         compare(sim.writes().length, 0);
     }
 
+    function test_a_tab_switch_that_hides_the_focused_field_gives_the_keyboard_to_the_new_tab() {
+        selectTheUnitByKeys();
+        tabTo(child("atemPortField"));
+        keyClick(Qt.Key_3, Qt.ControlModifier);
+        verify(hasKeyboard(child("segment2")));
+        keyClick(Qt.Key_Tab);
+        verify(hasKeyboard(child("segment3")));
+        keyClick(Qt.Key_Tab);
+        verify(hasKeyboard(child("ipAddrField")));
+        // Where the keyboard stays visible, a switch leaves it there.
+        keyClick(Qt.Key_L, Qt.ControlModifier);
+        keyClick(Qt.Key_1, Qt.ControlModifier);
+        verify(hasKeyboard(child("addressField")));
+    }
+
+    function test_a_field_that_takes_the_keyboard_is_scrolled_into_view() {
+        view.height = 420;
+        selectTheUnitByKeys();
+        const scroller = child("panelScroller");
+        compare(scroller.contentY, 0);
+        const stepper = child("gpioTypeStepper");
+        tabTo(stepper);
+        const top = stepper.mapToItem(scroller, 0, 0).y;
+        verify(scroller.contentY > 0);
+        verify(top >= 0 && top + stepper.height <= scroller.height, "stepper at " + top);
+        // Shift+Tab back to the first field scrolls up again.
+        for (let presses = 0; presses < 10 && !hasKeyboard(child("atemIpField")); ++presses)
+            keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        verify(hasKeyboard(child("atemIpField")));
+        const fieldTop = child("atemIpField").mapToItem(scroller, 0, 0).y;
+        verify(fieldTop >= 0, "field at " + fieldTop);
+    }
+
     function test_network_confirmation_cancelled_with_return_and_with_escape() {
         const before = sim.datagrams().length;
         selectTheUnitByKeys();

@@ -70,7 +70,13 @@ Rectangle {
                     id: segmentShortcut
 
                     sequence: "Ctrl+" + (segment.index + 1)
-                    onActivated: segment.clicked()
+                    onActivated: {
+                        segment.clicked();
+                        // The switch may have hidden the field that had the keyboard: it comes here.
+                        const now = segment.Window.activeFocusItem;
+                        if (!now || !now.visible || !now.activeFocusOnTab)
+                            segment.forceActiveFocus(Qt.ShortcutFocusReason);
+                    }
                 }
 
                 FocusRing {
