@@ -1,7 +1,8 @@
 // The whole window offscreen driven by keys alone, shot to PNG with the
 // focus ring showing: in the list, on a field of each editor tab, and on the
 // default button of the network confirmation. Each shot is checked for the
-// ring's colour where the ring is drawn.
+// ring's colour where the ring is drawn. The tooltips name the shortcuts.
+#include <QQmlProperty>
 #include <QQuickStyle>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
@@ -123,6 +124,35 @@ private slots:
         QCOMPARE(editor->property("tab").toInt(), tab);
         QVERIFY(tabInto(w, w.item(qPrintable(target))));
         checkRing(w, QStringLiteral("focus-") + QString::fromUtf8(QTest::currentDataTag()));
+    }
+
+    // Each shortcut is named in its control's tooltip, in the platform's own words.
+    void tooltipsNameTheShortcuts_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("keys");
+        QTest::newRow("discover") << "discoverButton" << "Discover" << "F5";
+        QTest::newRow("address") << "addressField" << "Add by IP" << "Ctrl+L";
+        QTest::newRow("reload") << "reloadButton" << "Reload" << "Ctrl+R";
+        QTest::newRow("save") << "saveButton" << "Save changes" << "Ctrl+S";
+        QTest::newRow("tally") << "segment0" << "Tally" << "Ctrl+1";
+        QTest::newRow("details") << "segment3" << "Details" << "Ctrl+4";
+        QTest::newRow("activity") << "activityToggle" << "Show or hide the activity log" << "Ctrl+Shift+A";
+    }
+
+    void tooltipsNameTheShortcuts()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, text);
+        QFETCH(QString, keys);
+        Window w;
+        QVERIFY(openByKeys(w));
+        QQuickItem* item = w.item(qPrintable(control));
+        QVERIFY(item);
+        const QString native = QKeySequence(keys).toString(QKeySequence::NativeText);
+        QCOMPARE(QQmlProperty::read(item, QStringLiteral("ToolTip.text"), qmlContext(item)).toString(),
+                 QStringLiteral("%1 (%2)").arg(text, native));
     }
 
     void networkConfirmation()
