@@ -114,7 +114,7 @@ RowLayout {
                 text: "Reload"
                 tint: Theme.ink
                 ToolTip.visible: reloadButton.hovered
-                ToolTip.delay: 600
+                ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(reloadButton.text).arg(reloadShortcut.nativeText)
                 Accessible.description: qsTr("Discards the edits and shows what the unit last reported")
                 onClicked: root.editor.load()
@@ -127,7 +127,7 @@ RowLayout {
                 systemImage: Glyphs.save
                 tint: Theme.cyan
                 ToolTip.visible: saveButton.hovered
-                ToolTip.delay: 600
+                ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(saveButton.text).arg(saveShortcut.nativeText)
                 Accessible.description: qsTr("Sends the changed settings to the unit")
                 enabled: root.editor.canSave

@@ -61,7 +61,7 @@ Rectangle {
                 Accessible.selectable: true
                 Accessible.selected: segment.current
                 ToolTip.visible: segment.hovered
-                ToolTip.delay: 600
+                ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(segment.modelData).arg(segmentShortcut.nativeText)
                 Keys.onReturnPressed: segment.clicked()
                 Keys.onEnterPressed: segment.clicked()

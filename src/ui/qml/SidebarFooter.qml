@@ -61,7 +61,7 @@ Rectangle {
                 bottomPadding: 6
                 onAccepted: root.queryRequested()
                 ToolTip.visible: addressField.hovered
-                ToolTip.delay: 600
+                ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(addressField.placeholderText).arg(addressShortcut.nativeText)
                 Accessible.description: qsTr("Return queries this address")
 
@@ -95,7 +95,7 @@ Rectangle {
             tint: Theme.cyan
             onClicked: root.discoverRequested()
             ToolTip.visible: discoverButton.hovered
-            ToolTip.delay: 600
+            ToolTip.delay: Theme.toolTipDelay
             ToolTip.text: qsTr("%1 (%2)").arg(discoverButton.text).arg(discoverShortcut.nativeText)
             Accessible.description: qsTr("Asks every unit on the networks to answer")
 

@@ -19,6 +19,8 @@ QtObject {
     readonly property color focusRing: cyan
     readonly property real focusRingWidth: 2
     readonly property real focusRingGap: 2
+    // How long the pointer rests on a control before its tooltip shows, in ms.
+    readonly property int toolTipDelay: 600
 
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {
