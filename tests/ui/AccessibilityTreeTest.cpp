@@ -197,6 +197,12 @@ private slots:
         QCOMPARE(rows, (QStringList{QStringLiteral("KT400 \u00b70002C9, 10.232.1.10, online"),
                                     QStringLiteral("KT400 \u00b70001B7, 10.232.1.2, online")}));
         QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("2 units known"));
+        // The selected row says so.
+        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.2"));
+        QTRY_VERIFY(w.item("segmentBar") != nullptr);
+        for (QAccessibleInterface* node : nodes)
+            if (node->role() == QAccessible::ListItem)
+                QCOMPARE(bool(node->state().selected), node->text(QAccessible::Name).contains(u"10.232.1.2,"));
     }
 
     void editorTabs_data()
@@ -248,6 +254,11 @@ private slots:
             QAccessibleInterface* stepper = nodeOf(w, "tallyTypeStepper");
             QCOMPARE(stepper->text(QAccessible::Name), QStringLiteral("type 2"));
             QCOMPARE(stepper->text(QAccessible::Description), QStringLiteral("0 to 9"));
+            QAccessibleValueInterface* value = stepper->valueInterface();
+            QVERIFY(value);
+            QCOMPARE(value->currentValue().toInt(), 2);
+            QCOMPARE(value->minimumValue().toInt(), 0);
+            QCOMPARE(value->maximumValue().toInt(), 9);
         }
         if (tab == 1) {
             QAccessibleInterface* toggle = nodeOf(w, "wire2Toggle");
