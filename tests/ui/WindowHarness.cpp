@@ -26,6 +26,16 @@ void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 
 }  // namespace
 
+Vorn::Config studioUnit()
+{
+    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
+            {"ManagerIp", "10.232.0.50"}, {"AtemIp", "10.232.0.20"},     {"AtemPort", "9910"},
+            {"SwitcherBand", "7"},        {"SwitcherModel", "0"},        {"Channel", "3"},
+            {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
+            {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
+            {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
+}
+
 Window::Window()
     : owner([this] {
           port = ClientTest::freeUdpPort();
@@ -48,6 +58,25 @@ bool Window::load()
 QQuickItem* Window::item(const char* name)
 {
     return findVisualItem(window->contentItem(), QString::fromUtf8(name));
+}
+
+QObject* Window::detailView()
+{
+    QQuickItem* loader = item("detailLoader");
+    return loader ? loader->property("item").value<QObject*>() : nullptr;
+}
+
+QObject* Window::editor()
+{
+    QObject* view = detailView();
+    return view ? view->property("editor").value<QObject*>() : nullptr;
+}
+
+QObject* Window::field(const char* section, const char* name)
+{
+    QObject* open = editor();
+    QObject* part = open ? open->property(section).value<QObject*>() : nullptr;
+    return part ? part->property(name).value<QObject*>() : nullptr;
 }
 
 void Window::ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival)

@@ -30,6 +30,9 @@ public:
     QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
 };
 
+// A unit as a studio has it: every key the editor shows, firmware and serial.
+Vorn::Config studioUnit();
+
 // The window on a loopback client (free port, broadcast to 127.0.0.3).
 struct Window {
     Window();
@@ -39,6 +42,12 @@ struct Window {
     // The first item named `name` in the visual tree (views move their items
     // away from their object parents), or null.
     QQuickItem* item(const char* name);
+    // The open editor's view (its tab, its confirmation), or null.
+    QObject* detailView();
+    // The DeviceEditor of the open editor, or null when none is open.
+    QObject* editor();
+    // A field of one of the open editor's sections, e.g. ("tally", "atemPort").
+    QObject* field(const char* section, const char* name);
     void ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival = {});
     // Texts of every Text item that is on screen.
     QStringList visibleTexts();

@@ -22,17 +22,6 @@ Vorn::Config unitConfig(const char* serial, const char* channel)
     return {{"Serial", serial}, {"Channel", channel}, {"AtemIp", "192.168.10.240"}, {"SwitcherBand", "1"}};
 }
 
-// A unit as a studio has it: every key the editor shows, firmware and serial.
-Vorn::Config studioUnit()
-{
-    return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
-            {"ManagerIp", "10.232.0.50"}, {"AtemIp", "10.232.0.20"},     {"AtemPort", "9910"},
-            {"SwitcherBand", "7"},        {"SwitcherModel", "0"},        {"Channel", "3"},
-            {"CallMagic", "studio-b"},    {"TallyType", "2"},            {"TallyGpioType", "1"},
-            {"AtemExtTally", "1"},        {"ScenarioType", "3"},         {"SilenceSuppress", "2"},
-            {"Wire2Enable", "1"},         {"Serial", "KT4-0002C9"},      {"Version", "2.4.1"}};
-}
-
 // Two made-up links: indexes far above any real interface's, so a send
 // through one of them fails instead of leaving the machine.
 const Vorn::InterfaceAddress kOffice{"office", 9001, Settings::Ipv4::parse("192.168.50.20")->value(), 24,
@@ -53,22 +42,6 @@ Vorn::Config savedUnit(const Vorn::Config& changes = {})
     for (const auto& [key, value] : changes)
         config.insert_or_assign(key, value);
     return config;
-}
-
-QObject* viewOf(Window& w)
-{
-    return w.item("detailLoader")->property("item").value<QObject*>();
-}
-
-QObject* editorOf(Window& w)
-{
-    return viewOf(w)->property("editor").value<QObject*>();
-}
-
-// A field of one of the editor's sections, e.g. ("tally", "atemPort").
-QObject* fieldOf(Window& w, const char* section, const char* name)
-{
-    return editorOf(w)->property(section).value<QObject*>()->property(name).value<QObject*>();
 }
 
 void clickOn(Window& w, const char* name)
@@ -209,10 +182,10 @@ private slots:
         w.ingest("10.232.1.10", studioUnit());
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        fieldOf(w, "tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
-        viewOf(w)->setProperty("tab", 2);
-        fieldOf(w, "network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
-        viewOf(w)->setProperty("networkConfirmOpen", true);
+        w.field("tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
+        w.detailView()->setProperty("tab", 2);
+        w.field("network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
+        w.detailView()->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Apply network settings to 10.232.1.10?")));
         w.shoot(QStringLiteral("editor-network-confirm"));
 
@@ -362,15 +335,15 @@ private slots:
         w.ingest(kSavedUnit, savedUnit());
         w.item("contentView")->setProperty("selection", QString::fromUtf8(kSavedUnit));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        QObject* editor = editorOf(w);
+        QObject* editor = w.editor();
         if (kind == "moved") {
-            viewOf(w)->setProperty("tab", 2);
-            fieldOf(w, "network", "ipAddr")->setProperty("text", QStringLiteral("127.0.0.6"));
+            w.detailView()->setProperty("tab", 2);
+            w.field("network", "ipAddr")->setProperty("text", QStringLiteral("127.0.0.6"));
             QMetaObject::invokeMethod(editor, "applyNetwork");
         } else {
-            viewOf(w)->setProperty("tab", 1);
-            fieldOf(w, "communication", "channel")->setProperty("text", QStringLiteral("5"));
-            fieldOf(w, "tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
+            w.detailView()->setProperty("tab", 1);
+            w.field("communication", "channel")->setProperty("text", QStringLiteral("5"));
+            w.field("tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
             QMetaObject::invokeMethod(editor, "save");
         }
         QVERIFY(!w.item("saveVerdict")->isVisible());
@@ -391,7 +364,7 @@ private slots:
         QCOMPARE(w.item("showMovedButton")->isVisible(), kind == "moved");
 
         if (kind == "not-confirmed") {
-            viewOf(w)->setProperty("tab", 3);
+            w.detailView()->setProperty("tab", 3);
             QTRY_VERIFY(w.item("lastSave")->isVisible());
             w.shoot(QStringLiteral("verdict-not-confirmed-details"));
             QVERIFY(w.visibleTexts().contains(QStringLiteral("AtemPort: wrote 9911, unit reports 9910\n"
@@ -400,7 +373,7 @@ private slots:
         if (kind == "moved") {
             clickOn(w, "showMovedButton");
             QTRY_COMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("127.0.0.6"));
-            QTRY_COMPARE(editorOf(w)->property("ip").toString(), QStringLiteral("127.0.0.6"));
+            QTRY_COMPARE(w.editor()->property("ip").toString(), QStringLiteral("127.0.0.6"));
             QVERIFY(!w.item("saveVerdict")->isVisible());
         }
     }

@@ -148,6 +148,9 @@ class StepperField : public NumberField {
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(bool canIncrease READ canIncrease NOTIFY changed)
     Q_PROPERTY(bool canDecrease READ canDecrease NOTIFY changed)
+    // The range, for the views that describe it (a screen reader reads it).
+    Q_PROPERTY(qint64 minimum READ minimum CONSTANT)
+    Q_PROPERTY(qint64 maximum READ maximum CONSTANT)
 
 public:
     // The type steppers' range.
@@ -159,6 +162,8 @@ public:
                  QObject* parent);
 
     QString title() const;
+    static qint64 minimum() { return kMinimum; }
+    static qint64 maximum() { return kMaximum; }
     bool canIncrease() const { return stepped(value(), 1) != value(); }
     bool canDecrease() const { return stepped(value(), -1) != value(); }
     // One press: `delta` is +1 or -1.

@@ -17,6 +17,9 @@ Button {
     font.weight: Font.DemiBold
     opacity: root.down ? 0.82 : 1
     scale: root.down ? 0.98 : 1
+    // Return and Enter press the focused button, as Space does.
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
 
     Behavior on opacity {
         NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }
@@ -53,6 +56,11 @@ Button {
                 color: root.enabled ? Theme.bg : Theme.inkMuted
             }
         }
+    }
+
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: 9
     }
 
     background: Rectangle {

@@ -22,10 +22,21 @@ Button {
     opacity: root.down ? 0.8 : 1
     ToolTip.visible: root.hovered
     ToolTip.delay: 600
-    ToolTip.text: qsTr("Show or hide the activity log (%1)").arg(root.shortcutText)
+    ToolTip.text: qsTr("Show or hide the activity log (%1)").arg(activityShortcut.nativeText)
+    Accessible.description: root.ToolTip.text
     onClicked: root.toggleRequested()
+    // Return and Enter press the focused button, as Space does.
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: root.height / 2
+    }
 
     Shortcut {
+        id: activityShortcut
+
         sequence: root.shortcutText
         onActivated: root.toggleRequested()
     }

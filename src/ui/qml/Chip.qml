@@ -17,6 +17,8 @@ Rectangle {
     implicitHeight: row.implicitHeight + 8
     radius: height / 2
     color: Theme.alpha(root.tint, 0.16)
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.text
 
     Row {
         id: row
@@ -37,6 +39,7 @@ Rectangle {
         Text {
             id: label
             objectName: "chipText"
+            Accessible.ignored: true
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(label.implicitWidth, root.width - 18 - root.symbolWidth)
             text: root.text

@@ -37,6 +37,35 @@ SplitView {
         root.client.sendDiscover(root.client.broadcastAddress);
     }
 
+    // Up and Down in the list: selects the unit `step` rows away from the
+    // selected one (the first row when none is selected), at most the last.
+    function selectNeighbour(step) {
+        if (deviceList.count === 0)
+            return;
+        const current = deviceList.currentItem && deviceList.currentItem.ip === root.selection
+            ? deviceList.currentIndex : -1;
+        const next = current < 0 ? 0 : Math.max(0, Math.min(deviceList.count - 1, current + step));
+        deviceList.currentIndex = next;
+        deviceList.positionViewAtIndex(next, ListView.Contain);
+        root.selection = deviceList.currentItem.ip;
+    }
+
+    // Return in the list: the keyboard goes to the selected unit's editor.
+    function openEditor() {
+        if (detailLoader.item)
+            detailLoader.item.focusEditor();
+    }
+
+    // Tab: the list, the address row, Discover, then the editor's tabs,
+    // fields and header buttons, then the rest of the sidebar's foot and
+    // the activity pane.
+    FocusChain {
+        groups: [deviceList].concat(sidebarFooter.leadingFocusGroups)
+            .concat(detailLoader.item ? detailLoader.item.focusGroups : [])
+            .concat(sidebarFooter.trailingFocusGroups)
+            .concat([activityPane])
+    }
+
     // Diagnostics (QT_LOGGING_RULES "vornlink.sidebar.info=true"): the rows as
     // laid out, [address, title, warnings] from top to bottom, whenever their
     // number changes. Off by default, and then never run: it walks every row.
@@ -90,6 +119,13 @@ SplitView {
                 rightMargin: 6
                 spacing: 6
                 boundsBehavior: Flickable.StopAtBounds
+                activeFocusOnTab: true
+                Accessible.role: Accessible.List
+                Accessible.name: qsTr("Base stations")
+                Keys.onUpPressed: root.selectNeighbour(-1)
+                Keys.onDownPressed: root.selectNeighbour(1)
+                Keys.onReturnPressed: root.openEditor()
+                Keys.onEnterPressed: root.openEditor()
                 onCountChanged: if (Diagnostics.sidebarRows) Qt.callLater(root.reportRows)
                 model: DeviceListModel {
                     client: root.client
@@ -99,9 +135,18 @@ SplitView {
 
                     width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
                     selected: root.selection === ip
+                    onSelectedChanged: if (selected) ListView.view.currentIndex = index
+                    Component.onCompleted: if (selected) ListView.view.currentIndex = index
+                    Accessible.onPressAction: root.selection = ip
 
                     TapHandler {
                         onTapped: root.selection = parent.ip
+                    }
+
+                    FocusRing {
+                        shown: parent.selected && deviceList.activeFocus
+                        targetRadius: parent.radius
+                        spread: Theme.focusRingGap
                     }
                 }
 
@@ -119,6 +164,12 @@ SplitView {
                         }
                     }
                 }
+            }
+
+            // With no row selected the ring goes round the list itself.
+            FocusRing {
+                shown: deviceList.activeFocus && !(deviceList.currentItem && deviceList.currentItem.selected)
+                spread: -Theme.focusRingWidth
             }
 
             RowLayout {
@@ -223,6 +274,8 @@ SplitView {
         }
 
         ActivityPane {
+            id: activityPane
+
             objectName: "activityPane"
             visible: root.activityShown
             client: root.client

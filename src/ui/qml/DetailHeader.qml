@@ -1,9 +1,11 @@
 // The head of the editor: the unit's title and address, its chips (presence,
 // the switcher being edited, the channel and firmware it reports, and the
 // network warnings), and on the right Reload and Save changes above the
-// unsaved-changes mark and the verdict of the last save.
+// unsaved-changes mark and the verdict of the last save. Ctrl+R presses
+// Reload and Ctrl+S Save changes (only while saving is possible).
 import QtQuick
 import VornLink
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 
 RowLayout {
@@ -106,18 +108,44 @@ RowLayout {
             spacing: 10
 
             GhostButton {
+                id: reloadButton
+
                 objectName: "reloadButton"
                 text: "Reload"
                 tint: Theme.ink
+                ToolTip.visible: reloadButton.hovered
+                ToolTip.delay: Theme.toolTipDelay
+                ToolTip.text: qsTr("%1 (%2)").arg(reloadButton.text).arg(reloadShortcut.nativeText)
+                Accessible.description: qsTr("Discards the edits and shows what the unit last reported")
                 onClicked: root.editor.load()
             }
             AccentButton {
+                id: saveButton
+
                 objectName: "saveButton"
                 text: "Save changes"
                 systemImage: Glyphs.save
                 tint: Theme.cyan
+                ToolTip.visible: saveButton.hovered
+                ToolTip.delay: Theme.toolTipDelay
+                ToolTip.text: qsTr("%1 (%2)").arg(saveButton.text).arg(saveShortcut.nativeText)
+                Accessible.description: qsTr("Sends the changed settings to the unit")
                 enabled: root.editor.canSave
                 onClicked: root.editor.save()
+            }
+
+            Shortcut {
+                id: reloadShortcut
+
+                sequence: "Ctrl+R"
+                onActivated: reloadButton.clicked()
+            }
+            Shortcut {
+                id: saveShortcut
+
+                sequence: "Ctrl+S"
+                enabled: saveButton.enabled
+                onActivated: saveButton.clicked()
             }
         }
 

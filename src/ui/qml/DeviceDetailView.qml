@@ -19,6 +19,9 @@ Item {
     property int tab: DeviceDetailView.Tally
     // Whether the network confirmation is open; view state, kept here.
     property bool networkConfirmOpen: false
+    // For the window's Tab order: the tabs, the fields of the shown tab,
+    // then the header's buttons.
+    readonly property var focusGroups: [segmentBar, panels, hero]
     // The user asked to see the unit under the address it moved to.
     signal showUnit(string ip)
 
@@ -41,6 +44,31 @@ Item {
         ip: root.ip
     }
 
+    // Gives the keyboard to the editor: to the button of the shown tab.
+    function focusEditor() {
+        segmentBar.focusSelected();
+    }
+
+    // A field that takes the keyboard is scrolled into view.
+    Connections {
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            const item = root.Window.window.activeFocusItem;
+            let inPanels = false;
+            for (let at = item; at && !inPanels; at = at.parent)
+                inPanels = at === panels;
+            if (!inPanels)
+                return;
+            const top = item.mapToItem(panels, 0, 0).y - Theme.focusRingGap - Theme.focusRingWidth;
+            const bottom = top + item.height + 2 * (Theme.focusRingGap + Theme.focusRingWidth);
+            if (top < scroller.contentY)
+                scroller.contentY = Math.max(0, top);
+            else if (bottom > scroller.contentY + scroller.height)
+                scroller.contentY = Math.min(bottom - scroller.height, scroller.contentHeight - scroller.height);
+        }
+    }
+
     ColumnLayout {
         id: column
 
@@ -50,6 +78,8 @@ Item {
         spacing: 18
 
         DetailHeader {
+            id: hero
+
             objectName: "hero"
             Layout.fillWidth: true
             editor: deviceEditor
@@ -58,6 +88,8 @@ Item {
         }
 
         SegmentBar {
+            id: segmentBar
+
             objectName: "segmentBar"
             titles: deviceEditor.header.tabTitles
             glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details]

@@ -26,6 +26,11 @@ Rectangle {
     color: root.selected ? Theme.alpha(Theme.cyan, 0.12) : "transparent"
     border.width: 1
     border.color: root.selected ? Theme.alpha(Theme.cyan, 0.4) : "transparent"
+    Accessible.role: Accessible.ListItem
+    Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.ip).arg(root.online ? qsTr("online") : qsTr("offline"))
+    Accessible.description: root.warningText.replace(/^ \u00b7 /, "")
+    Accessible.selectable: true
+    Accessible.selected: root.selected
 
     RowLayout {
         id: row

@@ -14,6 +14,9 @@ Button {
     font.pixelSize: 13
     font.weight: Font.Medium
     opacity: root.down ? 0.8 : 1
+    // Return and Enter press the focused button, as Space does.
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
 
     Behavior on opacity {
         NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }
@@ -27,6 +30,11 @@ Button {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+    }
+
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: 9
     }
 
     background: Rectangle {

@@ -15,4 +15,6 @@ Text {
     font.pixelSize: Math.round(root.points * 1.2)
     horizontalAlignment: Text.AlignHCenter
     verticalAlignment: Text.AlignVCenter
+    // A private-use character of the icon font means nothing read aloud.
+    Accessible.ignored: true
 }

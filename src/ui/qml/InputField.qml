@@ -14,6 +14,12 @@ TextField {
     selectionColor: Theme.alpha(Theme.cyan, 0.35)
     selectedTextColor: Theme.ink
     selectByMouse: true
+    Accessible.name: root.placeholderText
+
+    FocusRing {
+        shown: root.activeFocus
+        targetRadius: 8
+    }
 
     background: Rectangle {
         radius: 8

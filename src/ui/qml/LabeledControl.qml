@@ -28,6 +28,13 @@ RowLayout {
         objectName: "controlSlot"
     }
 
+    // A screen reader names the control by the row's label.
+    Binding {
+        target: slot.children.length === 1 ? slot.children[0] : null
+        property: "Accessible.name"
+        value: root.label
+    }
+
     Item {
         Layout.fillWidth: true
     }

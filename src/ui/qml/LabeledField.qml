@@ -40,5 +40,7 @@ RowLayout {
         topPadding: 7
         bottomPadding: 7
         onTextEdited: root.edited(field.text)
+        Accessible.name: root.label
+        Accessible.description: root.placeholder
     }
 }

@@ -1,6 +1,8 @@
 // The confirmation before the unit's network settings are written: it names
 // the unit and repeats the new values. "Apply" writes them, "Cancel" does
 // nothing; either closes it, and so does Escape, which counts as Cancel.
+// Cancel is the default: it has the keyboard when the dialog opens, so
+// Return cancels too.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -18,6 +20,9 @@ Dialog {
     modal: true
     padding: 22
     topPadding: 20
+    onOpened: cancelButton.forceActiveFocus(Qt.TabFocusReason)
+    // Shown by the header below; the title also names the dialog for screen readers.
+    title: root.editor.header.confirmTitle
 
     T.Overlay.modal: Rectangle {
         color: Theme.alpha(Theme.bg, 0.72)
@@ -71,7 +76,10 @@ Dialog {
             Layout.fillWidth: true
         }
         GhostButton {
+            id: cancelButton
+
             objectName: "cancelButton"
+            Accessible.defaultButton: true
             Layout.bottomMargin: 20
             text: "Cancel"
             tint: Theme.ink

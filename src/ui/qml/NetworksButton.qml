@@ -23,6 +23,14 @@ Button {
     font.weight: Font.DemiBold
     opacity: root.down ? 0.8 : 1
     onClicked: popup.open()
+    Accessible.description: qsTr("Shows the networks discovery goes out on")
+    Keys.onReturnPressed: popup.open()
+    Keys.onEnterPressed: popup.open()
+
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: root.height / 2
+    }
 
     contentItem: Text {
         text: root.text

@@ -20,6 +20,8 @@ Rectangle {
     color: Theme.surface
     border.color: Theme.stroke
     border.width: 1
+    Accessible.role: Accessible.Grouping
+    Accessible.name: root.title
 
     ColumnLayout {
         id: column

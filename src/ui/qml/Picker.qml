@@ -24,6 +24,13 @@ ComboBox {
         return widest;
     }
 
+    Accessible.description: root.currentIndex >= 0 ? root.displayText : qsTr("no value chosen")
+
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: 8
+    }
+
     FontMetrics {
         id: metrics
 

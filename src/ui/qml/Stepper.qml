@@ -10,6 +10,10 @@ Rectangle {
     required property string title
     required property bool canDecrease
     required property bool canIncrease
+    // For screen readers: the value and the range the buttons step within.
+    required property int value
+    required property int minimumValue
+    required property int maximumValue
 
     signal stepped(int delta)
 
@@ -19,6 +23,9 @@ Rectangle {
     color: Theme.surface2
     border.width: 1
     border.color: Theme.stroke
+    Accessible.role: Accessible.SpinBox
+    Accessible.name: root.title
+    Accessible.description: qsTr("%1 to %2").arg(root.minimumValue).arg(root.maximumValue)
 
     component StepButton: AbstractButton {
         id: button
@@ -28,6 +35,17 @@ Rectangle {
         implicitWidth: 30
         implicitHeight: root.implicitHeight
         opacity: button.enabled ? (button.down ? 0.7 : 1) : 0.35
+        Accessible.description: root.title
+        // Up and Down step from either button, within what is open.
+        Keys.onUpPressed: if (root.canIncrease) root.stepped(1)
+        Keys.onDownPressed: if (root.canDecrease) root.stepped(-1)
+        Keys.onReturnPressed: button.clicked()
+        Keys.onEnterPressed: button.clicked()
+
+        FocusRing {
+            shown: button.visualFocus
+            spread: -Theme.focusRingWidth
+        }
 
         contentItem: Icon {
             glyph: button.glyph
@@ -60,6 +78,7 @@ Rectangle {
         }
         StepButton {
             objectName: "decrease"
+            Accessible.name: qsTr("Decrease")
             glyph: Glyphs.decrease
             enabled: root.canDecrease
             onClicked: root.stepped(-1)
@@ -71,6 +90,7 @@ Rectangle {
         }
         StepButton {
             objectName: "increase"
+            Accessible.name: qsTr("Increase")
             glyph: Glyphs.increase
             enabled: root.canIncrease
             onClicked: root.stepped(1)

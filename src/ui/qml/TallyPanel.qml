@@ -67,6 +67,9 @@ Panel {
                 title: root.editor.tally.tallyType.title
                 canDecrease: root.editor.tally.tallyType.canDecrease
                 canIncrease: root.editor.tally.tallyType.canIncrease
+                value: root.editor.tally.tallyType.value
+                minimumValue: root.editor.tally.tallyType.minimum
+                maximumValue: root.editor.tally.tallyType.maximum
                 onStepped: delta => root.editor.tally.tallyType.step(delta)
             }
             Stepper {
@@ -74,6 +77,9 @@ Panel {
                 title: root.editor.tally.gpioType.title
                 canDecrease: root.editor.tally.gpioType.canDecrease
                 canIncrease: root.editor.tally.gpioType.canIncrease
+                value: root.editor.tally.gpioType.value
+                minimumValue: root.editor.tally.gpioType.minimum
+                maximumValue: root.editor.tally.gpioType.maximum
                 onStepped: delta => root.editor.tally.gpioType.step(delta)
             }
         }

@@ -14,6 +14,14 @@ QtObject {
     readonly property color online: Qt.rgba(0.196, 0.843, 0.294, 1)
     readonly property color amber: Qt.rgba(1.0, 0.839, 0.039, 1)
 
+    // The ring around the control that has the keyboard: its colour, its
+    // line width and its gap to the control's edge.
+    readonly property color focusRing: cyan
+    readonly property real focusRingWidth: 2
+    readonly property real focusRingGap: 2
+    // How long the pointer rests on a control before its tooltip shows, in ms.
+    readonly property int toolTipDelay: 600
+
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {
         return Qt.rgba(colour.r, colour.g, colour.b, opacity);

@@ -11,6 +11,11 @@ Switch {
     padding: 0
     spacing: 0
 
+    FocusRing {
+        shown: root.visualFocus
+        targetRadius: root.height / 2
+    }
+
     indicator: Rectangle {
         implicitWidth: 40
         implicitHeight: 22
