@@ -70,8 +70,8 @@ int runWindowApp(int& argc, char** argv)
     }
 
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    SharedClient client;
     QQmlApplicationEngine engine;
+    SharedClient::provide(engine, SharedClient::deviceFactory());
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {

@@ -27,11 +27,11 @@ void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 }  // namespace
 
 Window::Window()
-    : owner([this] {
-          port = ClientTest::freeUdpPort();
-          return std::make_unique<VornClient>(port, "127.0.0.3");
-      })
 {
+    SharedClient::provide(engine, [this] {
+        port = ClientTest::freeUdpPort();
+        return std::make_unique<VornClient>(port, "127.0.0.3");
+    });
 }
 
 bool Window::load()
