@@ -136,7 +136,7 @@ SplitView {
                 }
                 Text {
                     Layout.fillWidth: true
-                    text: "Scanning the network\u2026"
+                    text: qsTr("Scanning the network\u2026")
                     textFormat: Text.PlainText
                     color: Theme.inkMuted
                     font.pixelSize: 12

@@ -107,13 +107,13 @@ RowLayout {
 
             GhostButton {
                 objectName: "reloadButton"
-                text: "Reload"
+                text: qsTr("Reload")
                 tint: Theme.ink
                 onClicked: root.editor.load()
             }
             AccentButton {
                 objectName: "saveButton"
-                text: "Save changes"
+                text: qsTr("Save changes")
                 systemImage: Glyphs.save
                 tint: Theme.cyan
                 enabled: root.editor.canSave
@@ -137,7 +137,7 @@ RowLayout {
             }
             Text {
                 anchors.verticalCenter: parent.verticalCenter
-                text: "unsaved changes"
+                text: qsTr("unsaved changes")
                 textFormat: Text.PlainText
                 color: Theme.amber
                 font.pixelSize: 12

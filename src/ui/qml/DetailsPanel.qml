@@ -22,7 +22,7 @@ Panel {
         return cells;
     }
 
-    title: "Device details"
+    title: qsTr("Device details")
     systemImage: Glyphs.details
     tint: Theme.cyan
 

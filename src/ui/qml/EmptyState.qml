@@ -25,7 +25,7 @@ ColumnLayout {
     Text {
         objectName: "emptyTitle"
         Layout.alignment: Qt.AlignHCenter
-        text: "Select a base station"
+        text: qsTr("Select a base station")
         textFormat: Text.PlainText
         color: Theme.ink
         font.pixelSize: 16
@@ -35,7 +35,7 @@ ColumnLayout {
     Text {
         objectName: "emptyHint"
         Layout.alignment: Qt.AlignHCenter
-        text: "Pick a unit from the list, or add one by IP."
+        text: qsTr("Pick a unit from the list, or add one by IP.")
         textFormat: Text.PlainText
         color: Theme.inkMuted
         font.pixelSize: 13

@@ -9,7 +9,7 @@ ApplicationWindow {
     height: 680
     minimumWidth: 860
     minimumHeight: 560
-    title: "VornLink"
+    title: qsTr("VornLink")
     color: Theme.bg
 
     // Whatever a control draws from the palette is dark and tinted too.

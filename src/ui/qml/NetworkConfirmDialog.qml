@@ -75,7 +75,7 @@ Dialog {
         GhostButton {
             objectName: "cancelButton"
             Layout.bottomMargin: 20
-            text: "Cancel"
+            text: qsTr("Cancel")
             tint: Theme.ink
             onClicked: root.close()
         }
@@ -83,7 +83,7 @@ Dialog {
             objectName: "applyButton"
             Layout.bottomMargin: 20
             Layout.rightMargin: 22
-            text: "Apply"
+            text: qsTr("Apply")
             tint: Theme.tally
             onClicked: {
                 root.editor.applyNetwork();

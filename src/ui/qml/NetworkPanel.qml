@@ -13,15 +13,15 @@ Panel {
     // The client's view of where the unit was heard (DeviceDetailView.unitNetwork).
     property var unitNetwork: ({})
 
-    title: "Network"
+    title: qsTr("Network")
     systemImage: Glyphs.network
     tint: Theme.amber
-    footer: "Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation."
+    footer: qsTr("Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation.")
 
     LabeledField {
         objectName: "ipAddrField"
         Layout.fillWidth: true
-        label: "IP address"
+        label: qsTr("IP address")
         mono: true
         placeholder: ""
         text: root.editor.ipAddr
@@ -30,7 +30,7 @@ Panel {
     LabeledField {
         objectName: "netmaskField"
         Layout.fillWidth: true
-        label: "Subnet mask"
+        label: qsTr("Subnet mask")
         mono: true
         placeholder: ""
         text: root.editor.netmask
@@ -39,7 +39,7 @@ Panel {
     LabeledField {
         objectName: "gatewayField"
         Layout.fillWidth: true
-        label: "Gateway"
+        label: qsTr("Gateway")
         mono: true
         placeholder: ""
         text: root.editor.gateway
@@ -56,7 +56,7 @@ Panel {
         }
         AccentButton {
             objectName: "applyNetworkButton"
-            text: "Apply network\u2026"
+            text: qsTr("Apply network\u2026")
             systemImage: Glyphs.warning
             tint: Theme.tally
             enabled: root.editor.canApplyNetwork
@@ -65,7 +65,7 @@ Panel {
         Text {
             objectName: "invalidIpv4"
             visible: root.editor.netWarning
-            text: "invalid IPv4"
+            text: qsTr("invalid IPv4")
             textFormat: Text.PlainText
             color: Theme.tally
             font.pixelSize: 11

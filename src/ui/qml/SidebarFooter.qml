@@ -45,7 +45,7 @@ Rectangle {
                 objectName: "addressField"
                 Layout.fillWidth: true
                 mono: true
-                placeholderText: "Add by IP"
+                placeholderText: qsTr("Add by IP")
                 font.pixelSize: 12
                 leftPadding: 9
                 rightPadding: 9
@@ -56,7 +56,7 @@ Rectangle {
 
             GhostButton {
                 objectName: "queryButton"
-                text: "Query"
+                text: qsTr("Query")
                 tint: Theme.inkMuted
                 onClicked: root.queryRequested()
             }
@@ -65,7 +65,7 @@ Rectangle {
         AccentButton {
             objectName: "discoverButton"
             Layout.fillWidth: true
-            text: "Discover"
+            text: qsTr("Discover")
             systemImage: Glyphs.broadcast
             tint: Theme.cyan
             onClicked: root.discoverRequested()
