@@ -15,12 +15,12 @@ RowLayout {
     // The user asked to see the unit under the address it moved to.
     signal showMoved(string ip)
 
-    spacing: 16
+    spacing: Theme.gapWide
 
     ColumnLayout {
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignTop
-        spacing: 4
+        spacing: Theme.gapTiny
 
         Text {
             objectName: "detailTitle"
@@ -29,7 +29,7 @@ RowLayout {
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: Theme.ink
-            font.pixelSize: 25
+            font.pixelSize: Theme.fontHeadline
             font.weight: Font.Bold
         }
         Text {
@@ -39,12 +39,12 @@ RowLayout {
             textFormat: Text.PlainText
             color: Theme.inkMuted
             font.family: "monospace"
-            font.pixelSize: 13
+            font.pixelSize: Theme.fontBody
         }
         Flow {
             Layout.fillWidth: true
-            Layout.topMargin: 8
-            spacing: 6
+            Layout.topMargin: Theme.gap
+            spacing: Theme.gapSmall
 
             Chip {
                 objectName: "onlineChip"
@@ -97,13 +97,13 @@ RowLayout {
     // The mark sits under the buttons, so its coming and going never moves them.
     ColumnLayout {
         Layout.alignment: Qt.AlignTop
-        Layout.topMargin: 4
-        spacing: 10
+        Layout.topMargin: Theme.gapTiny
+        spacing: Theme.gapMedium
 
         // Right-aligned, so a verdict wider than the buttons never moves them.
         RowLayout {
             Layout.alignment: Qt.AlignRight
-            spacing: 10
+            spacing: Theme.gapMedium
 
             GhostButton {
                 objectName: "reloadButton"
@@ -124,15 +124,15 @@ RowLayout {
         Row {
             objectName: "unsavedMark"
             Layout.alignment: Qt.AlignRight
-            Layout.rightMargin: 2
+            Layout.rightMargin: Theme.gapHair
             visible: root.editor.dirty
-            spacing: 6
+            spacing: Theme.gapSmall
 
             Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
-                width: 6
-                height: 6
-                radius: 3
+                width: Theme.statusDotSize
+                height: Theme.statusDotSize
+                radius: Theme.statusDotSize / 2
                 color: Theme.amber
             }
             Text {
@@ -140,7 +140,7 @@ RowLayout {
                 text: qsTr("unsaved changes")
                 textFormat: Text.PlainText
                 color: Theme.amber
-                font.pixelSize: 12
+                font.pixelSize: Theme.fontNote
                 font.weight: Font.Medium
             }
         }
@@ -155,14 +155,14 @@ RowLayout {
         Text {
             objectName: "refusalText"
             Layout.alignment: Qt.AlignRight
-            Layout.maximumWidth: 320
+            Layout.maximumWidth: Theme.verdictMaximumWidth
             visible: root.editor.refusal !== ""
             text: root.editor.refusal
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignRight
             color: Theme.tally
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
     }
 }

@@ -16,9 +16,9 @@ TextField {
     selectByMouse: true
 
     background: Rectangle {
-        radius: 8
+        radius: Theme.radiusControl
         color: Theme.surface2
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.activeFocus ? Theme.alpha(Theme.cyan, 0.55) : Theme.stroke
     }
 }

@@ -5,10 +5,10 @@ import QtQuick.Controls.Basic
 ApplicationWindow {
     id: root
 
-    width: 1040
-    height: 680
-    minimumWidth: 860
-    minimumHeight: 560
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    minimumWidth: Theme.windowMinimumWidth
+    minimumHeight: Theme.windowMinimumHeight
     title: qsTr("VornLink")
     color: Theme.bg
 

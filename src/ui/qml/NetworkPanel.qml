@@ -47,12 +47,12 @@ Panel {
     }
     RowLayout {
         Layout.fillWidth: true
-        Layout.topMargin: 4
-        spacing: 12
+        Layout.topMargin: Theme.gapTiny
+        spacing: Theme.labelGap
 
         // Lines the button up with the fields, past the label column.
         Item {
-            Layout.preferredWidth: 116
+            Layout.preferredWidth: Theme.labelColumn
         }
         AccentButton {
             objectName: "applyNetworkButton"
@@ -68,7 +68,7 @@ Panel {
             text: qsTr("invalid IPv4")
             textFormat: Text.PlainText
             color: Theme.tally
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
         Item {
             Layout.fillWidth: true
@@ -77,15 +77,15 @@ Panel {
     RowLayout {
         objectName: "wrongSubnetNote"
         Layout.fillWidth: true
-        Layout.topMargin: 4
+        Layout.topMargin: Theme.gapTiny
         visible: root.unitNetwork.wrongSubnet === true
-        spacing: 8
+        spacing: Theme.gap
 
         Icon {
             Layout.alignment: Qt.AlignTop
             glyph: Glyphs.warning
             color: Theme.amber
-            points: 11
+            points: Theme.iconNote
         }
         Text {
             objectName: "wrongSubnetText"
@@ -95,7 +95,7 @@ Panel {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.amber
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
     }
 }

@@ -13,18 +13,18 @@ Rectangle {
 
     signal selected(int index)
 
-    implicitWidth: row.implicitWidth + 8
-    implicitHeight: row.implicitHeight + 8
-    radius: 11
+    implicitWidth: row.implicitWidth + 2 * Theme.gapTiny
+    implicitHeight: row.implicitHeight + 2 * Theme.gapTiny
+    radius: Theme.radiusSegmentBar
     color: Theme.surface
-    border.width: 1
+    border.width: Theme.hairline
     border.color: Theme.stroke
 
     Row {
         id: row
 
         anchors.centerIn: parent
-        spacing: 2
+        spacing: Theme.gapHair
 
         Repeater {
             model: root.titles
@@ -37,20 +37,20 @@ Rectangle {
                 readonly property bool current: root.selection === segment.index
 
                 objectName: "segment" + segment.index
-                leftPadding: 14
-                rightPadding: 14
-                topPadding: 7
-                bottomPadding: 7
+                leftPadding: Theme.segmentPaddingHorizontal
+                rightPadding: Theme.segmentPaddingHorizontal
+                topPadding: Theme.fieldPaddingVertical
+                bottomPadding: Theme.fieldPaddingVertical
                 onClicked: root.selected(segment.index)
 
                 contentItem: Row {
-                    spacing: 7
+                    spacing: Theme.gapIcon
 
                     Icon {
                         anchors.verticalCenter: parent.verticalCenter
                         glyph: root.glyphs[segment.index]
                         color: segment.current ? Theme.cyan : Theme.inkMuted
-                        points: 13
+                        points: Theme.iconBody
                     }
                     Text {
                         objectName: "segmentTitle"
@@ -58,16 +58,16 @@ Rectangle {
                         text: segment.modelData
                         textFormat: Text.PlainText
                         color: segment.current ? Theme.ink : Theme.inkMuted
-                        font.pixelSize: 13
+                        font.pixelSize: Theme.fontBody
                         font.weight: segment.current ? Font.DemiBold : Font.Medium
                     }
                 }
 
                 background: Rectangle {
-                    radius: 8
+                    radius: Theme.radiusControl
                     color: segment.current ? Theme.alpha(Theme.cyan, 0.14)
                                            : segment.hovered ? Theme.alpha(Theme.ink, 0.05) : "transparent"
-                    border.width: segment.current || segment.visualFocus ? 1 : 0
+                    border.width: segment.current || segment.visualFocus ? Theme.hairline : 0
                     border.color: Theme.alpha(Theme.cyan, segment.visualFocus ? 0.8 : 0.35)
                 }
             }

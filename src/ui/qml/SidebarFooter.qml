@@ -19,25 +19,25 @@ Rectangle {
     signal discoverRequested()
     signal activityToggled()
 
-    implicitHeight: column.implicitHeight + 24
+    implicitHeight: column.implicitHeight + 2 * Theme.gapLarge
     color: Theme.bg
 
     ColumnLayout {
         id: column
 
         anchors.fill: parent
-        anchors.margins: 12
-        spacing: 10
+        anchors.margins: Theme.gapLarge
+        spacing: Theme.gapMedium
 
         Rectangle {
             Layout.fillWidth: true
-            Layout.preferredHeight: 1
+            Layout.preferredHeight: Theme.hairline
             color: Theme.stroke
         }
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.gap
 
             InputField {
                 id: addressField
@@ -46,11 +46,11 @@ Rectangle {
                 Layout.fillWidth: true
                 mono: true
                 placeholderText: qsTr("Add by IP")
-                font.pixelSize: 12
-                leftPadding: 9
-                rightPadding: 9
-                topPadding: 6
-                bottomPadding: 6
+                font.pixelSize: Theme.fontNote
+                leftPadding: Theme.compactPaddingHorizontal
+                rightPadding: Theme.compactPaddingHorizontal
+                topPadding: Theme.compactPaddingVertical
+                bottomPadding: Theme.compactPaddingVertical
                 onAccepted: root.queryRequested()
             }
 
@@ -73,13 +73,13 @@ Rectangle {
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 6
+            spacing: Theme.gapSmall
 
             Rectangle {
                 objectName: "statusDot"
-                Layout.preferredWidth: 6
-                Layout.preferredHeight: 6
-                radius: 3
+                Layout.preferredWidth: Theme.statusDotSize
+                Layout.preferredHeight: Theme.statusDotSize
+                radius: Theme.statusDotSize / 2
                 color: root.statusColor
             }
             Text {
@@ -89,7 +89,7 @@ Rectangle {
                 textFormat: Text.PlainText
                 elide: Text.ElideRight
                 color: Theme.inkMuted
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
             }
             NetworksButton {
                 objectName: "networksButton"
@@ -100,7 +100,7 @@ Rectangle {
                 text: String(root.client.deviceCount)
                 textFormat: Text.PlainText
                 color: Theme.inkMuted
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
                 font.weight: Font.DemiBold
             }
         }

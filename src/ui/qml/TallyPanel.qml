@@ -60,7 +60,7 @@ Panel {
         label: qsTr("Tally / GPIO")
 
         Row {
-            spacing: 8
+            spacing: Theme.gap
 
             Stepper {
                 objectName: "tallyTypeStepper"
