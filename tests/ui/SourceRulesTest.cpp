@@ -14,19 +14,19 @@ namespace {
 
 // The QML properties whose value a user reads.
 const QRegularExpression kTextBinding(QStringLiteral(
-    R"(^\s*(text|title|placeholderText|placeholder|label|footer|ToolTip\.text|Accessible\.name|Accessible\.description)\s*:)"));
+    "^\\s*(text|title|placeholderText|placeholder|label|footer|ToolTip\\.text|Accessible\\.name|Accessible\\.description)\\s*:"));
 // A line that carries on the expression of the binding above it.
-const QRegularExpression kContinuation(QStringLiteral(R"(^\s*[:?+.])"));
-const QRegularExpression kLiteral(QStringLiteral(R"("((?:[^"\\]|\\.)*)")"));
-const QRegularExpression kEscape(QStringLiteral(R"(\\(u[0-9a-fA-F]{4}|.))"));
-const QRegularExpression kLetter(QStringLiteral(R"(\p{L})"));
+const QRegularExpression kContinuation(QStringLiteral("^\\s*[:?+.]"));
+const QRegularExpression kLiteral(QStringLiteral("\"((?:[^\"\\\\]|\\\\.)*)\""));
+const QRegularExpression kEscape(QStringLiteral("\\\\(u[0-9a-fA-F]{4}|.)"));
+const QRegularExpression kLetter(QStringLiteral("\\p{L}"));
 
 // Bindings of measures (sizes, gaps, paddings, margins, radii, type and icon
 // sizes), with or without a group ("anchors.", "Layout.", "border.").
 const QRegularExpression kMeasureBinding(QStringLiteral(
-    R"(^\s*(?:\w+\.)?(pixelSize|points|radius|spacing|columnSpacing|rowSpacing|padding|\w*Padding|\w*[mM]argins?|)"
-    R"(\w*[wW]idth|\w*[hH]eight|x|y)\s*:(.*)$)"));
-const QRegularExpression kNumber(QStringLiteral(R"((?<![\w.])\d+(?:\.\d+)?(?![\w.]))"));
+    "^\\s*(?:\\w+\\.)?(pixelSize|points|radius|spacing|columnSpacing|rowSpacing|padding|\\w*Padding|\\w*[mM]argins?|"
+    "\\w*[wW]idth|\\w*[hH]eight|x|y)\\s*:(.*)$"));
+const QRegularExpression kNumber(QStringLiteral("(?<![\\w.])\\d+(?:\\.\\d+)?(?![\\w.])"));
 
 // A number in a measure's expression is fine as 0 or as a factor or divisor
 // ("2 * Theme.gap", "height / 2"); anything else is a literal measure.
@@ -101,7 +101,7 @@ QStringList untranslatedQml(const QString& source, const QString& file)
 // blank) in Qt C++: such a text is for people and belongs in tr().
 QStringList untranslatedCpp(const QString& source, const QString& file)
 {
-    static const QRegularExpression sentence(QStringLiteral(R"(QStringLiteral\("((?:[^"\\]|\\.)*)"\))"));
+    static const QRegularExpression sentence(QStringLiteral("QStringLiteral\\(\"((?:[^\"\\\\]|\\\\.)*)\"\\)"));
     QStringList found;
     const QStringList lines = source.split(QLatin1Char('\n'));
     for (qsizetype i = 0; i < lines.size(); ++i) {
