@@ -3,7 +3,8 @@
 // a bare literal, and the Qt C++ that makes texts (client, window application,
 // QML glue) builds them with tr(); literals without a letter ("\u2014", "9910")
 // are not words and pass. Every size, gap and radius of a component comes from
-// Theme: a measure binding holds no number but 0.
+// Theme (a measure binding holds no number but 0 or a factor), and so does
+// every colour (no Qt.rgba or "#hex" outside Theme).
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -176,6 +177,22 @@ private slots:
         QStringList found;
         for (const QString& path : filesIn(QStringLiteral(VORN_QML_DIR), {QStringLiteral("*.qml")}, {QStringLiteral("Theme.qml")}))
             found += literalMeasures(readAll(path), QFileInfo(path).fileName());
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(QLatin1Char('\n'))));
+    }
+
+    // Colours too: a component takes a Theme colour, or a faint one through
+    // Theme.alpha, and never mixes its own.
+    void everyQmlColourComesFromTheme()
+    {
+        static const QRegularExpression ownColour(QStringLiteral("Qt\\.(rgba|hsla|hsva|lighter|darker|tint)\\(|\"#[0-9a-fA-F]{3,8}\""));
+        QStringList found;
+        for (const QString& path : filesIn(QStringLiteral(VORN_QML_DIR), {QStringLiteral("*.qml")}, {QStringLiteral("Theme.qml")})) {
+            const QStringList lines = readAll(path).split(QLatin1Char('\n'));
+            for (qsizetype i = 0; i < lines.size(); ++i) {
+                if (ownColour.match(lines[i]).hasMatch())
+                    found.append(QStringLiteral("%1:%2: %3").arg(QFileInfo(path).fileName()).arg(i + 1).arg(lines[i].trimmed()));
+            }
+        }
         QVERIFY2(found.isEmpty(), qPrintable(found.join(QLatin1Char('\n'))));
     }
 
