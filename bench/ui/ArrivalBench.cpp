@@ -43,6 +43,7 @@ struct Window {
 
     Window()
     {
+        SharedClient::provide(engine, [] { return std::make_unique<VornClient>(BenchUnits::freeLoopbackPort(), "127.0.0.1"); });
         engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
         if (!engine.rootObjects().isEmpty())
             window = qobject_cast<QQuickWindow*>(engine.rootObjects().first());
@@ -58,7 +59,7 @@ double takeBurst(Window& view, std::vector<Vorn::Reply> burst, int expected)
 {
     QElapsedTimer clock;
     clock.start();
-    auto* client = SharedClient::instance();
+    auto* client = SharedClient::of(view.engine);
     for (auto& reply : burst)
         client->ingest(std::move(reply));
     if (!nextFrame(view.window) || view.list->property("count").toInt() != expected)
@@ -85,7 +86,6 @@ int main(int argc, char** argv)
     std::vector<double> firstTimes;
     std::vector<double> gapTimes;
     for (int repeat = 0; repeat < repeats; ++repeat) {
-        SharedClient owner([] { return std::make_unique<VornClient>(BenchUnits::freeLoopbackPort(), "127.0.0.1"); });
         Window view;
         if (!view.list || !nextFrame(view.window)) {
             std::fputs("bench_list_arrivals: the window did not come up\n", stderr);

@@ -43,8 +43,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     QGuiApplication app(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    SharedClient owner([] { return std::make_unique<VornClient>(BenchUnits::freeLoopbackPort(), "127.0.0.1"); });
     QQmlApplicationEngine engine;
+    SharedClient::provide(engine, [] { return std::make_unique<VornClient>(BenchUnits::freeLoopbackPort(), "127.0.0.1"); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().first());
     if (!window)
@@ -52,7 +52,7 @@ int main(int argc, char** argv)
     window->show();
 
     for (int i = 0; i < units; ++i)
-        SharedClient::instance()->ingest(BenchUnits::report(i));
+        SharedClient::of(engine)->ingest(BenchUnits::report(i));
     QQuickItem* list = findVisualItem(window->contentItem(), QStringLiteral("deviceList"));
     if (!list || !nextFrame(window) || list->property("count").toInt() != units) {
         std::fputs("bench_list_scroll: the list did not show the units\n", stderr);

@@ -48,8 +48,11 @@ void reportFirstFrame(QQuickWindow* window)
 int runWindowApp(int& argc, char** argv)
 {
     if (!hasDisplay()) {
-        std::fputs("vornlink: no display for the window (DISPLAY, WAYLAND_DISPLAY and QT_QPA_PLATFORM are unset);"
-                   " 'vornlink --selftest' runs without one\n",
+        std::fputs(QCoreApplication::translate("VornLink",
+                                               "vornlink: no display for the window (DISPLAY, WAYLAND_DISPLAY and"
+                                               " QT_QPA_PLATFORM are unset); 'vornlink --selftest' runs without one\n")
+                       .toUtf8()
+                       .constData(),
                    stderr);
         return 1;
     }
@@ -70,12 +73,13 @@ int runWindowApp(int& argc, char** argv)
     }
 
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    SharedClient client;
     QQmlApplicationEngine engine;
+    SharedClient::provide(engine, SharedClient::deviceFactory());
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
-        std::fputs("vornlink: the window could not be created\n", stderr);
+        std::fputs(QCoreApplication::translate("VornLink", "vornlink: the window could not be created\n").toUtf8().constData(),
+                   stderr);
         return 1;
     }
 

@@ -1,5 +1,7 @@
 #include "Device.h"
 
+#include <QCoreApplication>
+
 #include "Graphemes.h"
 #include "SettingKeys.h"
 
@@ -22,7 +24,7 @@ QString Device::title() const
         const QString serial = QString::fromStdString(serialEntry->second);
         const qsizetype tailStart = startOfLastCharacters(serial, kSerialTailLength);
         if (tailStart >= 0)
-            return QStringLiteral("KT400 \u00B7") + serial.mid(tailStart);
+            return QCoreApplication::translate("Device", "KT400 \u00B7%1").arg(serial.mid(tailStart));
     }
     return QString::fromStdString(ip);
 }

@@ -15,7 +15,7 @@ VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject
       socket_(port, std::move(broadcastAddress)),
       inbox_(std::make_shared<ReplyInbox>(kDrainLimits)),
       clock_(new PresenceClock(this)),
-      status_(QStringLiteral("starting\u2026")),
+      status_(tr("starting\u2026")),
       seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001))),
       drainTimer_(new QTimer(this))
 {
@@ -39,10 +39,10 @@ void VornClient::start()
     installPacketHandler();
     const QString port = QString::number(socket_.port());
     if (!socket_.start()) {
-        setStatus(QStringLiteral("cannot bind UDP %1 (in use?)").arg(port));
+        setStatus(tr("cannot bind UDP %1 (in use?)").arg(port));
         return;
     }
-    setStatus(QStringLiteral("listening on %1").arg(port));
+    setStatus(tr("listening on %1").arg(port));
     emit listeningChanged();
     qCInfo(lcVornClient) << "receive buffer: asked for" << Vorn::VornSocket::kRequestedKernelBuffer
                          << "bytes, the kernel reports" << socket_.kernelReceiveBuffer();
@@ -161,7 +161,7 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     noteInserted(row);
     emit deviceAdded(row);
     emit deviceCountChanged();
-    addLog(QStringLiteral("found ") + address);
+    addLog(tr("found %1").arg(address));
     noteArrival(std::nullopt, arrival);
 }
 

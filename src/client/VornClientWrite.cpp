@@ -44,7 +44,7 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
 
     // The last gate before the codec: a line break would become a line of its own.
     if (const auto refused = Settings::writeRefusal(changes, full)) {
-        addLog(QStringLiteral("write refused \u2192 %1: %2")
+        addLog(tr("write refused \u2192 %1: %2")
                    .arg(QString::fromStdString(ip), QString::fromStdString(*refused)));
         return;
     }
@@ -55,7 +55,7 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
     socket_.sendVia(datagram, ip, heardOn);
     socket_.sendVia(datagram, ip, heardOn);
 
-    addLog(QStringLiteral("write \u2192 %1: %2").arg(QString::fromStdString(ip), changesText(changes)));
+    addLog(tr("write \u2192 %1: %2").arg(QString::fromStdString(ip), changesText(changes)));
 
     QTimer::singleShot(kRequeryDelayMs, this, [this, ip] { discoverTo(ip); });
 }

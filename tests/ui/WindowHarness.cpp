@@ -37,11 +37,11 @@ Vorn::Config studioUnit()
 }
 
 Window::Window()
-    : owner([this] {
-          port = ClientTest::freeUdpPort();
-          return std::make_unique<VornClient>(port, "127.0.0.3");
-      })
 {
+    SharedClient::provide(engine, [this] {
+        port = ClientTest::freeUdpPort();
+        return std::make_unique<VornClient>(port, "127.0.0.3");
+    });
 }
 
 bool Window::load()

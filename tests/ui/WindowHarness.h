@@ -38,7 +38,7 @@ struct Window {
     Window();
 
     bool load();
-    VornClient* client() { return SharedClient::instance(); }
+    VornClient* client() { return SharedClient::of(engine); }
     // The first item named `name` in the visual tree (views move their items
     // away from their object parents), or null.
     QQuickItem* item(const char* name);
@@ -57,7 +57,6 @@ struct Window {
     QImage shoot(const QString& name);
 
     std::uint16_t port = 0;
-    SharedClient owner;
     CountingNetwork network;
     QQmlApplicationEngine engine;
     QQuickWindow* window = nullptr;

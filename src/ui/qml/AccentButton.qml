@@ -9,11 +9,11 @@ Button {
     required property color tint
     property string systemImage: ""
 
-    leftPadding: 15
-    rightPadding: 15
-    topPadding: 8
-    bottomPadding: 8
-    font.pixelSize: 13
+    leftPadding: Theme.accentButtonPadding
+    rightPadding: Theme.accentButtonPadding
+    topPadding: Theme.buttonPaddingVertical
+    bottomPadding: Theme.buttonPaddingVertical
+    font.pixelSize: Theme.fontBody
     font.weight: Font.DemiBold
     opacity: root.down ? 0.82 : 1
     scale: root.down ? 0.98 : 1
@@ -36,7 +36,7 @@ Button {
             id: label
 
             anchors.centerIn: parent
-            spacing: 7
+            spacing: Theme.gapIcon
 
             Icon {
                 visible: root.systemImage !== ""
@@ -60,14 +60,14 @@ Button {
 
     FocusRing {
         shown: root.visualFocus
-        targetRadius: 9
+        targetRadius: Theme.radiusButton
     }
 
     background: Rectangle {
         objectName: "accentFill"
-        radius: 9
+        radius: Theme.radiusButton
         color: root.enabled ? root.tint : Theme.surface2
-        border.width: root.visualFocus ? 2 : 0
+        border.width: root.visualFocus ? Theme.focusStroke : 0
         border.color: Theme.ink
     }
 }

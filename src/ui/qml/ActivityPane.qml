@@ -34,38 +34,38 @@ Rectangle {
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.leftMargin: 28
-        anchors.rightMargin: 28
-        anchors.topMargin: 10
-        anchors.bottomMargin: 12
-        spacing: 8
+        anchors.leftMargin: Theme.pageMargin
+        anchors.rightMargin: Theme.pageMargin
+        anchors.topMargin: Theme.gapMedium
+        anchors.bottomMargin: Theme.gapLarge
+        spacing: Theme.gap
 
         RowLayout {
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.gap
 
             Icon {
                 glyph: Glyphs.activity
                 color: Theme.cyan
-                points: 12
+                points: Theme.iconList
             }
             Text {
                 Layout.fillWidth: true
                 text: qsTr("Activity")
                 textFormat: Text.PlainText
                 color: Theme.ink
-                font.pixelSize: 13
+                font.pixelSize: Theme.fontBody
                 font.weight: Font.DemiBold
             }
             GhostButton {
                 objectName: "copyLogButton"
                 text: qsTr("Copy all")
                 tint: Theme.inkMuted
-                topPadding: 4
-                bottomPadding: 4
-                leftPadding: 10
-                rightPadding: 10
-                font.pixelSize: 11
+                topPadding: Theme.smallButtonPaddingVertical
+                bottomPadding: Theme.smallButtonPaddingVertical
+                leftPadding: Theme.smallButtonPaddingHorizontal
+                rightPadding: Theme.smallButtonPaddingHorizontal
+                font.pixelSize: Theme.fontSmall
                 enabled: root.text !== ""
                 onClicked: root.copyAll()
             }
@@ -74,9 +74,9 @@ Rectangle {
         Rectangle {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            radius: 10
+            radius: Theme.radiusRow
             color: Theme.surface
-            border.width: 1
+            border.width: Theme.hairline
             border.color: Theme.stroke
 
             Flickable {
@@ -84,7 +84,7 @@ Rectangle {
 
                 objectName: "logView"
                 anchors.fill: parent
-                anchors.margins: 1
+                anchors.margins: Theme.hairline
                 clip: true
                 contentWidth: width
                 contentHeight: logText.implicitHeight
@@ -97,10 +97,10 @@ Rectangle {
 
                     objectName: "logText"
                     width: logView.width
-                    leftPadding: 10
-                    rightPadding: 10
-                    topPadding: 8
-                    bottomPadding: 8
+                    leftPadding: Theme.logPaddingHorizontal
+                    rightPadding: Theme.logPaddingHorizontal
+                    topPadding: Theme.logPaddingVertical
+                    bottomPadding: Theme.logPaddingVertical
                     text: root.text
                     textFormat: TextEdit.PlainText
                     readOnly: true
@@ -110,15 +110,15 @@ Rectangle {
                     selectionColor: Theme.alpha(Theme.cyan, 0.35)
                     selectedTextColor: Theme.ink
                     font.family: "monospace"
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.fontSmall
                 }
 
                 ScrollBar.vertical: ScrollBar {
                     id: scrollBar
 
                     contentItem: Rectangle {
-                        implicitWidth: 4
-                        radius: 2
+                        implicitWidth: Theme.scrollBarWidth
+                        radius: Theme.radiusScrollBar
                         color: Theme.alpha(Theme.inkMuted, 0.35)
                         opacity: scrollBar.size < 1 ? 1 : 0
                     }
@@ -132,7 +132,7 @@ Rectangle {
                 text: qsTr("Nothing yet: units found and writes sent are listed here.")
                 textFormat: Text.PlainText
                 color: Theme.inkMuted
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
             }
         }
     }

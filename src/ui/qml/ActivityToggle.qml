@@ -13,15 +13,15 @@ Button {
     signal toggleRequested()
 
     text: qsTr("Activity")
-    leftPadding: 8
-    rightPadding: 9
-    topPadding: 3
-    bottomPadding: 3
-    font.pixelSize: 11
+    leftPadding: Theme.pillPaddingLeft
+    rightPadding: Theme.pillPaddingRight
+    topPadding: Theme.pillPaddingVertical
+    bottomPadding: Theme.pillPaddingVertical
+    font.pixelSize: Theme.fontSmall
     font.weight: Font.DemiBold
     opacity: root.down ? 0.8 : 1
     ToolTip.visible: root.hovered
-    ToolTip.delay: 600
+    ToolTip.delay: Theme.toolTipDelay
     ToolTip.text: qsTr("Show or hide the activity log (%1)").arg(activityShortcut.nativeText)
     Accessible.description: root.ToolTip.text
     onClicked: root.toggleRequested()
@@ -42,13 +42,13 @@ Button {
     }
 
     contentItem: Row {
-        spacing: 5
+        spacing: Theme.gapChip
 
         Icon {
             anchors.verticalCenter: parent.verticalCenter
             glyph: Glyphs.activity
             color: label.color
-            points: 10
+            points: Theme.iconToggle
         }
         Text {
             id: label
@@ -64,7 +64,7 @@ Button {
     background: Rectangle {
         radius: height / 2
         color: root.shown ? Theme.alpha(Theme.cyan, 0.14) : root.hovered ? Theme.surface2 : "transparent"
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
     }
 }

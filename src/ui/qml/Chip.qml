@@ -12,9 +12,9 @@ Rectangle {
 
     readonly property real symbolWidth: symbol.visible ? symbol.implicitWidth + row.spacing : 0
 
-    implicitWidth: root.symbolWidth + label.implicitWidth + 18
+    implicitWidth: root.symbolWidth + label.implicitWidth + 2 * Theme.chipPaddingHorizontal
     width: Math.min(root.implicitWidth, root.maximumWidth)
-    implicitHeight: row.implicitHeight + 8
+    implicitHeight: row.implicitHeight + 2 * Theme.chipPaddingVertical
     radius: height / 2
     color: Theme.alpha(root.tint, 0.16)
     Accessible.role: Accessible.StaticText
@@ -24,7 +24,7 @@ Rectangle {
         id: row
 
         anchors.centerIn: parent
-        spacing: 5
+        spacing: Theme.gapChip
 
         Icon {
             id: symbol
@@ -33,7 +33,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             glyph: root.systemImage
             color: root.tint
-            points: 9
+            points: Theme.iconChip
             font.weight: Font.Bold
         }
         Text {
@@ -41,12 +41,12 @@ Rectangle {
             objectName: "chipText"
             Accessible.ignored: true
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(label.implicitWidth, root.width - 18 - root.symbolWidth)
+            width: Math.min(label.implicitWidth, root.width - 2 * Theme.chipPaddingHorizontal - root.symbolWidth)
             text: root.text
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: root.tint
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
             font.weight: Font.DemiBold
         }
     }

@@ -9,14 +9,14 @@ Panel {
 
     required property DeviceEditor editor
 
-    title: "Communication"
+    title: qsTr("Communication")
     systemImage: Glyphs.intercom
     tint: Theme.cyan
 
     LabeledField {
         objectName: "channelField"
         Layout.fillWidth: true
-        label: "Channel"
+        label: qsTr("Channel")
         mono: true
         placeholder: "1\u2013150"
         text: root.editor.communication.channel.text
@@ -25,15 +25,15 @@ Panel {
     LabeledField {
         objectName: "passwordField"
         Layout.fillWidth: true
-        label: "Password"
+        label: qsTr("Password")
         mono: true
-        placeholder: "call password"
+        placeholder: qsTr("call password")
         text: root.editor.communication.password.text
         onEdited: text => root.editor.communication.password.text = text
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Scene Level"
+        label: qsTr("Scene Level")
 
         Picker {
             objectName: "scenePicker"
@@ -44,7 +44,7 @@ Panel {
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Suppression Level"
+        label: qsTr("Suppression Level")
 
         Picker {
             objectName: "suppressPicker"
@@ -55,7 +55,7 @@ Panel {
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Wire2"
+        label: qsTr("Wire2")
 
         Toggle {
             objectName: "wire2Toggle"

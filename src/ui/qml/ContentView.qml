@@ -90,7 +90,7 @@ SplitView {
     orientation: Qt.Horizontal
 
     handle: Rectangle {
-        implicitWidth: 1
+        implicitWidth: Theme.hairline
         color: Theme.stroke
     }
 
@@ -98,8 +98,8 @@ SplitView {
         id: sidebar
 
         objectName: "sidebar"
-        SplitView.minimumWidth: 232
-        SplitView.preferredWidth: 258
+        SplitView.minimumWidth: Theme.sidebarMinimumWidth
+        SplitView.preferredWidth: Theme.sidebarWidth
         spacing: 0
 
         Rectangle {
@@ -113,11 +113,11 @@ SplitView {
                 objectName: "deviceList"
                 anchors.fill: parent
                 clip: true
-                topMargin: 9
-                bottomMargin: 3
-                leftMargin: 6
-                rightMargin: 6
-                spacing: 6
+                topMargin: Theme.listPaddingTop
+                bottomMargin: Theme.listPaddingBottom
+                leftMargin: Theme.gapSmall
+                rightMargin: Theme.gapSmall
+                spacing: Theme.gapSmall
                 boundsBehavior: Flickable.StopAtBounds
                 activeFocusOnTab: true
                 Accessible.role: Accessible.List
@@ -154,8 +154,8 @@ SplitView {
                     id: scrollBar
 
                     contentItem: Rectangle {
-                        implicitWidth: 4
-                        radius: 2
+                        implicitWidth: Theme.scrollBarWidth
+                        radius: Theme.radiusScrollBar
                         color: Theme.alpha(Theme.inkMuted, 0.35)
                         opacity: scrollBar.size < 1 && (scrollBar.active || scrollBar.hovered) ? 1 : 0
 
@@ -178,19 +178,19 @@ SplitView {
                 anchors.left: parent.left
                 anchors.right: parent.right
                 anchors.top: parent.top
-                anchors.leftMargin: 16
-                anchors.topMargin: 12 + 6
-                spacing: 8
+                anchors.leftMargin: Theme.gapWide
+                anchors.topMargin: Theme.gapLarge + Theme.gapSmall
+                spacing: Theme.gap
 
                 Spinner {
                     running: parent.visible
                 }
                 Text {
                     Layout.fillWidth: true
-                    text: "Scanning the network\u2026"
+                    text: qsTr("Scanning the network\u2026")
                     textFormat: Text.PlainText
                     color: Theme.inkMuted
-                    font.pixelSize: 12
+                    font.pixelSize: Theme.fontNote
                 }
             }
         }
@@ -216,13 +216,13 @@ SplitView {
 
         // A hairline with room around it to take hold of.
         handle: Item {
-            implicitHeight: 7
+            implicitHeight: Theme.splitHandleHeight
 
             Rectangle {
                 anchors.left: parent.left
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
-                height: 1
+                height: Theme.hairline
                 color: Theme.stroke
             }
         }
@@ -279,8 +279,8 @@ SplitView {
             objectName: "activityPane"
             visible: root.activityShown
             client: root.client
-            SplitView.minimumHeight: 90
-            SplitView.preferredHeight: 180
+            SplitView.minimumHeight: Theme.activityPaneMinimumHeight
+            SplitView.preferredHeight: Theme.activityPaneHeight
         }
     }
 }

@@ -17,12 +17,12 @@ RowLayout {
     // The user asked to see the unit under the address it moved to.
     signal showMoved(string ip)
 
-    spacing: 16
+    spacing: Theme.gapWide
 
     ColumnLayout {
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignTop
-        spacing: 4
+        spacing: Theme.gapTiny
 
         Text {
             objectName: "detailTitle"
@@ -31,7 +31,7 @@ RowLayout {
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: Theme.ink
-            font.pixelSize: 25
+            font.pixelSize: Theme.fontHeadline
             font.weight: Font.Bold
         }
         Text {
@@ -41,12 +41,12 @@ RowLayout {
             textFormat: Text.PlainText
             color: Theme.inkMuted
             font.family: "monospace"
-            font.pixelSize: 13
+            font.pixelSize: Theme.fontBody
         }
         Flow {
             Layout.fillWidth: true
-            Layout.topMargin: 8
-            spacing: 6
+            Layout.topMargin: Theme.gap
+            spacing: Theme.gapSmall
 
             Chip {
                 objectName: "onlineChip"
@@ -99,19 +99,19 @@ RowLayout {
     // The mark sits under the buttons, so its coming and going never moves them.
     ColumnLayout {
         Layout.alignment: Qt.AlignTop
-        Layout.topMargin: 4
-        spacing: 10
+        Layout.topMargin: Theme.gapTiny
+        spacing: Theme.gapMedium
 
         // Right-aligned, so a verdict wider than the buttons never moves them.
         RowLayout {
             Layout.alignment: Qt.AlignRight
-            spacing: 10
+            spacing: Theme.gapMedium
 
             GhostButton {
                 id: reloadButton
 
                 objectName: "reloadButton"
-                text: "Reload"
+                text: qsTr("Reload")
                 tint: Theme.ink
                 ToolTip.visible: reloadButton.hovered
                 ToolTip.delay: Theme.toolTipDelay
@@ -123,7 +123,7 @@ RowLayout {
                 id: saveButton
 
                 objectName: "saveButton"
-                text: "Save changes"
+                text: qsTr("Save changes")
                 systemImage: Glyphs.save
                 tint: Theme.cyan
                 ToolTip.visible: saveButton.hovered
@@ -152,23 +152,23 @@ RowLayout {
         Row {
             objectName: "unsavedMark"
             Layout.alignment: Qt.AlignRight
-            Layout.rightMargin: 2
+            Layout.rightMargin: Theme.gapHair
             visible: root.editor.dirty
-            spacing: 6
+            spacing: Theme.gapSmall
 
             Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
-                width: 6
-                height: 6
-                radius: 3
+                width: Theme.statusDotSize
+                height: Theme.statusDotSize
+                radius: Theme.statusDotSize / 2
                 color: Theme.amber
             }
             Text {
                 anchors.verticalCenter: parent.verticalCenter
-                text: "unsaved changes"
+                text: qsTr("unsaved changes")
                 textFormat: Text.PlainText
                 color: Theme.amber
-                font.pixelSize: 12
+                font.pixelSize: Theme.fontNote
                 font.weight: Font.Medium
             }
         }
@@ -183,14 +183,14 @@ RowLayout {
         Text {
             objectName: "refusalText"
             Layout.alignment: Qt.AlignRight
-            Layout.maximumWidth: 320
+            Layout.maximumWidth: Theme.verdictMaximumWidth
             visible: root.editor.refusal !== ""
             text: root.editor.refusal
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignRight
             color: Theme.tally
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
     }
 }

@@ -22,7 +22,7 @@ Panel {
         return cells;
     }
 
-    title: "Device details"
+    title: qsTr("Device details")
     systemImage: Glyphs.details
     tint: Theme.cyan
 
@@ -30,8 +30,8 @@ Panel {
         objectName: "detailsGrid"
         Layout.fillWidth: true
         columns: 2
-        columnSpacing: 10
-        rowSpacing: 10
+        columnSpacing: Theme.gapMedium
+        rowSpacing: Theme.gapMedium
 
         Repeater {
             model: root.editor.details.concat(root.networkCells)
@@ -43,17 +43,17 @@ Panel {
 
                 objectName: "detail_" + cell.modelData.key
                 Layout.fillWidth: true
-                Layout.minimumWidth: 10
-                Layout.preferredWidth: 10
+                Layout.minimumWidth: Theme.gapMedium
+                Layout.preferredWidth: Theme.gapMedium
                 Layout.alignment: Qt.AlignLeft | Qt.AlignTop
-                spacing: 2
+                spacing: Theme.gapHair
 
                 Text {
                     objectName: "detailKey"
                     text: cell.modelData.key
                     textFormat: Text.PlainText
                     color: Theme.inkMuted
-                    font.pixelSize: 10
+                    font.pixelSize: Theme.fontCaption
                 }
                 Text {
                     objectName: "detailValue"
@@ -63,7 +63,7 @@ Panel {
                     wrapMode: Text.WrapAnywhere
                     color: Theme.ink
                     font.family: "monospace"
-                    font.pixelSize: 12
+                    font.pixelSize: Theme.fontNote
                 }
             }
         }
@@ -75,13 +75,13 @@ Panel {
         objectName: "lastSave"
         Layout.fillWidth: true
         visible: root.editor.verdict.details.length > 0
-        spacing: 2
+        spacing: Theme.gapHair
 
         Text {
             text: qsTr("Last save")
             textFormat: Text.PlainText
             color: Theme.inkMuted
-            font.pixelSize: 10
+            font.pixelSize: Theme.fontCaption
         }
         Text {
             objectName: "lastSaveLines"
@@ -91,7 +91,7 @@ Panel {
             wrapMode: Text.WrapAnywhere
             color: Theme.amber
             font.family: "monospace"
-            font.pixelSize: 12
+            font.pixelSize: Theme.fontNote
         }
     }
 }

@@ -73,9 +73,9 @@ Item {
         id: column
 
         anchors.fill: parent
-        anchors.margins: 28
+        anchors.margins: Theme.pageMargin
         anchors.bottomMargin: 0
-        spacing: 18
+        spacing: Theme.gapSection
 
         DetailHeader {
             id: hero
@@ -105,7 +105,7 @@ Item {
             Layout.fillHeight: true
             clip: true
             contentWidth: width
-            contentHeight: panels.implicitHeight + 28
+            contentHeight: panels.implicitHeight + Theme.pageMargin
             boundsBehavior: Flickable.StopAtBounds
 
             ColumnLayout {
@@ -142,8 +142,8 @@ Item {
                 id: scrollBar
 
                 contentItem: Rectangle {
-                    implicitWidth: 4
-                    radius: 2
+                    implicitWidth: Theme.scrollBarWidth
+                    radius: Theme.radiusScrollBar
                     color: Theme.alpha(Theme.inkMuted, 0.35)
                     opacity: scrollBar.size < 1 && (scrollBar.active || scrollBar.hovered) ? 1 : 0
                 }

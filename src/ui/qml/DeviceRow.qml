@@ -20,11 +20,11 @@ Rectangle {
         + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
     required property bool online
 
-    implicitWidth: row.implicitWidth + 16
-    implicitHeight: row.implicitHeight + 10
-    radius: 10
+    implicitWidth: row.implicitWidth + 2 * Theme.gap
+    implicitHeight: row.implicitHeight + 2 * Theme.rowPaddingVertical
+    radius: Theme.radiusRow
     color: root.selected ? Theme.alpha(Theme.cyan, 0.12) : "transparent"
-    border.width: 1
+    border.width: Theme.hairline
     border.color: root.selected ? Theme.alpha(Theme.cyan, 0.4) : "transparent"
     Accessible.role: Accessible.ListItem
     Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.ip).arg(root.online ? qsTr("online") : qsTr("offline"))
@@ -36,31 +36,31 @@ Rectangle {
         id: row
 
         anchors.fill: parent
-        anchors.leftMargin: 8
-        anchors.rightMargin: 8
-        anchors.topMargin: 5
-        anchors.bottomMargin: 5
-        spacing: 11
+        anchors.leftMargin: Theme.gap
+        anchors.rightMargin: Theme.gap
+        anchors.topMargin: Theme.rowPaddingVertical
+        anchors.bottomMargin: Theme.rowPaddingVertical
+        spacing: Theme.gapRow
 
         Rectangle {
             objectName: "iconTile"
-            Layout.preferredWidth: 36
-            Layout.preferredHeight: 36
-            radius: 9
+            Layout.preferredWidth: Theme.rowIconSize
+            Layout.preferredHeight: Theme.rowIconSize
+            radius: Theme.radiusButton
             color: Theme.alpha(Theme.cyan, root.selected ? 0.22 : 0.13)
 
             Icon {
                 anchors.centerIn: parent
                 glyph: Glyphs.station
                 color: Theme.cyan
-                points: 15
+                points: Theme.iconRow
                 font.weight: Font.DemiBold
             }
         }
 
         ColumnLayout {
             Layout.fillWidth: true
-            spacing: 2
+            spacing: Theme.gapHair
 
             Text {
                 objectName: "rowTitle"
@@ -69,7 +69,7 @@ Rectangle {
                 textFormat: Text.PlainText
                 elide: Text.ElideRight
                 color: Theme.ink
-                font.pixelSize: 13
+                font.pixelSize: Theme.fontBody
                 font.weight: Font.DemiBold
             }
             // The warning follows the address, or takes the next line whole
@@ -87,7 +87,7 @@ Rectangle {
                     elide: Text.ElideRight
                     color: Theme.inkMuted
                     font.family: "monospace"
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.fontSmall
                 }
                 Text {
                     objectName: "rowWarning"
@@ -97,16 +97,16 @@ Rectangle {
                     textFormat: Text.PlainText
                     elide: Text.ElideRight
                     color: Theme.amber
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.fontSmall
                 }
             }
         }
 
         Rectangle {
             objectName: "presenceDot"
-            Layout.preferredWidth: 7
-            Layout.preferredHeight: 7
-            radius: 3.5
+            Layout.preferredWidth: Theme.presenceDotSize
+            Layout.preferredHeight: Theme.presenceDotSize
+            radius: Theme.presenceDotSize / 2
             color: root.online ? Theme.online : Theme.alpha(Theme.inkMuted, 0.5)
         }
     }

@@ -5,19 +5,19 @@ import QtQuick.Layouts
 ColumnLayout {
     id: root
 
-    spacing: 14
+    spacing: Theme.gapPanel
 
     Rectangle {
         Layout.alignment: Qt.AlignHCenter
-        Layout.preferredWidth: 92
-        Layout.preferredHeight: 92
-        radius: 46
+        Layout.preferredWidth: Theme.emptyBadgeSize
+        Layout.preferredHeight: Theme.emptyBadgeSize
+        radius: Theme.emptyBadgeSize / 2
         color: Theme.alpha(Theme.cyan, 0.1)
 
         Icon {
             anchors.centerIn: parent
             glyph: Glyphs.station
-            points: 38
+            points: Theme.iconEmpty
             color: Theme.cyan
         }
     }
@@ -25,19 +25,19 @@ ColumnLayout {
     Text {
         objectName: "emptyTitle"
         Layout.alignment: Qt.AlignHCenter
-        text: "Select a base station"
+        text: qsTr("Select a base station")
         textFormat: Text.PlainText
         color: Theme.ink
-        font.pixelSize: 16
+        font.pixelSize: Theme.fontEmptyTitle
         font.weight: Font.DemiBold
     }
 
     Text {
         objectName: "emptyHint"
         Layout.alignment: Qt.AlignHCenter
-        text: "Pick a unit from the list, or add one by IP."
+        text: qsTr("Pick a unit from the list, or add one by IP.")
         textFormat: Text.PlainText
         color: Theme.inkMuted
-        font.pixelSize: 13
+        font.pixelSize: Theme.fontBody
     }
 }

@@ -7,11 +7,11 @@ Button {
 
     required property color tint
 
-    leftPadding: 13
-    rightPadding: 13
-    topPadding: 8
-    bottomPadding: 8
-    font.pixelSize: 13
+    leftPadding: Theme.ghostButtonPadding
+    rightPadding: Theme.ghostButtonPadding
+    topPadding: Theme.buttonPaddingVertical
+    bottomPadding: Theme.buttonPaddingVertical
+    font.pixelSize: Theme.fontBody
     font.weight: Font.Medium
     opacity: root.down ? 0.8 : 1
     // Return and Enter press the focused button, as Space does.
@@ -34,13 +34,13 @@ Button {
 
     FocusRing {
         shown: root.visualFocus
-        targetRadius: 9
+        targetRadius: Theme.radiusButton
     }
 
     background: Rectangle {
-        radius: 9
+        radius: Theme.radiusButton
         color: Theme.surface2
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.visualFocus ? root.tint : Theme.stroke
     }
 }

@@ -7,7 +7,7 @@ Text {
     id: root
 
     required property string glyph
-    property real points: 13
+    property real points: Theme.iconBody
 
     text: root.glyph
     textFormat: Text.PlainText

@@ -18,13 +18,13 @@ TextField {
 
     FocusRing {
         shown: root.activeFocus
-        targetRadius: 8
+        targetRadius: Theme.radiusControl
     }
 
     background: Rectangle {
-        radius: 8
+        radius: Theme.radiusControl
         color: Theme.surface2
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.activeFocus ? Theme.alpha(Theme.cyan, 0.55) : Theme.stroke
     }
 }

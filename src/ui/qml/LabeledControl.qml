@@ -9,17 +9,17 @@ RowLayout {
     required property string label
     default property alias control: slot.data
 
-    spacing: 12
+    spacing: Theme.labelGap
 
     Text {
-        Layout.preferredWidth: 116
-        Layout.maximumWidth: 116
+        Layout.preferredWidth: Theme.labelColumn
+        Layout.maximumWidth: Theme.labelColumn
         text: root.label
         textFormat: Text.PlainText
         // A label longer than the column wraps instead of being cut.
         wrapMode: Text.Wrap
         color: Theme.inkMuted
-        font.pixelSize: 13
+        font.pixelSize: Theme.fontBody
     }
 
     Row {

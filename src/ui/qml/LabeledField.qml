@@ -15,17 +15,17 @@ RowLayout {
     // The user changed the text (not a change made by a binding).
     signal edited(string text)
 
-    spacing: 12
+    spacing: Theme.labelGap
 
     Text {
-        Layout.preferredWidth: 116
-        Layout.maximumWidth: 116
+        Layout.preferredWidth: Theme.labelColumn
+        Layout.maximumWidth: Theme.labelColumn
         text: root.label
         textFormat: Text.PlainText
         // A label longer than the column wraps instead of being cut.
         wrapMode: Text.Wrap
         color: Theme.inkMuted
-        font.pixelSize: 13
+        font.pixelSize: Theme.fontBody
     }
 
     InputField {
@@ -34,11 +34,11 @@ RowLayout {
         Layout.fillWidth: true
         mono: root.mono
         placeholderText: root.placeholder
-        font.pixelSize: 13
-        leftPadding: 11
-        rightPadding: 11
-        topPadding: 7
-        bottomPadding: 7
+        font.pixelSize: Theme.fontBody
+        leftPadding: Theme.fieldPaddingHorizontal
+        rightPadding: Theme.fieldPaddingHorizontal
+        topPadding: Theme.fieldPaddingVertical
+        bottomPadding: Theme.fieldPaddingVertical
         onTextEdited: root.edited(field.text)
         Accessible.name: root.label
         Accessible.description: root.placeholder

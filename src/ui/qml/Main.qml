@@ -5,11 +5,11 @@ import QtQuick.Controls.Basic
 ApplicationWindow {
     id: root
 
-    width: 1040
-    height: 680
-    minimumWidth: 860
-    minimumHeight: 560
-    title: "VornLink"
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    minimumWidth: Theme.windowMinimumWidth
+    minimumHeight: Theme.windowMinimumHeight
+    title: qsTr("VornLink")
     color: Theme.bg
 
     // Whatever a control draws from the palette is dark and tinted too.

@@ -16,10 +16,10 @@ Dialog {
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(460, parent ? parent.width - 48 : 460)
+    width: Math.min(Theme.dialogWidth, parent ? parent.width - 2 * Theme.dialogMinimumMargin : Theme.dialogWidth)
     modal: true
-    padding: 22
-    topPadding: 20
+    padding: Theme.dialogPadding
+    topPadding: Theme.dialogTopPadding
     onOpened: cancelButton.forceActiveFocus(Qt.TabFocusReason)
     // Shown by the header below; the title also names the dialog for screen readers.
     title: root.editor.header.confirmTitle
@@ -29,32 +29,32 @@ Dialog {
     }
 
     background: Rectangle {
-        radius: 16
+        radius: Theme.radiusPanel
         color: Theme.surface
-        border.width: 1
+        border.width: Theme.hairline
         border.color: Theme.stroke
     }
 
     header: RowLayout {
-        spacing: 10
+        spacing: Theme.gapMedium
 
         Icon {
-            Layout.leftMargin: 22
-            Layout.topMargin: 22
+            Layout.leftMargin: Theme.dialogPadding
+            Layout.topMargin: Theme.dialogPadding
             glyph: Glyphs.warning
             color: Theme.tally
-            points: 16
+            points: Theme.iconDialog
         }
         Text {
             objectName: "confirmTitle"
             Layout.fillWidth: true
-            Layout.topMargin: 22
-            Layout.rightMargin: 22
+            Layout.topMargin: Theme.dialogPadding
+            Layout.rightMargin: Theme.dialogPadding
             text: root.editor.header.confirmTitle
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.ink
-            font.pixelSize: 15
+            font.pixelSize: Theme.fontDialogTitle
             font.weight: Font.DemiBold
         }
     }
@@ -65,12 +65,12 @@ Dialog {
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
         color: Theme.inkMuted
-        font.pixelSize: 13
-        lineHeight: 1.15
+        font.pixelSize: Theme.fontBody
+        lineHeight: Theme.dialogLineHeight
     }
 
     footer: RowLayout {
-        spacing: 10
+        spacing: Theme.gapMedium
 
         Item {
             Layout.fillWidth: true
@@ -80,16 +80,16 @@ Dialog {
 
             objectName: "cancelButton"
             Accessible.defaultButton: true
-            Layout.bottomMargin: 20
-            text: "Cancel"
+            Layout.bottomMargin: Theme.dialogTopPadding
+            text: qsTr("Cancel")
             tint: Theme.ink
             onClicked: root.close()
         }
         AccentButton {
             objectName: "applyButton"
-            Layout.bottomMargin: 20
-            Layout.rightMargin: 22
-            text: "Apply"
+            Layout.bottomMargin: Theme.dialogTopPadding
+            Layout.rightMargin: Theme.dialogPadding
+            text: qsTr("Apply")
             tint: Theme.tally
             onClicked: {
                 root.editor.applyNetwork();

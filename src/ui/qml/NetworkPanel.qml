@@ -15,15 +15,15 @@ Panel {
     // The user asked to apply: the view opens the confirmation.
     signal applyRequested()
 
-    title: "Network"
+    title: qsTr("Network")
     systemImage: Glyphs.network
     tint: Theme.amber
-    footer: "Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation."
+    footer: qsTr("Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation.")
 
     LabeledField {
         objectName: "ipAddrField"
         Layout.fillWidth: true
-        label: "IP address"
+        label: qsTr("IP address")
         mono: true
         placeholder: ""
         text: root.editor.network.ipAddr.text
@@ -32,7 +32,7 @@ Panel {
     LabeledField {
         objectName: "netmaskField"
         Layout.fillWidth: true
-        label: "Subnet mask"
+        label: qsTr("Subnet mask")
         mono: true
         placeholder: ""
         text: root.editor.network.netmask.text
@@ -41,7 +41,7 @@ Panel {
     LabeledField {
         objectName: "gatewayField"
         Layout.fillWidth: true
-        label: "Gateway"
+        label: qsTr("Gateway")
         mono: true
         placeholder: ""
         text: root.editor.network.gateway.text
@@ -49,16 +49,16 @@ Panel {
     }
     RowLayout {
         Layout.fillWidth: true
-        Layout.topMargin: 4
-        spacing: 12
+        Layout.topMargin: Theme.gapTiny
+        spacing: Theme.labelGap
 
         // Lines the button up with the fields, past the label column.
         Item {
-            Layout.preferredWidth: 116
+            Layout.preferredWidth: Theme.labelColumn
         }
         AccentButton {
             objectName: "applyNetworkButton"
-            text: "Apply network\u2026"
+            text: qsTr("Apply network\u2026")
             systemImage: Glyphs.warning
             tint: Theme.tally
             enabled: root.editor.canApplyNetwork
@@ -67,10 +67,10 @@ Panel {
         Text {
             objectName: "invalidIpv4"
             visible: root.editor.network.warning
-            text: "invalid IPv4"
+            text: qsTr("invalid IPv4")
             textFormat: Text.PlainText
             color: Theme.tally
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
         Item {
             Layout.fillWidth: true
@@ -79,15 +79,15 @@ Panel {
     RowLayout {
         objectName: "wrongSubnetNote"
         Layout.fillWidth: true
-        Layout.topMargin: 4
+        Layout.topMargin: Theme.gapTiny
         visible: root.unitNetwork.wrongSubnet === true
-        spacing: 8
+        spacing: Theme.gap
 
         Icon {
             Layout.alignment: Qt.AlignTop
             glyph: Glyphs.warning
             color: Theme.amber
-            points: 11
+            points: Theme.iconNote
         }
         Text {
             objectName: "wrongSubnetText"
@@ -97,7 +97,7 @@ Panel {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.amber
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
     }
 }

@@ -15,11 +15,11 @@ Button {
     text: root.count === 0 ? qsTr("No network")
         : root.count === 1 ? qsTr("1 network")
         : qsTr("%1 networks").arg(root.count)
-    leftPadding: 7
-    rightPadding: 7
-    topPadding: 2
-    bottomPadding: 2
-    font.pixelSize: 11
+    leftPadding: Theme.smallPillPaddingHorizontal
+    rightPadding: Theme.smallPillPaddingHorizontal
+    topPadding: Theme.smallPillPaddingVertical
+    bottomPadding: Theme.smallPillPaddingVertical
+    font.pixelSize: Theme.fontSmall
     font.weight: Font.DemiBold
     opacity: root.down ? 0.8 : 1
     onClicked: popup.open()
@@ -44,7 +44,7 @@ Button {
     background: Rectangle {
         radius: height / 2
         color: root.hovered || root.visualFocus ? Theme.surface2 : "transparent"
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
     }
 
@@ -53,6 +53,6 @@ Button {
 
         objectName: "networksPopup"
         networks: root.networks
-        y: -popup.height - 8
+        y: -popup.height - Theme.gap
     }
 }

@@ -11,20 +11,20 @@ Popup {
 
     required property var networks
 
-    padding: 14
-    width: 240
+    padding: Theme.popupPadding
+    width: Theme.networksPopupWidth
     // Takes the keyboard while open, so that Escape closes it.
     focus: true
 
     background: Rectangle {
-        radius: 12
+        radius: Theme.radiusPopup
         color: Theme.surface
-        border.width: 1
+        border.width: Theme.hairline
         border.color: Theme.stroke
     }
 
     contentItem: ColumnLayout {
-        spacing: 10
+        spacing: Theme.gapMedium
 
         Text {
             objectName: "networksTitle"
@@ -32,7 +32,7 @@ Popup {
             text: qsTr("Discovery goes out on")
             textFormat: Text.PlainText
             color: Theme.inkMuted
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
         }
 
         Text {
@@ -43,7 +43,7 @@ Popup {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.amber
-            font.pixelSize: 12
+            font.pixelSize: Theme.fontNote
         }
 
         Repeater {
@@ -56,17 +56,17 @@ Popup {
 
                 objectName: "network_" + entry.modelData.name + "_" + entry.modelData.address
                 Layout.fillWidth: true
-                spacing: 10
+                spacing: Theme.gapMedium
 
                 Icon {
                     Layout.alignment: Qt.AlignTop
                     glyph: Glyphs.network
                     color: Theme.cyan
-                    points: 12
+                    points: Theme.iconList
                 }
                 ColumnLayout {
                     Layout.fillWidth: true
-                    spacing: 2
+                    spacing: Theme.gapHair
 
                     Text {
                         objectName: "networkName"
@@ -75,7 +75,7 @@ Popup {
                         textFormat: Text.PlainText
                         elide: Text.ElideRight
                         color: Theme.ink
-                        font.pixelSize: 12
+                        font.pixelSize: Theme.fontNote
                         font.weight: Font.DemiBold
                     }
                     Text {
@@ -85,7 +85,7 @@ Popup {
                         textFormat: Text.PlainText
                         color: Theme.inkMuted
                         font.family: "monospace"
-                        font.pixelSize: 11
+                        font.pixelSize: Theme.fontSmall
                     }
                 }
                 Text {
@@ -94,7 +94,7 @@ Popup {
                     text: entry.modelData.units === 1 ? qsTr("1 unit") : qsTr("%1 units").arg(entry.modelData.units)
                     textFormat: Text.PlainText
                     color: Theme.inkMuted
-                    font.pixelSize: 11
+                    font.pixelSize: Theme.fontSmall
                     font.weight: Font.DemiBold
                 }
             }

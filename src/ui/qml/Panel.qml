@@ -16,10 +16,10 @@ Rectangle {
     implicitWidth: column.implicitWidth + 2 * column.anchors.margins
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins
     Layout.fillWidth: true
-    radius: 16
+    radius: Theme.radiusPanel
     color: Theme.surface
     border.color: Theme.stroke
-    border.width: 1
+    border.width: Theme.hairline
     Accessible.role: Accessible.Grouping
     Accessible.name: root.title
 
@@ -29,24 +29,24 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 18
-        spacing: 14
+        anchors.margins: Theme.panelPadding
+        spacing: Theme.gapPanel
 
         RowLayout {
             objectName: "panelHeader"
-            spacing: 9
+            spacing: Theme.gapPanelTitle
 
             Icon {
                 glyph: root.systemImage
                 color: root.tint
-                points: 13
+                points: Theme.iconBody
                 font.weight: Font.DemiBold
             }
             Text {
                 text: root.title
                 textFormat: Text.PlainText
                 color: Theme.ink
-                font.pixelSize: 14
+                font.pixelSize: Theme.fontPanelTitle
                 font.weight: Font.DemiBold
             }
         }
@@ -56,7 +56,7 @@ Rectangle {
 
             objectName: "panelContent"
             Layout.fillWidth: true
-            spacing: 12
+            spacing: Theme.gapLarge
         }
 
         Text {
@@ -67,14 +67,14 @@ Rectangle {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.inkMuted
-            font.pixelSize: 11
+            font.pixelSize: Theme.fontSmall
             lineHeightMode: Text.FixedHeight
-            lineHeight: footerMetrics.lineSpacing + 2
+            lineHeight: footerMetrics.lineSpacing + Theme.gapHair
 
             FontMetrics {
                 id: footerMetrics
 
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
             }
         }
     }

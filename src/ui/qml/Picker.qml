@@ -8,13 +8,13 @@ import QtQuick.Controls.Basic
 ComboBox {
     id: root
 
-    leftPadding: 11
-    rightPadding: 32
-    topPadding: 7
-    bottomPadding: 7
-    font.pixelSize: 13
+    leftPadding: Theme.fieldPaddingHorizontal
+    rightPadding: Theme.pickerHandleRoom
+    topPadding: Theme.fieldPaddingVertical
+    bottomPadding: Theme.fieldPaddingVertical
+    font.pixelSize: Theme.fontBody
     // As wide as its longest entry, so no entry is ever cut.
-    implicitWidth: Math.max(120, Math.ceil(root.widestText) + root.leftPadding + root.rightPadding)
+    implicitWidth: Math.max(Theme.pickerMinimumWidth, Math.ceil(root.widestText) + root.leftPadding + root.rightPadding)
 
     readonly property real widestText: {
         root.model;
@@ -28,7 +28,7 @@ ComboBox {
 
     FocusRing {
         shown: root.visualFocus
-        targetRadius: 8
+        targetRadius: Theme.radiusControl
     }
 
     FontMetrics {
@@ -48,17 +48,17 @@ ComboBox {
     }
 
     indicator: Icon {
-        x: root.width - width - 9
+        x: root.width - width - Theme.pickerHandleInset
         y: (root.height - height) / 2
         glyph: Glyphs.chooser
         color: Theme.inkMuted
-        points: 13
+        points: Theme.iconBody
     }
 
     background: Rectangle {
-        radius: 8
+        radius: Theme.radiusControl
         color: Theme.surface2
-        border.width: 1
+        border.width: Theme.hairline
         border.color: root.visualFocus || root.popup.visible ? Theme.alpha(Theme.cyan, 0.55) : Theme.stroke
     }
 
@@ -69,10 +69,10 @@ ComboBox {
         required property var modelData
 
         width: ListView.view.width
-        leftPadding: 11
-        rightPadding: 11
-        topPadding: 6
-        bottomPadding: 6
+        leftPadding: Theme.fieldPaddingHorizontal
+        rightPadding: Theme.fieldPaddingHorizontal
+        topPadding: Theme.compactPaddingVertical
+        bottomPadding: Theme.compactPaddingVertical
         highlighted: root.highlightedIndex === entry.index
 
         contentItem: Text {
@@ -85,16 +85,16 @@ ComboBox {
         }
 
         background: Rectangle {
-            radius: 6
+            radius: Theme.radiusSmall
             color: entry.highlighted ? Theme.alpha(Theme.cyan, 0.14) : "transparent"
         }
     }
 
     popup: Popup {
-        y: root.height + 4
+        y: root.height + Theme.gapTiny
         width: root.width
-        implicitHeight: Math.min(list.contentHeight, 360) + topPadding + bottomPadding
-        padding: 4
+        implicitHeight: Math.min(list.contentHeight, Theme.pickerListMaximumHeight) + topPadding + bottomPadding
+        padding: Theme.gapTiny
 
         contentItem: ListView {
             id: list
@@ -107,9 +107,9 @@ ComboBox {
         }
 
         background: Rectangle {
-            radius: 9
+            radius: Theme.radiusButton
             color: Theme.surface2
-            border.width: 1
+            border.width: Theme.hairline
             border.color: Theme.stroke
         }
     }

@@ -14,14 +14,14 @@ Row {
     signal showMoved(string ip)
 
     visible: root.verdict.text !== ""
-    spacing: 8
+    spacing: Theme.gap
 
     Chip {
         id: chip
 
         objectName: "verdictChip"
         anchors.verticalCenter: parent.verticalCenter
-        maximumWidth: 320
+        maximumWidth: Theme.verdictMaximumWidth
         text: root.verdict.text
         systemImage: root.verdict.kind === SaveVerdict.Confirmed ? Glyphs.save : Glyphs.warning
         tint: root.verdict.kind === SaveVerdict.Confirmed ? Theme.online : Theme.amber
@@ -38,12 +38,12 @@ Row {
                 text: root.verdict.details.join("\n")
                 textFormat: Text.PlainText
                 color: Theme.ink
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
             }
             background: Rectangle {
                 color: Theme.surface2
                 border.color: Theme.stroke
-                radius: 6
+                radius: Theme.radiusSmall
             }
         }
     }

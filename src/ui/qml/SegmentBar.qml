@@ -21,11 +21,11 @@ Rectangle {
             segment.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    implicitWidth: row.implicitWidth + 8
-    implicitHeight: row.implicitHeight + 8
-    radius: 11
+    implicitWidth: row.implicitWidth + 2 * Theme.gapTiny
+    implicitHeight: row.implicitHeight + 2 * Theme.gapTiny
+    radius: Theme.radiusSegmentBar
     color: Theme.surface
-    border.width: 1
+    border.width: Theme.hairline
     border.color: Theme.stroke
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Settings")
@@ -34,7 +34,7 @@ Rectangle {
         id: row
 
         anchors.centerIn: parent
-        spacing: 2
+        spacing: Theme.gapHair
 
         Repeater {
             id: segments
@@ -49,10 +49,10 @@ Rectangle {
                 readonly property bool current: root.selection === segment.index
 
                 objectName: "segment" + segment.index
-                leftPadding: 14
-                rightPadding: 14
-                topPadding: 7
-                bottomPadding: 7
+                leftPadding: Theme.segmentPaddingHorizontal
+                rightPadding: Theme.segmentPaddingHorizontal
+                topPadding: Theme.fieldPaddingVertical
+                bottomPadding: Theme.fieldPaddingVertical
                 onClicked: root.selected(segment.index)
                 // The owner keeps the selection, not the button.
                 checkable: false
@@ -81,17 +81,17 @@ Rectangle {
 
                 FocusRing {
                     shown: segment.visualFocus
-                    targetRadius: 8
+                    targetRadius: Theme.radiusControl
                 }
 
                 contentItem: Row {
-                    spacing: 7
+                    spacing: Theme.gapIcon
 
                     Icon {
                         anchors.verticalCenter: parent.verticalCenter
                         glyph: root.glyphs[segment.index]
                         color: segment.current ? Theme.cyan : Theme.inkMuted
-                        points: 13
+                        points: Theme.iconBody
                     }
                     Text {
                         objectName: "segmentTitle"
@@ -99,16 +99,16 @@ Rectangle {
                         text: segment.modelData
                         textFormat: Text.PlainText
                         color: segment.current ? Theme.ink : Theme.inkMuted
-                        font.pixelSize: 13
+                        font.pixelSize: Theme.fontBody
                         font.weight: segment.current ? Font.DemiBold : Font.Medium
                     }
                 }
 
                 background: Rectangle {
-                    radius: 8
+                    radius: Theme.radiusControl
                     color: segment.current ? Theme.alpha(Theme.cyan, 0.14)
                                            : segment.hovered ? Theme.alpha(Theme.ink, 0.05) : "transparent"
-                    border.width: segment.current || segment.visualFocus ? 1 : 0
+                    border.width: segment.current || segment.visualFocus ? Theme.hairline : 0
                     border.color: Theme.alpha(Theme.cyan, segment.visualFocus ? 0.8 : 0.35)
                 }
             }

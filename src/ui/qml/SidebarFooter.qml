@@ -25,19 +25,19 @@ Rectangle {
     signal discoverRequested()
     signal activityToggled()
 
-    implicitHeight: column.implicitHeight + 24
+    implicitHeight: column.implicitHeight + 2 * Theme.gapLarge
     color: Theme.bg
 
     ColumnLayout {
         id: column
 
         anchors.fill: parent
-        anchors.margins: 12
-        spacing: 10
+        anchors.margins: Theme.gapLarge
+        spacing: Theme.gapMedium
 
         Rectangle {
             Layout.fillWidth: true
-            Layout.preferredHeight: 1
+            Layout.preferredHeight: Theme.hairline
             color: Theme.stroke
         }
 
@@ -45,7 +45,7 @@ Rectangle {
             id: addressRow
 
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.gap
 
             InputField {
                 id: addressField
@@ -53,12 +53,12 @@ Rectangle {
                 objectName: "addressField"
                 Layout.fillWidth: true
                 mono: true
-                placeholderText: "Add by IP"
-                font.pixelSize: 12
-                leftPadding: 9
-                rightPadding: 9
-                topPadding: 6
-                bottomPadding: 6
+                placeholderText: qsTr("Add by IP")
+                font.pixelSize: Theme.fontNote
+                leftPadding: Theme.compactPaddingHorizontal
+                rightPadding: Theme.compactPaddingHorizontal
+                topPadding: Theme.compactPaddingVertical
+                bottomPadding: Theme.compactPaddingVertical
                 onAccepted: root.queryRequested()
                 ToolTip.visible: addressField.hovered
                 ToolTip.delay: Theme.toolTipDelay
@@ -78,7 +78,7 @@ Rectangle {
 
             GhostButton {
                 objectName: "queryButton"
-                text: "Query"
+                text: qsTr("Query")
                 tint: Theme.inkMuted
                 Accessible.description: qsTr("Asks the unit at the address in the field to answer")
                 onClicked: root.queryRequested()
@@ -90,7 +90,7 @@ Rectangle {
 
             objectName: "discoverButton"
             Layout.fillWidth: true
-            text: "Discover"
+            text: qsTr("Discover")
             systemImage: Glyphs.broadcast
             tint: Theme.cyan
             onClicked: root.discoverRequested()
@@ -111,13 +111,13 @@ Rectangle {
             id: statusRow
 
             Layout.fillWidth: true
-            spacing: 6
+            spacing: Theme.gapSmall
 
             Rectangle {
                 objectName: "statusDot"
-                Layout.preferredWidth: 6
-                Layout.preferredHeight: 6
-                radius: 3
+                Layout.preferredWidth: Theme.statusDotSize
+                Layout.preferredHeight: Theme.statusDotSize
+                radius: Theme.statusDotSize / 2
                 color: root.statusColor
             }
             Text {
@@ -131,7 +131,7 @@ Rectangle {
                 Accessible.name: statusText.text
                 elide: Text.ElideRight
                 color: Theme.inkMuted
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
             }
             NetworksButton {
                 objectName: "networksButton"
@@ -144,7 +144,7 @@ Rectangle {
                 Accessible.name: root.client.deviceCount === 1 ? qsTr("1 unit known")
                                                                : qsTr("%1 units known").arg(root.client.deviceCount)
                 color: Theme.inkMuted
-                font.pixelSize: 11
+                font.pixelSize: Theme.fontSmall
                 font.weight: Font.DemiBold
             }
         }

@@ -5,8 +5,8 @@ import QtQuick.Controls.Basic
 BusyIndicator {
     id: root
 
-    implicitWidth: 14
-    implicitHeight: 14
+    implicitWidth: Theme.spinnerSize
+    implicitHeight: Theme.spinnerSize
     padding: 0
 
     contentItem: Item {
@@ -14,7 +14,7 @@ BusyIndicator {
             anchors.fill: parent
             radius: width / 2
             color: "transparent"
-            border.width: 2
+            border.width: Theme.spinnerStroke
             border.color: Theme.stroke
         }
 
@@ -25,11 +25,11 @@ BusyIndicator {
             onPaint: {
                 const context = getContext("2d");
                 context.reset();
-                context.lineWidth = 2;
+                context.lineWidth = Theme.spinnerStroke;
                 context.lineCap = "round";
                 context.strokeStyle = Theme.cyan;
                 context.beginPath();
-                context.arc(width / 2, height / 2, width / 2 - 1, 0, Math.PI / 2);
+                context.arc(width / 2, height / 2, width / 2 - Theme.spinnerStroke / 2, 0, Math.PI / 2);
                 context.stroke();
             }
 

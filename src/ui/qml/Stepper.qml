@@ -18,10 +18,10 @@ Rectangle {
     signal stepped(int delta)
 
     implicitWidth: row.implicitWidth
-    implicitHeight: 32
-    radius: 8
+    implicitHeight: Theme.controlHeight
+    radius: Theme.radiusControl
     color: Theme.surface2
-    border.width: 1
+    border.width: Theme.hairline
     border.color: Theme.stroke
     Accessible.role: Accessible.SpinBox
     Accessible.name: root.title
@@ -32,7 +32,7 @@ Rectangle {
 
         required property string glyph
 
-        implicitWidth: 30
+        implicitWidth: Theme.stepperButtonWidth
         implicitHeight: root.implicitHeight
         opacity: button.enabled ? (button.down ? 0.7 : 1) : 0.35
         Accessible.description: root.title
@@ -50,7 +50,7 @@ Rectangle {
         contentItem: Icon {
             glyph: button.glyph
             color: Theme.cyan
-            points: 13
+            points: Theme.iconBody
         }
     }
 
@@ -62,17 +62,17 @@ Rectangle {
         Text {
             objectName: "stepperTitle"
             height: parent.height
-            leftPadding: 11
-            rightPadding: 8
+            leftPadding: Theme.fieldPaddingHorizontal
+            rightPadding: Theme.gap
             text: root.title
             textFormat: Text.PlainText
             verticalAlignment: Text.AlignVCenter
             color: Theme.ink
             font.family: "monospace"
-            font.pixelSize: 13
+            font.pixelSize: Theme.fontBody
         }
         Rectangle {
-            width: 1
+            width: Theme.hairline
             height: parent.height
             color: Theme.stroke
         }
@@ -84,7 +84,7 @@ Rectangle {
             onClicked: root.stepped(-1)
         }
         Rectangle {
-            width: 1
+            width: Theme.hairline
             height: parent.height
             color: Theme.stroke
         }

@@ -9,15 +9,15 @@ Panel {
 
     required property DeviceEditor editor
 
-    title: "Tally source"
+    title: qsTr("Tally source")
     systemImage: Glyphs.tally
     tint: Theme.tally
-    footer: "A base station drives 12 tally channels at a time. Tally bank selects which 12 \u2014 13\u201324 for cameras beyond 12. One unit can\u2019t span more than 12 at once (firmware limit); use a second base station on the next bank."
+    footer: qsTr("A base station drives 12 tally channels at a time. Tally bank selects which 12 \u2014 13\u201324 for cameras beyond 12. One unit can\u2019t span more than 12 at once (firmware limit); use a second base station on the next bank.")
 
     LabeledField {
         objectName: "atemIpField"
         Layout.fillWidth: true
-        label: "ATEM IP"
+        label: qsTr("ATEM IP")
         mono: true
         placeholder: "192.168.8.219"
         text: root.editor.tally.atemIp.text
@@ -26,7 +26,7 @@ Panel {
     LabeledField {
         objectName: "atemPortField"
         Layout.fillWidth: true
-        label: "ATEM port"
+        label: qsTr("ATEM port")
         mono: true
         placeholder: "9910"
         text: root.editor.tally.atemPort.text
@@ -34,7 +34,7 @@ Panel {
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Switcher"
+        label: qsTr("Switcher")
 
         Picker {
             objectName: "switcherPicker"
@@ -46,7 +46,7 @@ Panel {
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Tally Channel"
+        label: qsTr("Tally Channel")
 
         Picker {
             objectName: "tallyBankPicker"
@@ -57,10 +57,10 @@ Panel {
     }
     LabeledControl {
         Layout.fillWidth: true
-        label: "Tally / GPIO"
+        label: qsTr("Tally / GPIO")
 
         Row {
-            spacing: 8
+            spacing: Theme.gap
 
             Stepper {
                 objectName: "tallyTypeStepper"

@@ -6,8 +6,8 @@ import QtQuick.Controls.Basic
 Switch {
     id: root
 
-    implicitWidth: 40
-    implicitHeight: 22
+    implicitWidth: Theme.toggleWidth
+    implicitHeight: Theme.toggleHeight
     padding: 0
     spacing: 0
 
@@ -17,22 +17,22 @@ Switch {
     }
 
     indicator: Rectangle {
-        implicitWidth: 40
-        implicitHeight: 22
+        implicitWidth: Theme.toggleWidth
+        implicitHeight: Theme.toggleHeight
         x: root.leftPadding
         y: (root.height - height) / 2
         radius: height / 2
         color: root.checked ? Theme.cyan : Theme.surface2
-        border.width: root.checked ? 0 : 1
+        border.width: root.checked ? 0 : Theme.hairline
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
 
         Rectangle {
             objectName: "knob"
-            width: 18
-            height: 18
-            radius: 9
-            y: 2
-            x: root.checked ? parent.width - width - 2 : 2
+            width: Theme.toggleKnobSize
+            height: Theme.toggleKnobSize
+            radius: Theme.toggleKnobSize / 2
+            y: Theme.toggleKnobInset
+            x: root.checked ? parent.width - width - Theme.toggleKnobInset : Theme.toggleKnobInset
             color: root.checked ? Theme.bg : Theme.inkMuted
 
             Behavior on x {

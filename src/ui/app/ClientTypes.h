@@ -1,7 +1,7 @@
 // The client's types as QML sees them: the type VornClient (views take one as
-// a property), the singleton SharedClient (the process's one client, owned by
-// C++), the clock that comes with a client, and the device list model, which
-// QML makes and points at a client.
+// a property), the singleton SharedClient (the engine's client, see
+// SharedClient.h), the clock that comes with a client, and the device list
+// model, which QML makes and points at a client.
 #pragma once
 
 #include <QJSEngine>
@@ -30,9 +30,10 @@ struct VornClientSingleton {
     QML_SINGLETON
 
 public:
-    static VornClient* create(QQmlEngine*, QJSEngine*)
+    static VornClient* create(QQmlEngine* engine, QJSEngine*)
     {
-        VornClient* client = SharedClient::instance();
+        VornClient* client = SharedClient::of(*engine);
+        // The engine's SharedClient holder deletes it, not the garbage collector.
         QJSEngine::setObjectOwnership(client, QJSEngine::CppOwnership);
         return client;
     }
