@@ -184,4 +184,10 @@ std::variant<Backup, BackupError> readBackupFile(const std::string& path)
     return read;
 }
 
+bool writeBackupFile(const std::string& path, const Backup& backup)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    return static_cast<bool>(file << writeBackup(backup)) && static_cast<bool>(file.flush());
+}
+
 }  // namespace Settings

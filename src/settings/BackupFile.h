@@ -60,4 +60,8 @@ std::variant<Backup, BackupError> readBackup(std::string_view text);
 // "<path>: cannot be read", "<path>: <what readBackup found>".
 std::variant<Backup, BackupError> readBackupFile(const std::string& path);
 
+// Writes `backup` to the file at `path`, replacing it; false when the file
+// cannot be written.
+bool writeBackupFile(const std::string& path, const Backup& backup);
+
 }  // namespace Settings

@@ -213,11 +213,16 @@ TEST(BackupFile, FileErrorsNameTheFileThenTheProblem)
 TEST(BackupFile, FileWrittenIsReadBackEqual)
 {
     const std::string path = testing::TempDir() + "backup-file-test-round-trip.json";
-    std::ofstream(path) << writeBackup(sampleBackup());
+    ASSERT_TRUE(writeBackupFile(path, sampleBackup()));
     const auto read = readBackupFile(path);
     ASSERT_TRUE(std::holds_alternative<Backup>(read));
     EXPECT_EQ(std::get<Backup>(read), sampleBackup());
     std::remove(path.c_str());
+}
+
+TEST(BackupFile, FileInAMissingFolderCannotBeWritten)
+{
+    EXPECT_FALSE(writeBackupFile("/nonexistent/fleet.json", sampleBackup()));
 }
 
 }  // namespace
