@@ -1,6 +1,7 @@
 #include "TestKit.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTimer>
@@ -68,6 +69,12 @@ QString TestKit::readTextFile(const QUrl& url) const
 {
     QFile file(url.toLocalFile());
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString TestKit::shotPath(const QString& name) const
+{
+    QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
+    return QDir(QStringLiteral(VORN_SHOT_DIR)).filePath(name);
 }
 
 UnitProbe* TestKit::makeProbe(VornClient* client, const QString& address)

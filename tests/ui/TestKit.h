@@ -85,6 +85,8 @@ public:
     // Writes `text` into the file at `url`; false when it cannot.
     Q_INVOKABLE bool writeTextFile(const QUrl& url, const QString& text) const;
     Q_INVOKABLE QString readTextFile(const QUrl& url) const;
+    // Where a test keeps a shot `name` for a look: the build's window-shots folder.
+    Q_INVOKABLE QString shotPath(const QString& name) const;
 
     Q_INVOKABLE int seq(VornClient* client) const;
     Q_INVOKABLE void setSeq(VornClient* client, int seq);

@@ -90,6 +90,12 @@ TestCase {
         waitForRendering(child("deviceList"));
     }
 
+    // The window as it is now, kept as a PNG for a look.
+    function shoot(name) {
+        waitForRendering(view);
+        grabImage(view).save(TestKit.shotPath(name));
+    }
+
     function writesTo(index) {
         return sims[index].writes();
     }
@@ -148,6 +154,7 @@ TestCase {
         keyClick(Qt.Key_A, Qt.ControlModifier);
         compare(view.unitSelection.count, 4);
         compare(child("selectedCount").text, "4 units selected");
+        shoot("fleet-selected-units.png");
         for (let i = 0; i < 4; ++i)
             verify(row(i).selected);
     }
@@ -203,6 +210,7 @@ TestCase {
         tryVerify(() => menu.opened);
         compare(menu.itemAt(0).text, "Export all units\u2026");
         compare(menu.itemAt(1).text, "Restore from backup\u2026");
+        shoot("fleet-footer-menu.png");
         menu.close();
     }
 
@@ -232,6 +240,7 @@ TestCase {
         compare(findChild(rows.itemAtIndex(0), "differenceLines").text, "Channel: 9 \u2192 3");
         compare(findChild(rows.itemAtIndex(1), "differenceLines").text, "Channel: 8 \u2192 4");
         compare(findChild(dialog, "restoreButton").text, "Restore 2 units");
+        shoot("fleet-restore-review.png");
 
         mouseClick(findChild(dialog, "restoreButton"));
         const verdicts = findChild(dialog.contentItem, "verdictRows");
@@ -240,6 +249,7 @@ TestCase {
         verdicts.forceLayout();
         compare(findChild(verdicts.itemAtIndex(0), "verdictText").text, "Saved \u00b7 confirmed");
         compare(findChild(verdicts.itemAtIndex(1), "verdictText").text, "Saved \u00b7 confirmed");
+        shoot("fleet-verdicts.png");
         // One write per unit, carrying its own configuration with the channel put back.
         const after = [writesTo(0), writesTo(1)];
         compare(after[0].length - before[0], 2); // a write goes out twice
@@ -309,6 +319,7 @@ TestCase {
         const confirm = findChild(dialog, "restoreNetworkConfirm");
         tryVerify(() => confirm.opened);
         compare(confirm.title, "Apply network settings to 1 unit(s)?");
+        shoot("fleet-network-confirm.png");
         compare(confirm.message, "127.0.0.6 \u2014 New: IP 127.0.0.9, mask 255.0.0.0, gateway 127.0.0.254.\n\n"
                 + "If the IP changes, the unit reappears in the list under its new address. "
                 + "A wrong value can strip it off-network (serial DB9 recovery).");
@@ -331,6 +342,7 @@ TestCase {
         verify(error.visible);
         verify(error.text.indexOf("broken.json: file: not valid JSON") >= 0, error.text);
         verify(!findChild(dialog.contentItem, "restoreRows").visible);
+        shoot("fleet-refused-file.png");
         const button = findChild(dialog, "restoreButton");
         verify(!button.enabled);
         mouseClick(button);
@@ -382,5 +394,43 @@ TestCase {
         mouseClick(box);
         compare(findChild(dialog, "restoreButton").text, "Restore 0 units");
         verify(!findChild(dialog, "restoreButton").enabled);
+    }
+
+    // data/vornctl-backup.json was written by "vornctl backup" against vorn-sim
+    // on the LAN harness (units 10.232.1.1 and 10.232.1.2).
+    function test_a_file_from_vornctl_backup_opens_in_the_review() {
+        simulate([{ ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000F1", "7") },
+                  { ip: "127.0.0.4", config: unitConfig("127.0.0.4", "KT4-0000F2", "4") }]);
+        view.fleet.reviewFile(Qt.resolvedUrl("data/vornctl-backup.json"));
+        const dialog = child("restoreReview");
+        tryVerify(() => dialog.opened);
+        compare(findChild(dialog.contentItem, "restoreError").visible, false);
+        const rows = findChild(dialog.contentItem, "restoreRows");
+        compare(rows.count, 2);
+        rows.forceLayout();
+        compare(findChild(rows.itemAtIndex(0), "unitName").text, "KT4-0000F1  \u00b7  10.232.1.1");
+        compare(findChild(rows.itemAtIndex(0), "matchText").text, "matched by serial, now at 127.0.0.3");
+        compare(findChild(rows.itemAtIndex(0), "differenceLines").text, "Channel: 7 \u2192 3");
+        compare(findChild(rows.itemAtIndex(1), "differenceLines").text, "Equal: nothing to restore");
+        verify(!findChild(rows.itemAtIndex(1), "restoreCheck").enabled);
+        compare(findChild(dialog, "restoreButton").text, "Restore 1 units");
+        mouseClick(findChild(dialog, "restoreButton"));
+        tryVerify(() => view.fleet.writer.confirmed === 1, 6000);
+        compare(client.deviceData("127.0.0.3").config.Channel, "3");
+        compare(writesTo(1).length, 0);
+    }
+
+    // data/window-export.json is what "Export all units" writes for this unit;
+    // the vornctl LAN tests restore it with "vornctl restore".
+    function test_export_writes_the_file_vornctl_restores() {
+        TestKit.ingest(client, "10.232.1.1", { Serial: "KT-AAA111", Version: "2.1.4", IPAddress: "10.232.1.1",
+                                               Channel: "9", TallyType: "2", CallMagic: "1234" });
+        const file = TestKit.scratchFile("export.json");
+        verify(view.fleet.exportTo(file));
+        const taken = /"taken": "[^"]*"/;
+        const written = TestKit.readTextFile(file);
+        verify(taken.test(written));
+        compare(written.replace(taken, "\"taken\": \"\""),
+                TestKit.readTextFile(Qt.resolvedUrl("data/window-export.json")).replace(taken, "\"taken\": \"\""));
     }
 }

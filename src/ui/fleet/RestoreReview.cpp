@@ -75,6 +75,9 @@ void RestoreReview::plan()
 
 void RestoreReview::replan()
 {
+    // Without a file there is nothing to compare; replies come all the time.
+    if (backup_.units.empty())
+        return;
     // One row per unit of the file whatever the live units: rows only change.
     plan();
     if (!plan_.empty())

@@ -138,6 +138,7 @@ Dialog {
         GhostButton {
             objectName: "closeReviewButton"
             Layout.bottomMargin: Theme.fleetDialogPadding
+            Layout.rightMargin: root.writing ? Theme.fleetDialogPadding : 0
             text: root.writing ? qsTr("Close") : qsTr("Cancel")
             tint: Theme.ink
             onClicked: root.close()
