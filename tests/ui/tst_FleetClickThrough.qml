@@ -433,4 +433,24 @@ TestCase {
         compare(written.replace(taken, "\"taken\": \"\""),
                 TestKit.readTextFile(Qt.resolvedUrl("data/window-export.json")).replace(taken, "\"taken\": \"\""));
     }
+
+    function test_menu_entries_open_the_file_dialogs() {
+        fileUnits(1);
+        mouseClick(child("fleetMenuButton"));
+        const menu = child("fleetMenuButton").menu;
+        tryVerify(() => menu.opened);
+        mouseClick(menu.itemAt(0));
+        tryVerify(() => view.fleet.exportDialog.visible);
+        shoot("fleet-export-dialog.png");
+        view.fleet.exportDialog.close();
+        tryVerify(() => !view.fleet.exportDialog.visible);
+        mouseClick(child("fleetMenuButton"));
+        tryVerify(() => menu.opened);
+        mouseClick(menu.itemAt(1));
+        tryVerify(() => view.fleet.restoreDialog.visible);
+        view.fleet.restoreDialog.close();
+        // Nothing was exported or opened.
+        compare(child("fleetMessage").text, "");
+        verify(!child("restoreReview").visible);
+    }
 }

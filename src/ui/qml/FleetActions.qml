@@ -13,6 +13,8 @@ Item {
     readonly property alias review: review
     readonly property alias writer: writer
     readonly property alias reviewDialog: reviewDialog
+    readonly property alias exportDialog: exportDialog
+    readonly property alias restoreDialog: restoreDialog
     // What the last export did, shown under the footer's menu.
     readonly property alias exporter: exporter
 
@@ -53,6 +55,7 @@ Item {
 
         title: qsTr("Export all units")
         fileMode: FileDialog.SaveFile
+        acceptLabel: qsTr("Export")
         defaultSuffix: "json"
         nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
         onAccepted: root.exportTo(exportDialog.selectedFile)
@@ -62,6 +65,7 @@ Item {
 
         title: qsTr("Restore from backup")
         fileMode: FileDialog.OpenFile
+        acceptLabel: qsTr("Review")
         nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
         onAccepted: root.reviewFile(restoreDialog.selectedFile)
     }
