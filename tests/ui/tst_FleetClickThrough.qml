@@ -96,6 +96,20 @@ TestCase {
         grabImage(view).save(TestKit.shotPath(name));
     }
 
+    // A backup file of `units` ({ip, config}), as the window of another
+    // client that knew them would export it.
+    function backupFile(name, units) {
+        const other = TestKit.makeClient();
+        for (const unit of units)
+            TestKit.ingest(other, unit.ip, unit.config);
+        const exporter = Qt.createQmlObject("import VornLink; BackupExport {}", testCase);
+        exporter.client = other;
+        const file = TestKit.scratchFile(name);
+        verify(exporter.exportAll(file));
+        exporter.destroy();
+        return file;
+    }
+
     function writesTo(index) {
         return sims[index].writes();
     }
@@ -328,6 +342,15 @@ TestCase {
         tryVerify(() => !confirm.visible);
         wait(300);
         compare(writesTo(0).length, sent);
+        // Apply writes, and the unit answers from its new address.
+        mouseClick(findChild(dialog, "restoreButton"));
+        tryVerify(() => confirm.opened);
+        mouseClick(findChild(confirm, "networkApplyButton"));
+        tryVerify(() => writesTo(0).length === sent + 2, 3000);
+        const verdicts = findChild(dialog.contentItem, "verdictRows");
+        tryVerify(() => verdicts.count === 1 && view.fleet.writer.waiting === 0, 6000);
+        verdicts.forceLayout();
+        compare(findChild(verdicts.itemAtIndex(0), "verdictText").text, "Moved to 127.0.0.9");
     }
 
     function test_a_malformed_file_is_refused_and_nothing_is_sent() {
@@ -452,5 +475,49 @@ TestCase {
         // Nothing was exported or opened.
         compare(child("fleetMessage").text, "");
         verify(!child("restoreReview").visible);
+    }
+
+    function test_each_unit_of_a_restore_gets_its_own_verdict() {
+        const file = backupFile("three.json", [
+            { ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000G1", "6") },
+            { ip: "127.0.0.4", config: unitConfig("127.0.0.4", "KT4-0000G2", "6") },
+            { ip: "127.0.0.5", config: unitConfig("127.0.0.5", "KT4-0000G3", "6") }]);
+        const units = [{ ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000G1", "1") },
+                       { ip: "127.0.0.4", config: unitConfig("127.0.0.4", "KT4-0000G2", "1"), ignoreWrites: true },
+                       { ip: "127.0.0.5", config: unitConfig("127.0.0.5", "KT4-0000G3", "1"), silent: true }];
+        const started = [];
+        for (const unit of units)
+            started.push(TestKit.startSimulatorAt(client, unit.ip, [unit]));
+        sims = started;
+        TestKit.startWithoutRepeats(client);
+        // The silent unit is filed by hand, as if it had answered before it fell silent.
+        TestKit.ingest(client, "127.0.0.5", units[2].config);
+        client.sendDiscover("127.0.0.3");
+        client.sendDiscover("127.0.0.4");
+        tryCompare(client, "deviceCount", 3, 5000);
+
+        view.fleet.reviewFile(file);
+        const dialog = child("restoreReview");
+        tryVerify(() => dialog.opened);
+        compare(findChild(dialog, "restoreButton").text, "Restore 3 units");
+        mouseClick(findChild(dialog, "restoreButton"));
+        const verdicts = findChild(dialog.contentItem, "verdictRows");
+        tryVerify(() => verdicts.count === 3 && verdicts.itemAtIndex(2) !== null);
+        compare(findChild(verdicts.itemAtIndex(2), "verdictText").text, "Waiting for the unit\u2026");
+        tryVerify(() => view.fleet.writer.waiting === 0, 8000);
+        verdicts.forceLayout();
+        compare(findChild(verdicts.itemAtIndex(0), "verdictText").text, "Saved \u00b7 confirmed");
+        compare(findChild(verdicts.itemAtIndex(1), "verdictText").text, "Not confirmed: Channel");
+        compare(findChild(verdicts.itemAtIndex(2), "verdictText").text, "No answer after saving");
+        compare(view.fleet.writer.confirmed, 1);
+        compare(findChild(dialog, "reviewTitle").text, "Restored 3 units: 1 confirmed");
+        shoot("fleet-verdicts-mixed.png");
+        // Every unit got exactly one write (sent twice), the silent one too.
+        for (let i = 0; i < 3; ++i) {
+            const writes = writesTo(i);
+            compare(writes.length, 2);
+            compare(writes[0].config.Channel, "6");
+            compare(writes[0].config.Serial, units[i].config.Serial);
+        }
     }
 }

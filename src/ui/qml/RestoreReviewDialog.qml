@@ -51,10 +51,11 @@ Dialog {
             Layout.leftMargin: Theme.fleetDialogPadding
             Layout.rightMargin: Theme.fleetDialogPadding
             Layout.topMargin: Theme.fleetDialogPadding
-            text: root.writing ? qsTr("Restoring %1 of %2 units: %3 confirmed")
-                                     .arg(root.writer.count - root.writer.waiting).arg(root.writer.count)
-                                     .arg(root.writer.confirmed)
-                               : qsTr("Restore from backup")
+            text: !root.writing ? qsTr("Restore from backup")
+                : root.writer.waiting > 0 ? qsTr("Restoring %1 units: %2 answered")
+                                                .arg(root.writer.count)
+                                                .arg(root.writer.count - root.writer.waiting)
+                : qsTr("Restored %1 units: %2 confirmed").arg(root.writer.count).arg(root.writer.confirmed)
             textFormat: Text.PlainText
             color: Theme.ink
             font.pixelSize: Theme.fleetTitleSize
