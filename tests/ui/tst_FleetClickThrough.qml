@@ -520,4 +520,25 @@ TestCase {
             compare(writes[0].config.Serial, units[i].config.Serial);
         }
     }
+
+    function test_a_unit_whose_own_values_cannot_be_written_is_listed_not_written() {
+        const file = backupFile("refused.json", [{ ip: "127.0.0.7", config: unitConfig("127.0.0.7", "KT4-0000H1", "6") }]);
+        // The unit reports a manager address with a line break, which every
+        // write would carry unchanged (a restore does not touch ManagerIp).
+        const probe = TestKit.makeProbe(client, "127.0.0.7");
+        TestKit.ingest(client, "127.0.0.7", Object.assign(unitConfig("127.0.0.7", "KT4-0000H1", "1"),
+                                                          { ManagerIp: "a\nIPAddress:10.9.9.9" }));
+        view.fleet.reviewFile(file);
+        const dialog = child("restoreReview");
+        tryVerify(() => dialog.opened);
+        const rows = findChild(dialog.contentItem, "restoreRows");
+        tryVerify(() => rows.itemAtIndex(0) !== null);
+        compare(findChild(rows.itemAtIndex(0), "differenceLines").text,
+                "Channel: 1 \u2192 6");
+        mouseClick(findChild(dialog, "restoreButton"));
+        const verdicts = findChild(dialog.contentItem, "verdictRows");
+        tryVerify(() => verdicts.count === 1 && verdicts.itemAtIndex(0) !== null);
+        verify(findChild(verdicts.itemAtIndex(0), "verdictText").text.startsWith("Not written: "));
+        compare(probe.totalAfter(500), 0);
+    }
 }
