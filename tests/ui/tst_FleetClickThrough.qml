@@ -138,6 +138,12 @@ TestCase {
         verify(!child("detailLoader").active);
         verify(!child("emptyState").visible);
         verify(row(0).selected && row(2).selected && !row(1).selected);
+        // A third unit, then the last clicked one out again: that row is not shown selected.
+        mouseClick(row(3), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
+        mouseClick(row(3), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
+        compare(view.unitSelection.addresses, ["10.232.1.1", "10.232.1.3"]);
+        verify(!row(3).selected);
+        verify(view.selection !== "10.232.1.4");
         // Ctrl+click on a selected unit takes it out again: one unit, its editor.
         mouseClick(row(0), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
         compare(view.unitSelection.addresses, ["10.232.1.3"]);

@@ -99,8 +99,10 @@ QString UnitSelection::primary() const
         return addresses_.front();
     if (addresses_.isEmpty())
         return {};
+    // Ctrl+click can leave the current row unselected.
     const QModelIndex current = selection_.currentIndex();
-    return current.isValid() ? current.data(DeviceListModel::IpRole).toString() : addresses_.front();
+    return current.isValid() && selection_.isSelected(current) ? current.data(DeviceListModel::IpRole).toString()
+                                                               : addresses_.front();
 }
 
 void UnitSelection::collect()

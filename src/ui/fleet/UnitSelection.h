@@ -21,7 +21,8 @@ class UnitSelection : public QObject {
     // The selected units' addresses in list order.
     Q_PROPERTY(QStringList addresses READ addresses NOTIFY changed)
     // The unit a single-unit view shows: the only selected unit, else the last
-    // one clicked or reached by a key, else "".
+    // one clicked or reached by a key while it is selected, else the first
+    // selected, else "".
     Q_PROPERTY(QString primary READ primary NOTIFY changed)
     // Steps on every change, for bindings that call contains().
     Q_PROPERTY(int revision READ revision NOTIFY changed)

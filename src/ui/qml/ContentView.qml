@@ -47,8 +47,12 @@ SplitView {
         deviceList.forceActiveFocus();
     }
 
+    // One unit: the selection by address (it may be a queried unit); several:
+    // the selected units. Reading revision re-runs a row's binding on each change.
     function rowSelected(ip) {
-        return root.selection === ip || (unitSelection.revision >= 0 && root.multiSelected && unitSelection.contains(ip));
+        if (unitSelection.revision >= 0 && root.multiSelected)
+            return unitSelection.contains(ip);
+        return root.selection === ip;
     }
 
     function discover() {
