@@ -125,12 +125,6 @@ QVariant BatchWriter::data(const QModelIndex& index, int role) const
         return verdict.text();
     case DetailsRole:
         return verdict.details();
-    case KeysRole: {
-        QStringList pieces;
-        for (const auto& [key, value] : row.changes)
-            pieces << QString::fromStdString(key + '=' + value);
-        return pieces.join(u' ');
-    }
     default:
         return {};
     }
@@ -138,6 +132,6 @@ QVariant BatchWriter::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> BatchWriter::roleNames() const
 {
-    return {{AddressRole, "address"}, {TitleRole, "title"},     {KindRole, "kind"},
-            {VerdictRole, "verdict"}, {DetailsRole, "details"}, {KeysRole, "keys"}};
+    return {{AddressRole, "address"}, {TitleRole, "title"},    {KindRole, "kind"},
+            {VerdictRole, "verdict"}, {DetailsRole, "details"}};
 }

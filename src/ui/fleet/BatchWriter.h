@@ -30,7 +30,6 @@ public:
         KindRole,     // SaveVerdict::Kind; None for a unit left unwritten
         VerdictRole,  // the verdict's text, or what the unit waits for
         DetailsRole,  // one line per key not confirmed
-        KeysRole,     // the keys written, "Key=Value" joined by blanks
     };
     Q_ENUM(Role)
 

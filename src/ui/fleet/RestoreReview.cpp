@@ -200,8 +200,6 @@ QVariant RestoreReview::data(const QModelIndex& index, int role) const
             text = tr("%1 (an earlier unit of the file matched it too)").arg(text);
         return text;
     }
-    case LiveAddressRole:
-        return QString::fromStdString(item.liveAddress);
     case DifferencesRole:
         return qlines(Settings::differenceLines(item.changes, live));
     case HeldBackRole:
@@ -218,6 +216,6 @@ QVariant RestoreReview::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> RestoreReview::roleNames() const
 {
     return {{SerialRole, "serial"},           {FileAddressRole, "fileAddress"}, {FoundRole, "found"},
-            {MatchRole, "match"},             {LiveAddressRole, "liveAddress"}, {DifferencesRole, "differences"},
-            {HeldBackRole, "heldBack"},       {CheckableRole, "checkable"},     {CheckedRole, "checked"}};
+            {MatchRole, "match"},             {DifferencesRole, "differences"}, {HeldBackRole, "heldBack"},
+            {CheckableRole, "checkable"},     {CheckedRole, "checked"}};
 }

@@ -36,8 +36,7 @@ public:
         SerialRole = Qt::UserRole + 1,
         FileAddressRole,
         FoundRole,
-        MatchRole,        // "by serial, now at 10.0.0.8", "by address", "not found"
-        LiveAddressRole,
+        MatchRole,        // "matched by serial, now at 10.0.0.8", "matched by address", "not found"
         DifferencesRole,  // "Key: live → backup", the keys to write
         HeldBackRole,     // the same for network keys left out
         CheckableRole,    // found, something differs, and no earlier row has the unit
