@@ -17,6 +17,11 @@ SplitView {
     // the user drags it to for as long as the window lives.
     property bool activityShown: false
     readonly property color statusColor: root.client.listening ? Theme.online : Theme.amber
+    // Units picked with Ctrl, Shift or select-all; with two or more the
+    // detail lists them instead of one unit's editor.
+    readonly property alias unitSelection: unitSelection
+    readonly property bool multiSelected: unitSelection.count > 1
+    readonly property alias fleet: fleet
     readonly property bool selectionKnown: {
         root.client.deviceCount; // units are only ever added, so the count marks every change
         return root.selection !== "" && root.client.contains(root.selection);
@@ -30,7 +35,24 @@ SplitView {
         if (ip === "")
             return;
         root.client.sendDiscover(ip);
+        unitSelection.clear();
         root.selection = ip;
+    }
+
+    // A click on the unit in `row`: plain selects it alone, Ctrl toggles it,
+    // Shift selects the range from the last clicked unit.
+    function clickRow(row, modifiers) {
+        unitSelection.click(row, modifiers);
+        root.selection = unitSelection.primary;
+        deviceList.forceActiveFocus();
+    }
+
+    // One unit: the selection by address (it may be a queried unit); several:
+    // the selected units. Reading revision re-runs a row's binding on each change.
+    function rowSelected(ip) {
+        if (unitSelection.revision >= 0 && root.multiSelected)
+            return unitSelection.contains(ip);
+        return root.selection === ip;
     }
 
     function discover() {
@@ -38,7 +60,8 @@ SplitView {
     }
 
     // Up and Down in the list: selects the unit `step` rows away from the
-    // selected one (the first row when none is selected), at most the last.
+    // selected one (the first row when none is selected), at most the last,
+    // and only it.
     function selectNeighbour(step) {
         if (deviceList.count === 0)
             return;
@@ -47,7 +70,9 @@ SplitView {
         const next = current < 0 ? 0 : Math.max(0, Math.min(deviceList.count - 1, current + step));
         deviceList.currentIndex = next;
         deviceList.positionViewAtIndex(next, ListView.Contain);
-        root.selection = deviceList.currentItem.ip;
+        // As a plain click: the unit alone, and where a Shift range starts.
+        unitSelection.click(next, Qt.NoModifier);
+        root.selection = unitSelection.primary;
     }
 
     // Return in the list: the keyboard goes to the selected unit's editor.
@@ -133,20 +158,36 @@ SplitView {
                 delegate: DeviceRow {
                     required property int index
 
+                    // The row the editor shows and the keyboard moves from.
+                    readonly property bool primary: root.selection === ip
+
                     width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
-                    selected: root.selection === ip
-                    onSelectedChanged: if (selected) ListView.view.currentIndex = index
-                    Component.onCompleted: if (selected) ListView.view.currentIndex = index
+                    selected: root.rowSelected(ip)
+                    onPrimaryChanged: if (primary) ListView.view.currentIndex = index
+                    Component.onCompleted: if (primary) ListView.view.currentIndex = index
                     Accessible.onPressAction: root.selection = ip
 
                     TapHandler {
-                        onTapped: root.selection = parent.ip
+                        onTapped: root.clickRow(parent.index, point.modifiers)
                     }
 
                     FocusRing {
-                        shown: parent.selected && deviceList.activeFocus
+                        shown: parent.primary && deviceList.activeFocus
                         targetRadius: parent.radius
                         spread: Theme.focusRingGap
+                    }
+                }
+
+                // Selecting several units from the keyboard; plain keys are handled apart.
+                MultiSelectKeys {
+                    active: deviceList.activeFocus
+                    onSelectAllRequested: {
+                        unitSelection.selectAll();
+                        root.selection = unitSelection.primary;
+                    }
+                    onExtendRequested: step => {
+                        unitSelection.extend(step);
+                        root.selection = unitSelection.primary;
                     }
                 }
 
@@ -168,7 +209,7 @@ SplitView {
 
             // With no row selected the ring goes round the list itself.
             FocusRing {
-                shown: deviceList.activeFocus && !(deviceList.currentItem && deviceList.currentItem.selected)
+                shown: deviceList.activeFocus && !(deviceList.currentItem && deviceList.currentItem.primary)
                 spread: -Theme.focusRingWidth
             }
 
@@ -206,7 +247,23 @@ SplitView {
             onQueryRequested: root.query()
             onDiscoverRequested: root.discover()
             onActivityToggled: root.activityShown = !root.activityShown
+            onExportAllRequested: fleet.chooseExportFile()
+            onRestoreRequested: fleet.chooseRestoreFile()
+            fleetMessage: fleet.exporter.message
+            fleetMessageFailed: fleet.exporter.failed
         }
+    }
+
+    UnitSelection {
+        id: unitSelection
+
+        model: deviceList.model
+    }
+
+    FleetActions {
+        id: fleet
+
+        client: root.client
     }
 
     SplitView {
@@ -236,8 +293,17 @@ SplitView {
                 id: emptyState
 
                 objectName: "emptyState"
-                visible: !root.selectionKnown
+                visible: !root.selectionKnown && !root.multiSelected
                 anchors.centerIn: parent
+            }
+
+            SelectedUnitsView {
+                objectName: "selectedUnitsView"
+                visible: root.multiSelected
+                anchors.fill: parent
+                anchors.margins: Theme.dialogMinimumMargin
+                client: root.client
+                addresses: unitSelection.addresses
             }
 
             // The editor comes by URL, so its types are compiled on the first
@@ -257,7 +323,7 @@ SplitView {
 
                 objectName: "detailLoader"
                 anchors.fill: parent
-                active: root.selectionKnown
+                active: root.selectionKnown && !root.multiSelected
                 onActiveChanged: detailLoader.follow()
                 Component.onCompleted: detailLoader.follow()
             }

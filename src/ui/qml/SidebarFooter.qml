@@ -20,10 +20,16 @@ Rectangle {
     // Discover) and those after it (networks, activity switch).
     readonly property var leadingFocusGroups: [addressRow, discoverButton]
     readonly property var trailingFocusGroups: [statusRow, activityToggle]
+    readonly property alias fleetMenuButton: fleetMenuButton
+    // What the last export or restore said, under the address row; "" for nothing.
+    property string fleetMessage: ""
+    property bool fleetMessageFailed: false
 
     signal queryRequested()
     signal discoverRequested()
     signal activityToggled()
+    signal exportAllRequested()
+    signal restoreRequested()
 
     implicitHeight: column.implicitHeight + 2 * Theme.gapLarge
     color: Theme.bg
@@ -83,6 +89,25 @@ Rectangle {
                 Accessible.description: qsTr("Asks the unit at the address in the field to answer")
                 onClicked: root.queryRequested()
             }
+
+            FleetMenuButton {
+                id: fleetMenuButton
+
+                objectName: "fleetMenuButton"
+                onExportAllRequested: root.exportAllRequested()
+                onRestoreRequested: root.restoreRequested()
+            }
+        }
+
+        Text {
+            objectName: "fleetMessage"
+            Layout.fillWidth: true
+            visible: root.fleetMessage !== ""
+            text: root.fleetMessage
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: root.fleetMessageFailed ? Theme.tally : Theme.inkMuted
+            font.pixelSize: Theme.fontSmall
         }
 
         AccentButton {

@@ -21,6 +21,12 @@ QtObject {
     readonly property real focusRingGap: 2
     // How long the pointer rests on a control before its tooltip shows, in ms.
     readonly property int toolTipDelay: 600
+    // Measures of the fleet views: the footer's menu, the restore review and
+    // the list of verdicts.
+    readonly property int fleetMenuWidth: 210
+    readonly property int fleetDialogWidth: 620
+    readonly property int fleetDialogPadding: 20
+    readonly property int fleetBoxSize: 16
 
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {
