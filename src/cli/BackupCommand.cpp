@@ -1,7 +1,6 @@
 // vornctl backup: the configurations of the answering (or listed) units in
 // one backup file.
 #include <chrono>
-#include <fstream>
 
 #include "Commands.h"
 #include "ExitCodes.h"
@@ -43,15 +42,11 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
             context.err << "vornctl: warning: " << unit.address << ": " << *refused << '\n';
         backup.units.push_back(Settings::backupUnitOf(unit.address, unit.config));
     }
-    const std::string text = Settings::writeBackup(backup);
     if (outputPath.empty()) {
-        context.out << text << std::flush;
-    } else {
-        std::ofstream file(outputPath, std::ios::binary | std::ios::trunc);
-        if (!(file << text) || !file.flush()) {
-            context.err << "vornctl: cannot write " << outputPath << '\n';
-            return kExitFailure;
-        }
+        context.out << Settings::writeBackup(backup) << std::flush;
+    } else if (!Settings::writeBackupFile(outputPath, backup)) {
+        context.err << "vornctl: cannot write " << outputPath << '\n';
+        return kExitFailure;
     }
     context.err << "vornctl: " << backup.units.size() << " unit(s) backed up\n";
     return allAnswered ? kExitOk : kExitNoAnswer;

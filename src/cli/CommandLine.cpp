@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <fstream>
-
 #include "Commands.h"
 #include "ExitCodes.h"
 #include "Ipv4.h"
@@ -54,21 +52,6 @@ void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what
     command->add_option("--timeout", arguments.timeout, what + " (seconds, default 2, at most an hour)")
         ->check(CLI::Range(kShortestTimeoutSeconds, kLongestTimeoutSeconds))
         ->option_text("S");
-}
-
-std::variant<Settings::Backup, std::string> readBackupFile(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        return path + ": cannot be read";
-    std::string text;
-    text.resize(Settings::kBackupMaxBytes + 1);
-    file.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(file.gcount()));
-    auto read = Settings::readBackup(text);
-    if (auto* error = std::get_if<Settings::BackupError>(&read))
-        return path + ": " + error->message;
-    return std::get<Settings::Backup>(std::move(read));
 }
 
 }  // namespace
@@ -143,9 +126,9 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         return usageError(err, error.message);
     }
     if (restore->parsed()) {
-        auto read = readBackupFile(arguments.file);
-        if (const auto* problem = std::get_if<std::string>(&read)) {
-            err << "vornctl: " << *problem << '\n';
+        auto read = Settings::readBackupFile(arguments.file);
+        if (const auto* problem = std::get_if<Settings::BackupError>(&read)) {
+            err << "vornctl: " << problem->message << '\n';
             return kExitFailure;
         }
         backupFile = std::get<Settings::Backup>(std::move(read));

@@ -1,42 +1,15 @@
 // vornctl restore: each unit of a backup file matched to a live unit by its
 // serial, else by its address; the editable keys that differ are written and
 // verified (the network keys only when asked for).
-#include <algorithm>
 #include <vector>
 
 #include "Commands.h"
-#include "ConfigOrder.h"
-#include "EditableKeys.h"
-#include "EditorRules.h"
 #include "ExitCodes.h"
-#include "SettingKeys.h"
+#include "RestorePlan.h"
 #include "VerifiedWrite.h"
 
 namespace VornCtl {
 namespace {
-
-const Sighting* match(const std::map<std::string, Sighting>& live, const Settings::BackupUnit& unit)
-{
-    if (!unit.serial.empty()) {
-        for (const auto& [address, sighting] : live) {
-            const auto serial = sighting.config.find(SettingKeys::kSerial);
-            if (serial != sighting.config.end() && serial->second == unit.serial)
-                return &sighting;
-        }
-    }
-    const auto byAddress = live.find(unit.address);
-    return byAddress != live.end() ? &byAddress->second : nullptr;
-}
-
-std::vector<std::string_view> restoredKeys(bool network)
-{
-    std::vector<std::string_view> keys;
-    for (const auto& entry : Settings::kEditableKeys) {
-        if (network || !SettingKeys::isNetworkKey(entry.key))
-            keys.push_back(entry.key);
-    }
-    return keys;
-}
 
 std::string unitName(const Settings::BackupUnit& unit)
 {
@@ -47,8 +20,8 @@ std::string unitName(const Settings::BackupUnit& unit)
 void printDifferences(std::ostream& out, const Vorn::Config& changes, const Vorn::Config& live,
                       std::string_view note = {})
 {
-    for (const auto& [key, value] : Settings::inDisplayOrder(changes))
-        out << "  " << key << ": " << EditorRules::liveText(live, key) << " \u2192 " << value << note << '\n';
+    for (const auto& line : Settings::differenceLines(changes, live))
+        out << "  " << line << note << '\n';
 }
 
 }  // namespace
@@ -58,31 +31,31 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
     context.err << "vornctl: looking for " << backup.units.size() << " unit(s) for "
                 << context.timeout.count() / 1000.0 << " s\n"
                 << std::flush;
-    const auto live = context.link.discoverAll(context.timeout);
-    const auto keys = restoredKeys(options.network);
-    const auto allKeys = restoredKeys(true);
+    const auto sightings = context.link.discoverAll(context.timeout);
+    std::vector<Settings::LiveUnit> live;
+    live.reserve(sightings.size());
+    for (const auto& [address, sighting] : sightings)
+        live.push_back({address, sighting.config});
     bool missing = false;
     bool unconfirmed = false;
-    for (const auto& unit : backup.units) {
-        const Sighting* found = match(live, unit);
-        if (!found) {
+    for (const auto& item : Settings::planRestore(backup, live, options.network)) {
+        const Settings::BackupUnit& unit = backup.units[item.fileUnit];
+        if (!item.match.live) {
             context.out << unitName(unit) << ": did not answer\n";
             missing = true;
             continue;
         }
-        const Vorn::Config changes = Settings::differingKeys(unit.config, found->config, keys);
-        Vorn::Config skipped = Settings::differingKeys(unit.config, found->config, allKeys);
-        for (const auto& [key, value] : changes)
-            skipped.erase(key);
-        const std::string place = found->address == unit.address ? std::string() : " now at " + found->address;
+        const Sighting& found = sightings.at(item.liveAddress);
+        const std::string place = found.address == unit.address ? std::string() : " now at " + found.address;
         context.out << unitName(unit) << place << ": "
-                    << (changes.empty() ? std::string("equal") : std::to_string(changes.size()) + " key(s) differ")
+                    << (item.changes.empty() ? std::string("equal")
+                                             : std::to_string(item.changes.size()) + " key(s) differ")
                     << '\n';
-        printDifferences(context.out, changes, found->config);
-        printDifferences(context.out, skipped, found->config, " (network: needs --network --yes)");
-        if (changes.empty() || options.dryRun)
+        printDifferences(context.out, item.changes, found.config);
+        printDifferences(context.out, item.heldBack, found.config, " (network: needs --network --yes)");
+        if (item.changes.empty() || options.dryRun)
             continue;
-        const auto result = writeAndVerify(context.link, *found, changes, context.timeout);
+        const auto result = writeAndVerify(context.link, found, item.changes, context.timeout);
         printOutcome(context.out, result, "  ");
         missing = missing || result.exitCode == kExitNoAnswer;
         unconfirmed = unconfirmed || result.exitCode == kExitNotConfirmed || result.exitCode == kExitFailure;

@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "ExitCodes.h"
+#include "FleetValues.h"
 #include "Ipv4.h"
 #include "SettingKeys.h"
 #include "ValueSafety.h"
@@ -26,9 +27,7 @@ std::string addressAfter(const Sighting& live, const Vorn::Config& changes)
 WriteResult writeAndVerify(UnitLink& link, const Sighting& live, const Vorn::Config& changes,
                            std::chrono::milliseconds timeout)
 {
-    Vorn::Config full = live.config;
-    for (const auto& [key, value] : changes)
-        full.insert_or_assign(key, value);
+    const Vorn::Config full = Settings::overlay(live.config, changes);
     WriteResult result;
     if (auto refused = Settings::writeRefusal(changes, full)) {
         result.refused = std::move(refused);

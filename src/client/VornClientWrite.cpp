@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "ConfigConversion.h"
+#include "FleetValues.h"
 #include "ValueSafety.h"
 #include "VornClient.h"
 
@@ -36,11 +37,9 @@ void VornClient::write(const QString& ip, const QVariantMap& changes)
 void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes)
 {
     // No optimistic update: the table changes only when the unit answers.
-    Vorn::Config full;
-    if (const int row = indexOf(ip); row >= 0)
-        full = devices_[static_cast<std::size_t>(row)].config;
-    for (const auto& [key, value] : changes)
-        full.insert_or_assign(key, value);
+    const int row = indexOf(ip);
+    const Vorn::Config full =
+        Settings::overlay(row >= 0 ? devices_[static_cast<std::size_t>(row)].config : Vorn::Config{}, changes);
 
     // The last gate before the codec: a line break would become a line of its own.
     if (const auto refused = Settings::writeRefusal(changes, full)) {

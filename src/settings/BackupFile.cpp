@@ -1,6 +1,7 @@
 #include "BackupFile.h"
 
 #include <ctime>
+#include <fstream>
 
 #include <nlohmann/json.hpp>
 
@@ -165,6 +166,28 @@ std::variant<Backup, BackupError> readBackup(std::string_view text)
     } catch (const Invalid& invalid) {
         return BackupError{invalid.message};
     }
+}
+
+std::variant<Backup, BackupError> readBackupFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return BackupError{path + ": cannot be read"};
+    // One byte more than allowed, so that readBackup sees a file too large.
+    std::string text;
+    text.resize(kBackupMaxBytes + 1);
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    auto read = readBackup(text);
+    if (auto* error = std::get_if<BackupError>(&read))
+        error->message = path + ": " + error->message;
+    return read;
+}
+
+bool writeBackupFile(const std::string& path, const Backup& backup)
+{
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    return static_cast<bool>(file << writeBackup(backup)) && static_cast<bool>(file.flush());
 }
 
 }  // namespace Settings

@@ -56,4 +56,12 @@ std::string writeBackup(const Backup& backup);
 // never be written to a unit.
 std::variant<Backup, BackupError> readBackup(std::string_view text);
 
+// The backup in the file at `path`; the error names the file first:
+// "<path>: cannot be read", "<path>: <what readBackup found>".
+std::variant<Backup, BackupError> readBackupFile(const std::string& path);
+
+// Writes `backup` to the file at `path`, replacing it; false when the file
+// cannot be written.
+bool writeBackupFile(const std::string& path, const Backup& backup);
+
 }  // namespace Settings

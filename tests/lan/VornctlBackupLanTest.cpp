@@ -135,6 +135,18 @@ TEST_F(VornctlBackupOnLan, RestoreFindsAUnitBySerialAfterItChangedAddress)
     EXPECT_EQ(writes[0].dst, "10.232.1.7");
 }
 
+// The window's "Export all units" wrote this file (its QML test holds it to that).
+TEST_F(VornctlBackupOnLan, RestoreReadsAFileTheWindowExported)
+{
+    auto sim = units();
+
+    const auto run = vornctl({"restore", VORN_WINDOW_EXPORT, "--timeout", "1"});
+
+    EXPECT_EQ(run.out, "10.232.1.1 (serial KT-AAA111): 1 key(s) differ\n  Channel: 3 \u2192 9\n  verified\n");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(withCommand(sim.stopAndReadLog(), kWrite).size(), 2u);
+}
+
 TEST_F(VornctlBackupOnLan, RestoreMatchesByAddressWhenTheFileHasNoSerial)
 {
     auto sim = units();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <string>
 
 namespace Settings {
@@ -185,6 +187,42 @@ TEST(BackupFile, DeepNestingIsRefusedWithoutCrashing)
 TEST(BackupFile, OversizedFileIsRefusedBeforeParsing)
 {
     EXPECT_EQ(errorOf(std::string(kBackupMaxBytes + 1, ' ')), "file: larger than 16 MiB");
+}
+
+std::string fileErrorOf(const std::string& path)
+{
+    const auto read = readBackupFile(path);
+    if (const auto* error = std::get_if<BackupError>(&read))
+        return error->message;
+    return "(read without error)";
+}
+
+TEST(BackupFile, MissingFileIsNamedAsUnreadable)
+{
+    EXPECT_EQ(fileErrorOf("/nonexistent/fleet.json"), "/nonexistent/fleet.json: cannot be read");
+}
+
+TEST(BackupFile, FileErrorsNameTheFileThenTheProblem)
+{
+    const std::string path = testing::TempDir() + "backup-file-test-malformed.json";
+    std::ofstream(path) << "{\"format\": ";
+    EXPECT_EQ(fileErrorOf(path).rfind(path + ": file: not valid JSON", 0), 0u);
+    std::remove(path.c_str());
+}
+
+TEST(BackupFile, FileWrittenIsReadBackEqual)
+{
+    const std::string path = testing::TempDir() + "backup-file-test-round-trip.json";
+    ASSERT_TRUE(writeBackupFile(path, sampleBackup()));
+    const auto read = readBackupFile(path);
+    ASSERT_TRUE(std::holds_alternative<Backup>(read));
+    EXPECT_EQ(std::get<Backup>(read), sampleBackup());
+    std::remove(path.c_str());
+}
+
+TEST(BackupFile, FileInAMissingFolderCannotBeWritten)
+{
+    EXPECT_FALSE(writeBackupFile("/nonexistent/fleet.json", sampleBackup()));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "TestKit.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -45,6 +47,34 @@ void TestKit::startWithoutRepeats(VornClient* client)
 SimulatedUnits* TestKit::startSimulator(VornClient* client, const QVariantList& units)
 {
     return new SimulatedUnits(client->broadcastAddress(), client->socket().port(), units, this);
+}
+
+SimulatedUnits* TestKit::startSimulatorAt(VornClient* client, const QString& address, const QVariantList& units)
+{
+    return new SimulatedUnits(address, client->socket().port(), units, this);
+}
+
+QUrl TestKit::scratchFile(const QString& name)
+{
+    return QUrl::fromLocalFile(scratch_.filePath(name));
+}
+
+bool TestKit::writeTextFile(const QUrl& url, const QString& text) const
+{
+    QFile file(url.toLocalFile());
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text.toUtf8()) >= 0;
+}
+
+QString TestKit::readTextFile(const QUrl& url) const
+{
+    QFile file(url.toLocalFile());
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString TestKit::shotPath(const QString& name) const
+{
+    QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
+    return QDir(QStringLiteral(VORN_SHOT_DIR)).filePath(name);
 }
 
 UnitProbe* TestKit::makeProbe(VornClient* client, const QString& address)

@@ -11,6 +11,8 @@
 #include <QObject>
 #include <QVariantList>
 #include <QVariantMap>
+#include <QTemporaryDir>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include "FakeUnit.h"
@@ -50,6 +52,10 @@ public:
     Q_INVOKABLE void startWithoutRepeats(VornClient* client);
     // vorn-sim at the client's broadcast address and port, serving `units`.
     Q_INVOKABLE SimulatedUnits* startSimulator(VornClient* client, const QVariantList& units);
+    // vorn-sim bound to another loopback `address` at the client's port: a
+    // unit there is found by a unicast discover and receives its writes.
+    Q_INVOKABLE SimulatedUnits* startSimulatorAt(VornClient* client, const QString& address,
+                                                 const QVariantList& units);
 
     // A fake unit at `address` on the client's port.
     Q_INVOKABLE UnitProbe* makeProbe(VornClient* client, const QString& address);
@@ -74,6 +80,17 @@ public:
     // The text on the application's clipboard.
     Q_INVOKABLE QString clipboardText() const;
 
+    // The URL of `name` in a folder of this test run, removed at its end.
+    Q_INVOKABLE QUrl scratchFile(const QString& name);
+    // Writes `text` into the file at `url`; false when it cannot.
+    Q_INVOKABLE bool writeTextFile(const QUrl& url, const QString& text) const;
+    Q_INVOKABLE QString readTextFile(const QUrl& url) const;
+    // Where a test keeps a shot `name` for a look: the build's window-shots folder.
+    Q_INVOKABLE QString shotPath(const QString& name) const;
+
     Q_INVOKABLE int seq(VornClient* client) const;
     Q_INVOKABLE void setSeq(VornClient* client, int seq);
+
+private:
+    QTemporaryDir scratch_;
 };

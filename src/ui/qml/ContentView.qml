@@ -17,6 +17,11 @@ SplitView {
     // the user drags it to for as long as the window lives.
     property bool activityShown: false
     readonly property color statusColor: root.client.listening ? Theme.online : Theme.amber
+    // Units picked with Ctrl, Shift or select-all; with two or more the
+    // detail lists them instead of one unit's editor.
+    readonly property alias unitSelection: unitSelection
+    readonly property bool multiSelected: unitSelection.count > 1
+    readonly property alias fleet: fleet
     readonly property bool selectionKnown: {
         root.client.deviceCount; // units are only ever added, so the count marks every change
         return root.selection !== "" && root.client.contains(root.selection);
@@ -30,7 +35,24 @@ SplitView {
         if (ip === "")
             return;
         root.client.sendDiscover(ip);
+        unitSelection.clear();
         root.selection = ip;
+    }
+
+    // A click on the unit in `row`: plain selects it alone, Ctrl toggles it,
+    // Shift selects the range from the last clicked unit.
+    function clickRow(row, modifiers) {
+        unitSelection.click(row, modifiers);
+        root.selection = unitSelection.primary;
+        deviceList.forceActiveFocus();
+    }
+
+    // One unit: the selection by address (it may be a queried unit); several:
+    // the selected units. Reading revision re-runs a row's binding on each change.
+    function rowSelected(ip) {
+        if (unitSelection.revision >= 0 && root.multiSelected)
+            return unitSelection.contains(ip);
+        return root.selection === ip;
     }
 
     function discover() {
@@ -98,10 +120,23 @@ SplitView {
                     required property int index
 
                     width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
-                    selected: root.selection === ip
+                    selected: root.rowSelected(ip)
 
                     TapHandler {
-                        onTapped: root.selection = parent.ip
+                        onTapped: root.clickRow(parent.index, point.modifiers)
+                    }
+                }
+
+                // Selecting several units from the keyboard; plain keys are handled apart.
+                MultiSelectKeys {
+                    active: deviceList.activeFocus
+                    onSelectAllRequested: {
+                        unitSelection.selectAll();
+                        root.selection = unitSelection.primary;
+                    }
+                    onExtendRequested: step => {
+                        unitSelection.extend(step);
+                        root.selection = unitSelection.primary;
                     }
                 }
 
@@ -155,7 +190,23 @@ SplitView {
             onQueryRequested: root.query()
             onDiscoverRequested: root.discover()
             onActivityToggled: root.activityShown = !root.activityShown
+            onExportAllRequested: fleet.chooseExportFile()
+            onRestoreRequested: fleet.chooseRestoreFile()
+            fleetMessage: fleet.exporter.message
+            fleetMessageFailed: fleet.exporter.failed
         }
+    }
+
+    UnitSelection {
+        id: unitSelection
+
+        model: deviceList.model
+    }
+
+    FleetActions {
+        id: fleet
+
+        client: root.client
     }
 
     SplitView {
@@ -185,8 +236,17 @@ SplitView {
                 id: emptyState
 
                 objectName: "emptyState"
-                visible: !root.selectionKnown
+                visible: !root.selectionKnown && !root.multiSelected
                 anchors.centerIn: parent
+            }
+
+            SelectedUnitsView {
+                objectName: "selectedUnitsView"
+                visible: root.multiSelected
+                anchors.fill: parent
+                anchors.margins: Theme.fleetDialogMargin
+                client: root.client
+                addresses: unitSelection.addresses
             }
 
             // The editor comes by URL, so its types are compiled on the first
@@ -206,7 +266,7 @@ SplitView {
 
                 objectName: "detailLoader"
                 anchors.fill: parent
-                active: root.selectionKnown
+                active: root.selectionKnown && !root.multiSelected
                 onActiveChanged: detailLoader.follow()
                 Component.onCompleted: detailLoader.follow()
             }

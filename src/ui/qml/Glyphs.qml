@@ -31,4 +31,7 @@ QtObject {
     readonly property string channel: "\ue311"      // headset_mic: intercom channel
     readonly property string firmware: "\ue322"     // memory: firmware version
     readonly property string activity: "\uef6e"     // receipt_long: the activity log
+    readonly property string more: "\ue5d3"         // more_horiz: the sidebar's fleet menu
+    readonly property string exportAll: "\ue171"    // save_alt: export all units
+    readonly property string restore: "\ue8b3"      // restore: restore from a backup
 }

@@ -14,10 +14,16 @@ Rectangle {
     property bool activityShown: false
     property alias manualIP: addressField.text
     readonly property alias addressField: addressField
+    readonly property alias fleetMenuButton: fleetMenuButton
+    // What the last export or restore said, under the address row; "" for nothing.
+    property string fleetMessage: ""
+    property bool fleetMessageFailed: false
 
     signal queryRequested()
     signal discoverRequested()
     signal activityToggled()
+    signal exportAllRequested()
+    signal restoreRequested()
 
     implicitHeight: column.implicitHeight + 24
     color: Theme.bg
@@ -60,6 +66,25 @@ Rectangle {
                 tint: Theme.inkMuted
                 onClicked: root.queryRequested()
             }
+
+            FleetMenuButton {
+                id: fleetMenuButton
+
+                objectName: "fleetMenuButton"
+                onExportAllRequested: root.exportAllRequested()
+                onRestoreRequested: root.restoreRequested()
+            }
+        }
+
+        Text {
+            objectName: "fleetMessage"
+            Layout.fillWidth: true
+            visible: root.fleetMessage !== ""
+            text: root.fleetMessage
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: root.fleetMessageFailed ? Theme.tally : Theme.inkMuted
+            font.pixelSize: Theme.fleetSmallSize
         }
 
         AccentButton {

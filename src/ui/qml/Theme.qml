@@ -14,6 +14,20 @@ QtObject {
     readonly property color online: Qt.rgba(0.196, 0.843, 0.294, 1)
     readonly property color amber: Qt.rgba(1.0, 0.839, 0.039, 1)
 
+    // Measures of the fleet views: the footer's menu, the restore review and
+    // the list of verdicts.
+    readonly property int fleetMenuWidth: 210
+    readonly property int fleetDialogWidth: 620
+    readonly property int fleetDialogMargin: 24
+    readonly property int fleetDialogPadding: 20
+    readonly property int fleetRadius: 10
+    readonly property int fleetRowPadding: 10
+    readonly property int fleetSpacing: 6
+    readonly property int fleetBoxSize: 16
+    readonly property int fleetTitleSize: 15
+    readonly property int fleetTextSize: 13
+    readonly property int fleetSmallSize: 11
+
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {
         return Qt.rgba(colour.r, colour.g, colour.b, opacity);

@@ -1,0 +1,143 @@
+#include "BatchWriter.h"
+
+#include <algorithm>
+
+#include "FleetValues.h"
+#include "ValueSafety.h"
+
+BatchWriter::BatchWriter(QObject* parent) : QAbstractListModel(parent) {}
+
+BatchWriter::~BatchWriter() = default;
+
+void BatchWriter::setClient(VornClient* client)
+{
+    if (client == client_)
+        return;
+    if (client_) {
+        disconnect(client_, nullptr, this, nullptr);
+        disconnect(client_->clock(), nullptr, this, nullptr);
+    }
+    clear();
+    client_ = client;
+    if (client_) {
+        // The verdicts settle on replies and on the deadline, as a single save's does.
+        connect(client_, &VornClient::deviceAdded, this, &BatchWriter::judgeAll);
+        connect(client_, &VornClient::devicesUpdated, this, &BatchWriter::judgeAll);
+        connect(client_->clock(), &PresenceClock::ticked, this, &BatchWriter::judgeAll);
+    }
+    emit clientChanged();
+}
+
+void BatchWriter::write(const std::vector<UnitWrite>& units)
+{
+    if (!client_)
+        return;
+    beginResetModel();
+    rows_.clear();
+    rows_.reserve(units.size());
+    for (const auto& unit : units) {
+        Row row;
+        row.address = QString::fromStdString(unit.address);
+        const auto device = client_->device(unit.address);
+        row.title = device ? device->title() : row.address;
+        row.changes = unit.changes;
+        // The client would refuse it too, silently; the list says why.
+        const Vorn::Config live = device ? device->config : Vorn::Config{};
+        if (auto refused = Settings::writeRefusal(unit.changes, Settings::overlay(live, unit.changes)))
+            row.refused = QString::fromStdString(*refused);
+        row.verdict = std::make_unique<SaveVerdict>();
+        row.verdict->setClient(client_);
+        rows_.push_back(std::move(row));
+    }
+    endResetModel();
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        Row& row = rows_[i];
+        const int at = static_cast<int>(i);
+        connect(row.verdict.get(), &SaveVerdict::changed, this, [this, at] {
+            emit dataChanged(index(at), index(at));
+            emit progressChanged();
+        });
+        if (row.changes.empty() || !row.refused.isEmpty())
+            continue;
+        const std::string address = row.address.toStdString();
+        client_->writeChanges(address, row.changes);
+        row.verdict->track(address, row.changes);
+    }
+    emit progressChanged();
+}
+
+void BatchWriter::clear()
+{
+    if (rows_.empty())
+        return;
+    beginResetModel();
+    rows_.clear();
+    endResetModel();
+    emit progressChanged();
+}
+
+void BatchWriter::judgeAll()
+{
+    for (auto& row : rows_)
+        row.verdict->judge();
+}
+
+int BatchWriter::waiting() const
+{
+    return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), [](const Row& row) {
+        return row.verdict->kind() == SaveVerdict::Kind::Waiting;
+    }));
+}
+
+int BatchWriter::confirmed() const
+{
+    return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), [](const Row& row) {
+        return row.verdict->kind() == SaveVerdict::Kind::Confirmed;
+    }));
+}
+
+int BatchWriter::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant BatchWriter::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const SaveVerdict& verdict = *row.verdict;
+    switch (role) {
+    case AddressRole:
+        return row.address;
+    case Qt::DisplayRole:
+    case TitleRole:
+        return row.title;
+    case KindRole:
+        return static_cast<int>(verdict.kind());
+    case VerdictRole:
+        if (verdict.kind() == SaveVerdict::Kind::Waiting)
+            return tr("Waiting for the unit\u2026");
+        if (!row.refused.isEmpty())
+            return tr("Not written: %1").arg(row.refused);
+        if (verdict.kind() == SaveVerdict::Kind::None)
+            return tr("Nothing to change");
+        return verdict.text();
+    case DetailsRole:
+        return verdict.details();
+    case KeysRole: {
+        QStringList pieces;
+        for (const auto& [key, value] : row.changes)
+            pieces << QString::fromStdString(key + '=' + value);
+        return pieces.join(u' ');
+    }
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> BatchWriter::roleNames() const
+{
+    return {{AddressRole, "address"}, {TitleRole, "title"},     {KindRole, "kind"},
+            {VerdictRole, "verdict"}, {DetailsRole, "details"}, {KeysRole, "keys"}};
+}

@@ -1,0 +1,80 @@
+// Work on all units from the sidebar footer's menu: "Export all units…"
+// writes every listed unit into one backup file; "Restore from backup…"
+// opens a file in the restore review. The files come from the native file
+// dialogs; exportTo and reviewFile do the same without them.
+import QtQuick
+import VornLink
+import QtQuick.Dialogs
+
+Item {
+    id: root
+
+    required property VornClient client
+    readonly property alias review: review
+    readonly property alias writer: writer
+    readonly property alias reviewDialog: reviewDialog
+    readonly property alias exportDialog: exportDialog
+    readonly property alias restoreDialog: restoreDialog
+    // What the last export did, shown under the footer's menu.
+    readonly property alias exporter: exporter
+
+    function chooseExportFile() {
+        exportDialog.open();
+    }
+    function chooseRestoreFile() {
+        restoreDialog.open();
+    }
+    function exportTo(file) {
+        return exporter.exportAll(file);
+    }
+    // Opens the review of `file`; a file that cannot be read shows why there.
+    function reviewFile(file) {
+        writer.clear();
+        review.open(file);
+        reviewDialog.open();
+    }
+
+    BackupExport {
+        id: exporter
+
+        client: root.client
+    }
+    RestoreReview {
+        id: review
+
+        client: root.client
+    }
+    BatchWriter {
+        id: writer
+
+        client: root.client
+    }
+
+    FileDialog {
+        id: exportDialog
+
+        title: qsTr("Export all units")
+        fileMode: FileDialog.SaveFile
+        acceptLabel: qsTr("Export")
+        defaultSuffix: "json"
+        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
+        onAccepted: root.exportTo(exportDialog.selectedFile)
+    }
+    FileDialog {
+        id: restoreDialog
+
+        title: qsTr("Restore from backup")
+        fileMode: FileDialog.OpenFile
+        acceptLabel: qsTr("Review")
+        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
+        onAccepted: root.reviewFile(restoreDialog.selectedFile)
+    }
+
+    RestoreReviewDialog {
+        id: reviewDialog
+
+        objectName: "restoreReview"
+        review: review
+        writer: writer
+    }
+}

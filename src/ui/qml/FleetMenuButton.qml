@@ -1,0 +1,50 @@
+// The "…" button of the sidebar footer and its menu of work on all units:
+// export every listed unit into one backup file, or restore from one.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+
+GhostButton {
+    id: root
+
+    readonly property alias menu: menu
+
+    signal exportAllRequested()
+    signal restoreRequested()
+
+    text: Glyphs.more
+    tint: Theme.inkMuted
+    font.family: Glyphs.family
+    font.pixelSize: Theme.fleetTitleSize
+    Accessible.name: qsTr("More actions")
+    onClicked: menu.open()
+
+    Menu {
+        id: menu
+
+        objectName: "fleetMenu"
+        y: -menu.height - Theme.fleetSpacing
+        width: Theme.fleetMenuWidth
+        padding: Theme.fleetSpacing
+
+        background: Rectangle {
+            radius: Theme.fleetRadius
+            color: Theme.surface
+            border.width: 1
+            border.color: Theme.stroke
+        }
+
+        FleetMenuEntry {
+            objectName: "exportAllItem"
+            text: qsTr("Export all units\u2026")
+            glyph: Glyphs.exportAll
+            onTriggered: root.exportAllRequested()
+        }
+        FleetMenuEntry {
+            objectName: "restoreItem"
+            text: qsTr("Restore from backup\u2026")
+            glyph: Glyphs.restore
+            onTriggered: root.restoreRequested()
+        }
+    }
+}

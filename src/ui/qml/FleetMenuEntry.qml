@@ -1,0 +1,37 @@
+// One entry of the fleet menu: a glyph and a label, highlighted under the
+// pointer or the keyboard.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+
+MenuItem {
+    id: root
+
+    required property string glyph
+
+    padding: Theme.fleetRowPadding
+    spacing: Theme.fleetRowPadding
+
+    contentItem: Row {
+        spacing: root.spacing
+
+        Icon {
+            glyph: root.glyph
+            color: Theme.cyan
+            points: Theme.fleetTextSize
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Text {
+            text: root.text
+            textFormat: Text.PlainText
+            color: Theme.ink
+            font.pixelSize: Theme.fleetTextSize
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.fleetRadius - 2
+        color: root.highlighted ? Theme.alpha(Theme.cyan, 0.14) : "transparent"
+    }
+}

@@ -1,0 +1,42 @@
+// A check box drawn from the theme: a rounded square, cyan with a tick when
+// checked; its label is plain text.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+
+CheckBox {
+    id: root
+
+    spacing: Theme.fleetSpacing + 2
+    padding: 0
+
+    indicator: Rectangle {
+        implicitWidth: Theme.fleetBoxSize
+        implicitHeight: Theme.fleetBoxSize
+        x: root.leftPadding
+        y: (root.height - height) / 2
+        radius: Theme.fleetBoxSize / 4
+        color: root.checked ? Theme.cyan : Theme.surface2
+        border.width: root.checked ? 0 : 1
+        border.color: root.visualFocus ? Theme.cyan : Theme.stroke
+        opacity: root.enabled ? 1 : 0.4
+
+        Icon {
+            anchors.centerIn: parent
+            visible: root.checked
+            glyph: Glyphs.save
+            points: Theme.fleetSmallSize
+            color: Theme.bg
+        }
+    }
+
+    contentItem: Text {
+        leftPadding: root.indicator.width + (root.text === "" ? 0 : root.spacing)
+        text: root.text
+        textFormat: Text.PlainText
+        color: root.enabled ? Theme.ink : Theme.inkMuted
+        font.pixelSize: Theme.fleetTextSize
+        verticalAlignment: Text.AlignVCenter
+        wrapMode: Text.Wrap
+    }
+}
