@@ -134,7 +134,7 @@ TestCase {
         compare(view.unitSelection.addresses, ["10.232.1.1", "10.232.1.3"]);
         verify(child("selectedUnitsView").visible);
         compare(child("selectedCount").text, "2 units selected");
-        compare(child("selectedUnits").count, 2);
+        compare(child("selectedUnitsView").editor.addresses.length, 2);
         verify(!child("detailLoader").active);
         verify(!child("emptyState").visible);
         verify(row(0).selected && row(2).selected && !row(1).selected);

@@ -139,7 +139,10 @@ void MultiEditor::refresh()
     tally_.refresh();
     communication_.refresh();
     const std::vector<EditorField*> fields = allFields();
-    const auto writes = unitWrites();
+    // Untouched fields send nothing, so the units need not be gone through.
+    const bool anyTouched =
+        std::any_of(fields.begin(), fields.end(), [](const EditorField* field) { return field->touched(); });
+    const auto writes = anyTouched ? unitWrites() : std::vector<BatchWriter::UnitWrite>{};
     const bool dirty =
         std::any_of(writes.begin(), writes.end(), [](const BatchWriter::UnitWrite& unit) { return !unit.changes.empty(); });
     const bool valid = std::all_of(fields.begin(), fields.end(),

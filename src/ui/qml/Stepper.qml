@@ -10,6 +10,8 @@ Rectangle {
     required property string title
     required property bool canDecrease
     required property bool canIncrease
+    // The units edited together differ here: the title says "Mixed".
+    property bool mixed: false
 
     signal stepped(int delta)
 
@@ -46,10 +48,10 @@ Rectangle {
             height: parent.height
             leftPadding: 11
             rightPadding: 8
-            text: root.title
+            text: root.mixed ? qsTr("Mixed") : root.title
             textFormat: Text.PlainText
             verticalAlignment: Text.AlignVCenter
-            color: Theme.ink
+            color: root.mixed ? Theme.inkMuted : Theme.ink
             font.family: "monospace"
             font.pixelSize: 13
         }

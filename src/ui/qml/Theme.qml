@@ -28,6 +28,14 @@ QtObject {
     readonly property int fleetTextSize: 13
     readonly property int fleetSmallSize: 11
 
+    // Measures of the editor of several units: its margins and gaps, the
+    // height its verdict list may take, and the width of its header's note.
+    readonly property int multiMargin: 28
+    readonly property int multiSpacing: 18
+    readonly property int multiVerdictHeight: 220
+    readonly property int multiNoteWidth: 420
+    readonly property int multiTitleSize: 25
+
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {
         return Qt.rgba(colour.r, colour.g, colour.b, opacity);

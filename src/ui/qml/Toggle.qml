@@ -6,6 +6,9 @@ import QtQuick.Controls.Basic
 Switch {
     id: root
 
+    // The units edited together differ here: the knob waits in the middle.
+    property bool mixed: false
+
     implicitWidth: 40
     implicitHeight: 22
     padding: 0
@@ -17,7 +20,7 @@ Switch {
         x: root.leftPadding
         y: (root.height - height) / 2
         radius: height / 2
-        color: root.checked ? Theme.cyan : Theme.surface2
+        color: root.checked && !root.mixed ? Theme.cyan : Theme.surface2
         border.width: root.checked ? 0 : 1
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
 
@@ -27,7 +30,7 @@ Switch {
             height: 18
             radius: 9
             y: 2
-            x: root.checked ? parent.width - width - 2 : 2
+            x: root.mixed ? (parent.width - width) / 2 : root.checked ? parent.width - width - 2 : 2
             color: root.checked ? Theme.bg : Theme.inkMuted
 
             Behavior on x {
