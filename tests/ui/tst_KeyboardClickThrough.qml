@@ -104,11 +104,11 @@ TestCase {
     function test_tab_walks_list_address_query_discover_tabs_fields_header() {
         selectTheUnitByKeys();
         tabTo(child("deviceList"));
-        const expected = ["deviceList", "addressField", "queryButton", "discoverButton",
+        const expected = ["deviceList", "addressField", "queryButton", "fleetMenuButton", "discoverButton",
                           "segment0", "segment1", "segment2", "segment3",
                           "atemIpField", "atemPortField", "switcherPicker", "tallyBankPicker",
                           "tallyTypeStepper", "tallyTypeStepper", "gpioTypeStepper", "gpioTypeStepper",
-                          "reloadButton", "networksButton", "activityToggle", "deviceList"];
+                          "editorMenuButton", "reloadButton", "networksButton", "activityToggle", "deviceList"];
         const visited = [];
         for (const name of expected) {
             const item = child(name);
@@ -124,6 +124,8 @@ TestCase {
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
         verify(hasKeyboard(child("reloadButton")));
+        keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+        verify(hasKeyboard(child("editorMenuButton")));
         keyClick(Qt.Key_Tab, Qt.ShiftModifier);
         verify(hasKeyboard(child("gpioTypeStepper")));
     }

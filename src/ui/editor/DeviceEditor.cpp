@@ -4,6 +4,7 @@
 
 #include "ClientLink.h"
 #include "ConfigConversion.h"
+#include "FleetValues.h"
 #include "SettingKeys.h"
 
 DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
@@ -101,6 +102,13 @@ void DeviceEditor::applyNetwork()
     if (!networkValid(store_.fields) || sendRefusal(store_.fields, store_.live))
         return;
     write(changesOf(network_.comparison()));
+}
+
+void DeviceEditor::takeValues(const Vorn::Config& values)
+{
+    store_.fields = loadFields(Settings::overlay(store_.live, values));
+    verdict_.clear();
+    refresh();
 }
 
 void DeviceEditor::write(const Vorn::Config& changes)

@@ -60,6 +60,10 @@ public:
     Q_INVOKABLE void save();
     // Writes the differing network keys, if all three are valid and any differs.
     Q_INVOKABLE void applyNetwork();
+    // Puts `values` (a unit's configuration from elsewhere, such as a backup
+    // file) into every field, over the unit's live one: unsaved changes the
+    // user reviews and sends with Save changes, or Apply for the network.
+    void takeValues(const Vorn::Config& values);
 
     VornClient* client() const { return client_; }
     // Talks to `client` through a ClientLink of its own.
@@ -77,6 +81,7 @@ public:
     SaveVerdict* verdict() { return &verdict_; }
 
     QVariantMap live() const;
+    const Vorn::Config& liveConfig() const { return store_.live; }
     QVariantList details() const;
     bool dirty() const { return sending_.dirty; }
     bool canSave() const { return sending_.canSave; }

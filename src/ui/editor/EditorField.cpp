@@ -44,7 +44,7 @@ void EditorField::noteEdit()
 
 QVariantList EditorField::snapshot() const
 {
-    return shown() + QVariantList{dirty_, valid(), touched_};
+    return shown() + QVariantList{dirty_, valid(), touched_, mixed()};
 }
 
 TextField::TextField(std::string_view key, std::string EditorFields::*member, EditorStore& store, QObject* parent)

@@ -1,7 +1,8 @@
 // One editable field of the editor: the unit's key it writes, its value in
 // the shared EditorFields, whether it differs from the unit's live value
 // (dirty), whether it may be sent as it is (valid) and whether the user
-// changed it since the last load (touched). Every field announces `changed`
+// changed it since the last load (touched). In the editor of several units a
+// field whose units disagree is mixed until the user sets it. Every field announces `changed`
 // only when something it shows really changed.
 #pragma once
 
@@ -29,6 +30,9 @@ class EditorField : public QObject {
     Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
     Q_PROPERTY(bool valid READ valid NOTIFY changed)
     Q_PROPERTY(bool touched READ touched NOTIFY changed)
+    // The units edited together hold different values and the user has not
+    // set one: the field shows "Mixed" instead of its value.
+    Q_PROPERTY(bool mixed READ mixed NOTIFY changed)
 
 public:
     EditorField(std::string_view key, EditorStore& store, QObject* parent);
@@ -38,6 +42,11 @@ public:
     bool dirty() const { return dirty_; }
     bool valid() const;
     bool touched() const { return touched_; }
+    bool mixed() const { return mixed_ && !touched_; }
+    // Whether the loaded units disagree on this field; set on each load.
+    void setMixed(bool mixed) { mixed_ = mixed; }
+    // Puts this field's value into `fields`: one unit's fields take the user's edit.
+    virtual void copyTo(EditorFields& fields) const = 0;
 
     // Takes the comparison's verdict for this key and announces what changed.
     void refresh(bool dirty);
@@ -59,7 +68,8 @@ protected:
     template <typename Value>
     void edit(Value EditorFields::*member, Value value)
     {
-        const bool differs = store_.fields.*member != value;
+        // Any value set on a mixed field is a choice for every unit.
+        const bool differs = store_.fields.*member != value || mixed();
         store_.fields.*member = std::move(value);
         if (differs)
             noteEdit();
@@ -74,6 +84,7 @@ private:
     std::string_view key_;
     bool dirty_ = false;
     bool touched_ = false;
+    bool mixed_ = false;
     QVariantList announced_;
 };
 
@@ -92,6 +103,7 @@ public:
 protected:
     QVariantList shown() const override { return {text()}; }
     std::string written() const override { return store_.fields.*member_; }
+    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
 
 private:
     std::string EditorFields::*member_;
@@ -112,6 +124,7 @@ public:
 protected:
     QVariantList shown() const override { return {value()}; }
     std::string written() const override;
+    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
 
 private:
     std::int64_t EditorFields::*member_;
@@ -196,6 +209,7 @@ public:
 protected:
     QVariantList shown() const override { return {checked()}; }
     std::string written() const override;
+    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
 
 private:
     bool EditorFields::*member_;

@@ -25,7 +25,8 @@ void TallySection::setSwitcherSelection(const QString& tag)
     const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
     if (!numbers)
         return;
-    const bool differs = band->value() != numbers->first || model->value() != numbers->second;
+    const bool differs = band->value() != numbers->first || model->value() != numbers->second || band->mixed() ||
+                         model->mixed();
     {
         // Both numbers change before the editor hears of either.
         const QSignalBlocker quietBand(band);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ClientLink.h"
 #include "FleetValues.h"
 #include "ValueSafety.h"
 
@@ -13,24 +14,33 @@ void BatchWriter::setClient(VornClient* client)
 {
     if (client == client_)
         return;
-    if (client_) {
-        disconnect(client_, nullptr, this, nullptr);
-        disconnect(client_->clock(), nullptr, this, nullptr);
-    }
-    clear();
     client_ = client;
-    if (client_) {
-        // The verdicts settle on replies and on the deadline, as a single save's does.
-        connect(client_, &VornClient::deviceAdded, this, &BatchWriter::judgeAll);
-        connect(client_, &VornClient::devicesUpdated, this, &BatchWriter::judgeAll);
-        connect(client_->clock(), &PresenceClock::ticked, this, &BatchWriter::judgeAll);
-    }
+    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
+    attach(link.get());
+    ownLink_ = std::move(link);
     emit clientChanged();
+}
+
+void BatchWriter::setLink(EditorLink* link)
+{
+    attach(link);
+    ownLink_.reset();
+}
+
+void BatchWriter::attach(EditorLink* link)
+{
+    clear();
+    if (link_)
+        disconnect(link_, nullptr, this, nullptr);
+    link_ = link;
+    // The verdicts settle on replies and on the deadline, as a single save's does.
+    if (link_)
+        connect(link_, &EditorLink::changed, this, &BatchWriter::judgeAll);
 }
 
 void BatchWriter::write(const std::vector<UnitWrite>& units)
 {
-    if (!client_)
+    if (!link_)
         return;
     beginResetModel();
     rows_.clear();
@@ -38,7 +48,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
     for (const auto& unit : units) {
         Row row;
         row.address = QString::fromStdString(unit.address);
-        const auto device = client_->device(unit.address);
+        const auto device = link_->unit(unit.address);
         row.title = device ? device->title() : row.address;
         row.changes = unit.changes;
         // The client would refuse it too, silently; the list says why.
@@ -46,7 +56,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         if (auto refused = Settings::writeRefusal(unit.changes, Settings::overlay(live, unit.changes)))
             row.refused = QString::fromStdString(*refused);
         row.verdict = std::make_unique<SaveVerdict>();
-        row.verdict->setClient(client_);
+        row.verdict->setLink(link_);
         rows_.push_back(std::move(row));
     }
     endResetModel();
@@ -60,7 +70,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         if (row.changes.empty() || !row.refused.isEmpty())
             continue;
         const std::string address = row.address.toStdString();
-        client_->writeChanges(address, row.changes);
+        link_->write(address, row.changes);
         row.verdict->track(address, row.changes);
     }
     emit progressChanged();

@@ -12,6 +12,7 @@
 #include <QAbstractListModel>
 #include <QPointer>
 
+#include "EditorLink.h"
 #include "SaveVerdict.h"
 #include "VornClient.h"
 
@@ -42,7 +43,10 @@ public:
     ~BatchWriter() override;
 
     VornClient* client() const { return client_; }
+    // Talks to `client` through a ClientLink of its own.
     void setClient(VornClient* client);
+    // Talks to `link` instead, which outlives the writer or is replaced first.
+    void setLink(EditorLink* link);
 
     // Sends each unit its changes and lists them all; replaces an earlier batch.
     void write(const std::vector<UnitWrite>& units);
@@ -69,8 +73,11 @@ private:
         std::unique_ptr<SaveVerdict> verdict;
     };
 
+    void attach(EditorLink* link);
     void judgeAll();
 
     QPointer<VornClient> client_;
+    std::unique_ptr<EditorLink> ownLink_;
+    QPointer<EditorLink> link_;
     std::vector<Row> rows_;
 };

@@ -1,5 +1,6 @@
 // The fleet types as QML makes them: the sidebar's selection, the batch
-// writer with its verdicts, the restore review and the export of all units.
+// writer with its verdicts, the editor of several units, the restore review
+// and the export of all units; one unit's export and import.
 // Subclasses, because a foreign registration does not make a type creatable.
 #pragma once
 
@@ -7,8 +8,10 @@
 
 #include "BackupExport.h"
 #include "BatchWriter.h"
+#include "MultiEditor.h"
 #include "RestoreReview.h"
 #include "UnitSelection.h"
+#include "UnitTransfer.h"
 
 class QmlUnitSelection : public UnitSelection {
     Q_OBJECT
@@ -40,4 +43,20 @@ class QmlBackupExport : public BackupExport {
 
 public:
     using BackupExport::BackupExport;
+};
+
+class QmlMultiEditor : public MultiEditor {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(MultiEditor)
+
+public:
+    using MultiEditor::MultiEditor;
+};
+
+class QmlUnitTransfer : public UnitTransfer {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(UnitTransfer)
+
+public:
+    using UnitTransfer::UnitTransfer;
 };

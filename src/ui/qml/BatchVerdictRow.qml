@@ -26,7 +26,7 @@ Rectangle {
 
         anchors.fill: parent
         anchors.margins: Theme.gapMedium
-        spacing: 2
+        spacing: Theme.gapHair
 
         RowLayout {
             Layout.fillWidth: true

@@ -7,7 +7,8 @@ import QtQuick.Layouts
 Panel {
     id: root
 
-    required property DeviceEditor editor
+    // A DeviceEditor, or the MultiEditor of several units: both have the sections.
+    required property QtObject editor
 
     title: qsTr("Communication")
     systemImage: Glyphs.intercom
@@ -20,6 +21,7 @@ Panel {
         mono: true
         placeholder: "1\u2013150"
         text: root.editor.communication.channel.text
+        mixed: root.editor.communication.channel.mixed
         onEdited: text => root.editor.communication.channel.text = text
     }
     LabeledField {
@@ -29,6 +31,7 @@ Panel {
         mono: true
         placeholder: qsTr("call password")
         text: root.editor.communication.password.text
+        mixed: root.editor.communication.password.mixed
         onEdited: text => root.editor.communication.password.text = text
     }
     LabeledControl {
@@ -39,6 +42,7 @@ Panel {
             objectName: "scenePicker"
             model: root.editor.communication.scene.options
             currentIndex: root.editor.communication.scene.index
+            mixed: root.editor.communication.scene.mixed
             onActivated: index => root.editor.communication.scene.value = index
         }
     }
@@ -50,6 +54,7 @@ Panel {
             objectName: "suppressPicker"
             model: root.editor.communication.suppress.options
             currentIndex: root.editor.communication.suppress.index
+            mixed: root.editor.communication.suppress.mixed
             onActivated: index => root.editor.communication.suppress.value = index
         }
     }
@@ -60,6 +65,7 @@ Panel {
         Toggle {
             objectName: "wire2Toggle"
             checked: root.editor.communication.wire2.checked
+            mixed: root.editor.communication.wire2.mixed
             onToggled: root.editor.communication.wire2.checked = checked
         }
     }

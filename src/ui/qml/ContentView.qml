@@ -297,13 +297,19 @@ SplitView {
                 anchors.centerIn: parent
             }
 
-            SelectedUnitsView {
-                objectName: "selectedUnitsView"
-                visible: root.multiSelected
+            // Made only while several units are selected, so its fields never
+            // stand beside the single editor's.
+            Loader {
+                objectName: "selectedUnitsLoader"
+                active: root.multiSelected
                 anchors.fill: parent
                 anchors.margins: Theme.dialogMinimumMargin
-                client: root.client
-                addresses: unitSelection.addresses
+
+                sourceComponent: SelectedUnitsView {
+                    objectName: "selectedUnitsView"
+                    client: root.client
+                    addresses: unitSelection.addresses
+                }
             }
 
             // The editor comes by URL, so its types are compiled on the first

@@ -1,8 +1,9 @@
 // The head of the editor: the unit's title and address, its chips (presence,
 // the switcher being edited, the channel and firmware it reports, and the
 // network warnings), and on the right Reload and Save changes above the
-// unsaved-changes mark and the verdict of the last save. Ctrl+R presses
-// Reload and Ctrl+S Save changes (only while saving is possible).
+// unsaved-changes mark and the verdict of the last save; beside Reload the
+// "…" menu of export and import, and under it what the last one did.
+// Ctrl+R presses Reload and Ctrl+S Save changes (only while saving is possible).
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -107,6 +108,12 @@ RowLayout {
             Layout.alignment: Qt.AlignRight
             spacing: Theme.gapMedium
 
+            EditorMenu {
+                id: editorMenu
+
+                objectName: "editorMenuButton"
+                editor: root.editor
+            }
             GhostButton {
                 id: reloadButton
 
@@ -178,6 +185,19 @@ RowLayout {
             Layout.alignment: Qt.AlignRight
             verdict: root.editor.verdict
             onShowMoved: ip => root.showMoved(ip)
+        }
+
+        Text {
+            objectName: "transferMessage"
+            Layout.alignment: Qt.AlignRight
+            Layout.maximumWidth: Theme.multiNoteWidth
+            visible: editorMenu.transfer.message !== ""
+            text: editorMenu.transfer.message
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignRight
+            color: editorMenu.transfer.failed ? Theme.tally : Theme.inkMuted
+            font.pixelSize: Theme.fontSmall
         }
 
         Text {

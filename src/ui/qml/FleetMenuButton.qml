@@ -30,7 +30,7 @@ GhostButton {
         background: Rectangle {
             radius: Theme.radiusRow
             color: Theme.surface
-            border.width: 1
+            border.width: Theme.hairline
             border.color: Theme.stroke
         }
 

@@ -31,7 +31,7 @@ MenuItem {
     }
 
     background: Rectangle {
-        radius: Theme.radiusRow - 2
+        radius: Theme.radiusControl
         color: root.highlighted ? Theme.alpha(Theme.cyan, 0.14) : "transparent"
     }
 }

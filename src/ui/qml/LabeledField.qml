@@ -10,6 +10,8 @@ RowLayout {
     required property bool mono
     required property string placeholder
     property alias text: field.text
+    // The units edited together differ here: the field is empty and says so.
+    property bool mixed: false
     readonly property alias field: field
 
     // The user changed the text (not a change made by a binding).
@@ -33,7 +35,7 @@ RowLayout {
 
         Layout.fillWidth: true
         mono: root.mono
-        placeholderText: root.placeholder
+        placeholderText: root.mixed ? qsTr("Mixed") : root.placeholder
         font.pixelSize: Theme.fontBody
         leftPadding: Theme.fieldPaddingHorizontal
         rightPadding: Theme.fieldPaddingHorizontal

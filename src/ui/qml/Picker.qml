@@ -8,6 +8,9 @@ import QtQuick.Controls.Basic
 ComboBox {
     id: root
 
+    // The units edited together differ here: the picker shows "Mixed".
+    property bool mixed: false
+
     leftPadding: Theme.fieldPaddingHorizontal
     rightPadding: Theme.pickerHandleRoom
     topPadding: Theme.fieldPaddingVertical
@@ -39,10 +42,10 @@ ComboBox {
 
     contentItem: Text {
         objectName: "pickerText"
-        text: root.currentIndex >= 0 ? root.displayText : "\u2014"
+        text: root.mixed ? qsTr("Mixed") : root.currentIndex >= 0 ? root.displayText : "\u2014"
         textFormat: Text.PlainText
         font: root.font
-        color: root.currentIndex >= 0 ? Theme.ink : Theme.inkMuted
+        color: root.currentIndex >= 0 && !root.mixed ? Theme.ink : Theme.inkMuted
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
     }

@@ -17,7 +17,7 @@ Dialog {
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(Theme.fleetDialogWidth - 100, parent ? parent.width - 2 * Theme.dialogMinimumMargin : 0)
+    width: Math.min(Theme.restoreConfirmWidth, parent ? parent.width - 2 * Theme.dialogMinimumMargin : 0)
     modal: true
     padding: Theme.fleetDialogPadding
 
@@ -26,9 +26,9 @@ Dialog {
     }
 
     background: Rectangle {
-        radius: Theme.radiusRow + 6
+        radius: Theme.radiusPanel
         color: Theme.surface
-        border.width: 1
+        border.width: Theme.hairline
         border.color: Theme.stroke
     }
 
@@ -40,7 +40,7 @@ Dialog {
             Layout.topMargin: Theme.fleetDialogPadding
             glyph: Glyphs.warning
             color: Theme.tally
-            points: Theme.fontDialogTitle + 1
+            points: Theme.iconDialog
         }
         Text {
             objectName: "networkConfirmTitle"

@@ -36,14 +36,14 @@ Dialog {
     }
 
     background: Rectangle {
-        radius: Theme.radiusRow + 6
+        radius: Theme.radiusPanel
         color: Theme.surface
-        border.width: 1
+        border.width: Theme.hairline
         border.color: Theme.stroke
     }
 
     header: ColumnLayout {
-        spacing: 2
+        spacing: Theme.gapHair
 
         Text {
             objectName: "reviewTitle"

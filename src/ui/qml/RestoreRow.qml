@@ -22,7 +22,7 @@ Rectangle {
     implicitHeight: layout.implicitHeight + 2 * Theme.gapMedium
     radius: Theme.radiusRow
     color: Theme.surface2
-    border.width: 1
+    border.width: Theme.hairline
     border.color: Theme.stroke
 
     RowLayout {
@@ -44,7 +44,7 @@ Rectangle {
 
         ColumnLayout {
             Layout.fillWidth: true
-            spacing: 2
+            spacing: Theme.gapHair
 
             Text {
                 objectName: "unitName"
@@ -72,7 +72,7 @@ Rectangle {
                 wrapMode: Text.Wrap
                 color: Theme.ink
                 font.family: "monospace"
-                font.pixelSize: Theme.fontSmall + 1
+                font.pixelSize: Theme.fontNote
             }
             Text {
                 objectName: "heldBackLines"

@@ -1,46 +1,72 @@
-// The detail area while several units are selected: how many, and which.
+// The detail area while several units are selected: how many, the Tally and
+// Communication fields of them all (one a unit differs on shows "Mixed";
+// addresses stay per unit, so no Network), "Save to <N> units", and after a
+// save each unit's verdict.
 import QtQuick
 import VornLink
+import QtQuick.Controls.Basic
 import QtQuick.Layouts
 
-ColumnLayout {
+Item {
     id: root
 
     required property VornClient client
     // Addresses of the selected units, in list order.
     required property var addresses
+    readonly property alias editor: multiEditor
 
-    spacing: Theme.gapSmall * 2
+    MultiEditor {
+        id: multiEditor
 
-    Text {
-        objectName: "selectedCount"
-        text: qsTr("%1 units selected").arg(root.addresses.length)
-        textFormat: Text.PlainText
-        color: Theme.ink
-        font.pixelSize: Theme.fontDialogTitle + 10
-        font.weight: Font.Bold
+        client: root.client
+        addresses: root.addresses
     }
 
-    ListView {
-        objectName: "selectedUnits"
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        clip: true
-        spacing: Theme.gapSmall
-        model: root.addresses
-        delegate: Text {
-            required property string modelData
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: Theme.gapSection
 
-            width: ListView.view.width
-            text: {
-                root.client.deviceCount; // a unit's record is replaced, never removed
-                const unit = root.client.deviceData(modelData);
-                return (unit.title || modelData) + "  \u00b7  " + modelData;
+        MultiEditorHeader {
+            objectName: "multiHeader"
+            Layout.fillWidth: true
+            editor: multiEditor
+            count: root.addresses.length
+        }
+
+        BatchVerdictList {
+            objectName: "batchVerdictList"
+            Layout.fillWidth: true
+            writer: multiEditor.writer
+        }
+
+        Flickable {
+            id: scroller
+
+            objectName: "multiScroller"
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            clip: true
+            contentWidth: width
+            contentHeight: panels.implicitHeight + Theme.pageMargin
+            boundsBehavior: Flickable.StopAtBounds
+
+            ColumnLayout {
+                id: panels
+
+                width: scroller.width
+                spacing: Theme.gapSection
+
+                TallyPanel {
+                    objectName: "multiTallyPanel"
+                    editor: multiEditor
+                }
+                CommunicationPanel {
+                    objectName: "multiCommunicationPanel"
+                    editor: multiEditor
+                }
             }
-            textFormat: Text.PlainText
-            elide: Text.ElideRight
-            color: Theme.inkMuted
-            font.pixelSize: Theme.fontBody
+
+            ScrollBar.vertical: ScrollBar {}
         }
     }
 }

@@ -14,6 +14,8 @@ Rectangle {
     required property int value
     required property int minimumValue
     required property int maximumValue
+    // The units edited together differ here: the title says "Mixed".
+    property bool mixed: false
 
     signal stepped(int delta)
 
@@ -64,10 +66,10 @@ Rectangle {
             height: parent.height
             leftPadding: Theme.fieldPaddingHorizontal
             rightPadding: Theme.gap
-            text: root.title
+            text: root.mixed ? qsTr("Mixed") : root.title
             textFormat: Text.PlainText
             verticalAlignment: Text.AlignVCenter
-            color: Theme.ink
+            color: root.mixed ? Theme.inkMuted : Theme.ink
             font.family: "monospace"
             font.pixelSize: Theme.fontBody
         }

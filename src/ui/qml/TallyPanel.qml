@@ -7,7 +7,8 @@ import QtQuick.Layouts
 Panel {
     id: root
 
-    required property DeviceEditor editor
+    // A DeviceEditor, or the MultiEditor of several units: both have the sections.
+    required property QtObject editor
 
     title: qsTr("Tally source")
     systemImage: Glyphs.tally
@@ -21,6 +22,7 @@ Panel {
         mono: true
         placeholder: "192.168.8.219"
         text: root.editor.tally.atemIp.text
+        mixed: root.editor.tally.atemIp.mixed
         onEdited: text => root.editor.tally.atemIp.text = text
     }
     LabeledField {
@@ -30,6 +32,7 @@ Panel {
         mono: true
         placeholder: "9910"
         text: root.editor.tally.atemPort.text
+        mixed: root.editor.tally.atemPort.mixed
         onEdited: text => root.editor.tally.atemPort.text = text
     }
     LabeledControl {
@@ -41,6 +44,7 @@ Panel {
             model: root.editor.tally.switcherEntries
             textRole: "label"
             currentIndex: root.editor.tally.switcherIndex
+            mixed: root.editor.tally.band.mixed
             onActivated: index => root.editor.tally.switcherSelection = root.editor.tally.switcherEntries[index].tag
         }
     }
@@ -52,6 +56,7 @@ Panel {
             objectName: "tallyBankPicker"
             model: root.editor.tally.extTally.options
             currentIndex: root.editor.tally.extTally.index
+            mixed: root.editor.tally.extTally.mixed
             onActivated: index => root.editor.tally.extTally.value = index
         }
     }
@@ -65,6 +70,7 @@ Panel {
             Stepper {
                 objectName: "tallyTypeStepper"
                 title: root.editor.tally.tallyType.title
+                mixed: root.editor.tally.tallyType.mixed
                 canDecrease: root.editor.tally.tallyType.canDecrease
                 canIncrease: root.editor.tally.tallyType.canIncrease
                 value: root.editor.tally.tallyType.value
@@ -75,6 +81,7 @@ Panel {
             Stepper {
                 objectName: "gpioTypeStepper"
                 title: root.editor.tally.gpioType.title
+                mixed: root.editor.tally.gpioType.mixed
                 canDecrease: root.editor.tally.gpioType.canDecrease
                 canIncrease: root.editor.tally.gpioType.canIncrease
                 value: root.editor.tally.gpioType.value

@@ -25,8 +25,14 @@ QtObject {
     // the list of verdicts.
     readonly property int fleetMenuWidth: 210
     readonly property int fleetDialogWidth: 620
+    readonly property int restoreConfirmWidth: 520
     readonly property int fleetDialogPadding: 20
     readonly property int fleetBoxSize: 16
+
+    // Measures of the editor of several units: the height its verdict list
+    // may take, and the width of its header's note.
+    readonly property int multiVerdictHeight: 220
+    readonly property int multiNoteWidth: 420
 
     // `colour` at `opacity`: the one way a view makes a faint version of a colour.
     function alpha(colour: color, opacity: real): color {

@@ -7,7 +7,7 @@ import QtQuick.Controls.Basic
 CheckBox {
     id: root
 
-    spacing: Theme.gapSmall + 2
+    spacing: Theme.gap
     padding: 0
 
     indicator: Rectangle {
@@ -17,7 +17,7 @@ CheckBox {
         y: (root.height - height) / 2
         radius: Theme.fleetBoxSize / 4
         color: root.checked ? Theme.cyan : Theme.surface2
-        border.width: root.checked ? 0 : 1
+        border.width: root.checked ? 0 : Theme.hairline
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
         opacity: root.enabled ? 1 : 0.4
 

@@ -6,6 +6,9 @@ import QtQuick.Controls.Basic
 Switch {
     id: root
 
+    // The units edited together differ here: the knob waits in the middle.
+    property bool mixed: false
+
     implicitWidth: Theme.toggleWidth
     implicitHeight: Theme.toggleHeight
     padding: 0
@@ -22,7 +25,7 @@ Switch {
         x: root.leftPadding
         y: (root.height - height) / 2
         radius: height / 2
-        color: root.checked ? Theme.cyan : Theme.surface2
+        color: root.checked && !root.mixed ? Theme.cyan : Theme.surface2
         border.width: root.checked ? 0 : Theme.hairline
         border.color: root.visualFocus ? Theme.cyan : Theme.stroke
 
@@ -32,7 +35,7 @@ Switch {
             height: Theme.toggleKnobSize
             radius: Theme.toggleKnobSize / 2
             y: Theme.toggleKnobInset
-            x: root.checked ? parent.width - width - Theme.toggleKnobInset : Theme.toggleKnobInset
+            x: root.mixed ? (parent.width - width) / 2 : root.checked ? parent.width - width - Theme.toggleKnobInset : Theme.toggleKnobInset
             color: root.checked ? Theme.bg : Theme.inkMuted
 
             Behavior on x {

@@ -1,0 +1,156 @@
+#include "MultiEditor.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "ClientLink.h"
+#include "FleetValues.h"
+
+MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
+{
+    for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_)})
+        connect(section, &EditorSection::edited, this, &MultiEditor::refresh);
+}
+
+MultiEditor::~MultiEditor() = default;
+
+void MultiEditor::setClient(VornClient* client)
+{
+    if (client == client_)
+        return;
+    client_ = client;
+    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
+    attach(link.get());
+    writer_.setLink(link.get());
+    ownLink_ = std::move(link);
+    emit clientChanged();
+    load();
+}
+
+void MultiEditor::setLink(EditorLink* link)
+{
+    attach(link);
+    writer_.setLink(link);
+    ownLink_.reset();
+    load();
+}
+
+void MultiEditor::attach(EditorLink* link)
+{
+    if (link_)
+        disconnect(link_, nullptr, this, nullptr);
+    link_ = link;
+    if (link_)
+        connect(link_, &EditorLink::changed, this, &MultiEditor::refresh);
+}
+
+void MultiEditor::setAddresses(const QStringList& addresses)
+{
+    if (addresses == addresses_)
+        return;
+    addresses_ = addresses;
+    emit addressesChanged();
+    // Another selection: its values replace the edits of the previous one.
+    writer_.clear();
+    load();
+}
+
+std::vector<EditorField*> MultiEditor::allFields() const
+{
+    std::vector<EditorField*> fields = tally_.fields();
+    fields.insert(fields.end(), communication_.fields().begin(), communication_.fields().end());
+    return fields;
+}
+
+Vorn::Config MultiEditor::liveOf(const QString& address) const
+{
+    const auto unit = link_ ? link_->unit(address.toStdString()) : std::nullopt;
+    return unit ? unit->config : Vorn::Config{};
+}
+
+void MultiEditor::load()
+{
+    std::vector<Vorn::Config> units;
+    units.reserve(static_cast<std::size_t>(addresses_.size()));
+    for (const QString& address : addresses_)
+        units.push_back(liveOf(address));
+    const std::vector<EditorField*> fields = allFields();
+    std::vector<std::string_view> keys;
+    keys.reserve(fields.size());
+    for (const EditorField* field : fields)
+        keys.push_back(field->unitKey());
+    const Settings::FleetValues values = Settings::fleetValues(units, keys);
+
+    // Shared values load as one unit's would; a mixed key loads its default and shows "Mixed".
+    store_.fields = loadFields(values.equal);
+    store_.live = values.equal;
+    const auto isMixed = [&](std::string_view key) {
+        return std::find(values.mixed.begin(), values.mixed.end(), key) != values.mixed.end();
+    };
+    // Band and model are one choice in the switcher picker: mixed together.
+    const bool switcherMixed = isMixed(tally_.band->unitKey()) || isMixed(tally_.model->unitKey());
+    for (EditorField* field : fields)
+        field->setMixed(isMixed(field->unitKey()));
+    tally_.band->setMixed(switcherMixed);
+    tally_.model->setMixed(switcherMixed);
+    tally_.untouch();
+    communication_.untouch();
+    refresh();
+}
+
+std::vector<BatchWriter::UnitWrite> MultiEditor::unitWrites() const
+{
+    std::vector<EditorField*> touched;
+    for (EditorField* field : allFields())
+        if (field->touched())
+            touched.push_back(field);
+    std::vector<BatchWriter::UnitWrite> writes;
+    writes.reserve(static_cast<std::size_t>(addresses_.size()));
+    for (const QString& address : addresses_) {
+        const Vorn::Config live = liveOf(address);
+        // The unit's own fields with the user's values in them, compared by
+        // the single editor's rules; only the keys the user set may go out.
+        EditorFields fields = loadFields(live);
+        for (const EditorField* field : touched)
+            field->copyTo(fields);
+        Vorn::Config changes;
+        for (const KeyComparison& key : compareSettings(fields, live)) {
+            const bool set = std::any_of(touched.begin(), touched.end(),
+                                         [&](const EditorField* field) { return field->unitKey() == key.key; });
+            if (set && key.differs)
+                changes.insert_or_assign(std::string(key.key), key.text);
+        }
+        writes.push_back({address.toStdString(), std::move(changes)});
+    }
+    return writes;
+}
+
+void MultiEditor::save()
+{
+    refresh();
+    if (!canSave_)
+        return;
+    writer_.write(unitWrites());
+}
+
+void MultiEditor::refresh()
+{
+    tally_.refresh();
+    communication_.refresh();
+    const std::vector<EditorField*> fields = allFields();
+    // Untouched fields send nothing, so the units need not be gone through.
+    const bool anyTouched =
+        std::any_of(fields.begin(), fields.end(), [](const EditorField* field) { return field->touched(); });
+    const auto writes = anyTouched ? unitWrites() : std::vector<BatchWriter::UnitWrite>{};
+    const bool dirty =
+        std::any_of(writes.begin(), writes.end(), [](const BatchWriter::UnitWrite& unit) { return !unit.changes.empty(); });
+    const bool valid = std::all_of(fields.begin(), fields.end(),
+                                   [](const EditorField* field) { return !field->touched() || field->valid(); });
+    const bool canSave = dirty && valid;
+    if (dirty == dirty_ && canSave == canSave_)
+        return;
+    dirty_ = dirty;
+    canSave_ = canSave;
+    emit stateChanged();
+}

@@ -1,0 +1,87 @@
+// The editor of several units at once: the Tally and Communication sections
+// over one store loaded with the values all units share, each field marked
+// mixed where they differ. Saving sends each unit its own latest reported
+// configuration with only the fields the user set put over it, one write per
+// unit, through the BatchWriter that lists every unit's verdict.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+
+#include "BatchWriter.h"
+#include "CommunicationSection.h"
+#include "EditorLink.h"
+#include "TallySection.h"
+#include "VornClient.h"
+
+class MultiEditor : public QObject {
+    Q_OBJECT
+
+    // Set from outside: the client (or a link), and the selected units' addresses.
+    Q_PROPERTY(VornClient* client READ client WRITE setClient NOTIFY clientChanged)
+    Q_PROPERTY(QStringList addresses READ addresses WRITE setAddresses NOTIFY addressesChanged)
+
+    Q_PROPERTY(TallySection* tally READ tally CONSTANT)
+    Q_PROPERTY(CommunicationSection* communication READ communication CONSTANT)
+    // The verdicts of the last save, one row per unit.
+    Q_PROPERTY(BatchWriter* writer READ writer CONSTANT)
+
+    // Some unit would be sent a change; "Save to <N> units" also needs every set field valid.
+    Q_PROPERTY(bool dirty READ dirty NOTIFY stateChanged)
+    Q_PROPERTY(bool canSave READ canSave NOTIFY stateChanged)
+
+public:
+    explicit MultiEditor(QObject* parent = nullptr);
+    ~MultiEditor() override;
+
+    // Fills the fields from the units' live configurations: a value all of
+    // them share, or mixed; forgets what the user set.
+    Q_INVOKABLE void load();
+    // Writes the fields the user set to every selected unit that differs.
+    Q_INVOKABLE void save();
+
+    VornClient* client() const { return client_; }
+    void setClient(VornClient* client);
+    // Talks to `link` instead, which outlives the editor or is replaced first.
+    void setLink(EditorLink* link);
+    QStringList addresses() const { return addresses_; }
+    void setAddresses(const QStringList& addresses);
+
+    TallySection* tally() { return &tally_; }
+    CommunicationSection* communication() { return &communication_; }
+    BatchWriter* writer() { return &writer_; }
+
+    bool dirty() const { return dirty_; }
+    bool canSave() const { return canSave_; }
+
+    // What each selected unit would be sent now, in selection order.
+    std::vector<BatchWriter::UnitWrite> unitWrites() const;
+
+signals:
+    void clientChanged();
+    void addressesChanged();
+    void stateChanged();
+
+private:
+    void attach(EditorLink* link);
+    std::vector<EditorField*> allFields() const;
+    Vorn::Config liveOf(const QString& address) const;
+    // Re-reads the units: replies change what a save would send.
+    void refresh();
+
+    QPointer<VornClient> client_;
+    std::unique_ptr<EditorLink> ownLink_;
+    QPointer<EditorLink> link_;
+    QStringList addresses_;
+    EditorStore store_;
+    TallySection tally_{store_, this};
+    CommunicationSection communication_{store_, this};
+    BatchWriter writer_;
+    bool dirty_ = false;
+    bool canSave_ = false;
+};

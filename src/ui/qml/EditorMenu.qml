@@ -1,0 +1,89 @@
+// The "…" button of the editor header and its menu: export this unit's
+// settings into a backup file of one unit, or import a backup file's values
+// for it into the editor as unsaved changes. The files come from the native
+// file dialogs; exportTo and importFrom do the same without them.
+import QtQuick
+import VornLink
+import QtQuick.Controls.Basic
+import QtQuick.Dialogs
+
+GhostButton {
+    id: root
+
+    required property DeviceEditor editor
+    readonly property alias menu: menu
+    readonly property alias transfer: transfer
+    readonly property alias exportDialog: exportDialog
+    readonly property alias importDialog: importDialog
+
+    function exportTo(file) {
+        return transfer.exportTo(file);
+    }
+    function importFrom(file) {
+        return transfer.importFrom(file);
+    }
+
+    text: Glyphs.more
+    tint: Theme.ink
+    font.family: Glyphs.family
+    font.pixelSize: Theme.fontDialogTitle
+    Accessible.name: qsTr("Settings file actions")
+    onClicked: menu.open()
+
+    UnitTransfer {
+        id: transfer
+
+        editor: root.editor
+    }
+
+    Menu {
+        id: menu
+
+        objectName: "editorMenu"
+        y: root.height + Theme.gapSmall
+        width: Theme.fleetMenuWidth
+        padding: Theme.gapSmall
+
+        background: Rectangle {
+            radius: Theme.radiusRow
+            color: Theme.surface
+            border.width: Theme.hairline
+            border.color: Theme.stroke
+        }
+
+        FleetMenuEntry {
+            objectName: "exportSettingsItem"
+            text: qsTr("Export settings\u2026")
+            glyph: Glyphs.exportAll
+            Accessible.name: qsTr("Export settings")
+            onTriggered: exportDialog.open()
+        }
+        FleetMenuEntry {
+            objectName: "importSettingsItem"
+            text: qsTr("Import settings\u2026")
+            glyph: Glyphs.restore
+            Accessible.name: qsTr("Import settings")
+            onTriggered: importDialog.open()
+        }
+    }
+
+    FileDialog {
+        id: exportDialog
+
+        title: qsTr("Export settings")
+        fileMode: FileDialog.SaveFile
+        acceptLabel: qsTr("Export")
+        defaultSuffix: "json"
+        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
+        onAccepted: root.exportTo(exportDialog.selectedFile)
+    }
+    FileDialog {
+        id: importDialog
+
+        title: qsTr("Import settings")
+        fileMode: FileDialog.OpenFile
+        acceptLabel: qsTr("Import")
+        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
+        onAccepted: root.importFrom(importDialog.selectedFile)
+    }
+}

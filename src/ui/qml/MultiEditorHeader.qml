@@ -1,0 +1,62 @@
+// The head of the editor of several units: how many are selected, what a
+// save does, and on the right Revert and "Save to <N> units", enabled while
+// some unit would be sent a change and every field set is valid.
+import QtQuick
+import VornLink
+import QtQuick.Layouts
+
+RowLayout {
+    id: root
+
+    required property MultiEditor editor
+    required property int count
+
+    spacing: Theme.gapSection
+
+    ColumnLayout {
+        Layout.fillWidth: true
+        Layout.alignment: Qt.AlignTop
+        spacing: Theme.gapSmall
+
+        Text {
+            objectName: "selectedCount"
+            Layout.fillWidth: true
+            text: qsTr("%1 units selected").arg(root.count)
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.ink
+            font.pixelSize: Theme.fontHeadline
+            font.weight: Font.Bold
+        }
+        Text {
+            objectName: "multiNote"
+            Layout.fillWidth: true
+            Layout.maximumWidth: Theme.multiNoteWidth
+            text: qsTr("Fields the units disagree on show \u201cMixed\u201d. Only the fields you change are written; each unit keeps the rest of its own settings.")
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.inkMuted
+            font.pixelSize: Theme.fontBody
+        }
+    }
+
+    GhostButton {
+        objectName: "multiRevertButton"
+        Layout.alignment: Qt.AlignTop
+        text: qsTr("Revert")
+        tint: Theme.ink
+        enabled: root.editor.dirty
+        Accessible.name: qsTr("Revert the changes to the selected units")
+        onClicked: root.editor.load()
+    }
+    AccentButton {
+        objectName: "multiSaveButton"
+        Layout.alignment: Qt.AlignTop
+        text: qsTr("Save to %1 units").arg(root.count)
+        systemImage: Glyphs.save
+        tint: Theme.cyan
+        enabled: root.editor.canSave
+        Accessible.name: text
+        onClicked: root.editor.save()
+    }
+}

@@ -1,0 +1,205 @@
+// The editor of several units on the fake link: values all units share show,
+// differing ones are mixed, and a save writes each unit only the keys the
+// user set, over that unit's own configuration; the batch list follows the
+// replies. No socket is opened.
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+#include "EditorTestKit.h"
+#include "MultiEditor.h"
+
+using namespace EditorTest;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr const char* kFirst = "127.0.0.2";
+constexpr const char* kSecond = "127.0.0.3";
+constexpr const char* kThird = "127.0.0.4";
+
+class MultiEditorTest : public testing::Test {
+protected:
+    FakeLink link;
+    MultiEditor editor;
+
+    TallySection& tally() { return *editor.tally(); }
+    CommunicationSection& communication() { return *editor.communication(); }
+
+    // Three units sharing a switcher and a password, on channels 1, 2 and 3.
+    void reportThree()
+    {
+        link.report(cleanUnit({{"Channel", "1"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kFirst);
+        link.report(cleanUnit({{"Channel", "2"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kSecond);
+        link.report(cleanUnit({{"Channel", "3"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"},
+                               {"ScenarioType", "3"}, {"SwitcherModel", "2"}}),
+                    kThird);
+    }
+    void open(const QStringList& addresses = {kFirst, kSecond, kThird})
+    {
+        editor.setLink(&link);
+        editor.setAddresses(addresses);
+    }
+    std::vector<FakeLink::Write> writesTo(const std::string& ip) const
+    {
+        std::vector<FakeLink::Write> found;
+        for (const auto& write : link.writes)
+            if (write.ip == ip)
+                found.push_back(write);
+        return found;
+    }
+};
+
+TEST_F(MultiEditorTest, SharedValueShowsAndDifferingValueIsMixed)
+{
+    reportThree();
+    open();
+    EXPECT_EQ(communication().password->text(), "secret");
+    EXPECT_FALSE(communication().password->mixed());
+    EXPECT_EQ(tally().atemIp->text(), "10.0.0.9");
+    EXPECT_TRUE(communication().channel->mixed());
+    EXPECT_EQ(communication().channel->text(), "");
+    EXPECT_TRUE(communication().scene->mixed());
+    EXPECT_FALSE(communication().suppress->mixed());
+    EXPECT_FALSE(communication().wire2->mixed());
+    EXPECT_FALSE(tally().tallyType->mixed());
+}
+
+TEST_F(MultiEditorTest, SwitcherIsMixedWhenEitherNumberDiffers)
+{
+    reportThree();
+    open();
+    EXPECT_TRUE(tally().band->mixed());
+    EXPECT_TRUE(tally().model->mixed());
+    open({kFirst, kSecond});
+    EXPECT_FALSE(tally().band->mixed());
+    EXPECT_FALSE(tally().model->mixed());
+    EXPECT_FALSE(communication().scene->mixed());
+}
+
+TEST_F(MultiEditorTest, NothingChangedCannotBeSaved)
+{
+    reportThree();
+    open();
+    EXPECT_FALSE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
+    editor.save();
+    EXPECT_TRUE(link.writes.empty());
+}
+
+TEST_F(MultiEditorTest, OnlyTouchedKeysAreWrittenToEachUnit)
+{
+    reportThree();
+    open();
+    QSignalSpy state(&editor, &MultiEditor::stateChanged);
+    communication().channel->setText(QStringLiteral("7"));
+    communication().password->setText(QStringLiteral("showtime"));
+    EXPECT_TRUE(editor.canSave());
+    EXPECT_GE(state.count(), 1);
+    editor.save();
+    ASSERT_EQ(link.writes.size(), 3u);
+    for (const char* ip : {kFirst, kSecond, kThird}) {
+        const auto writes = writesTo(ip);
+        ASSERT_EQ(writes.size(), 1u) << ip;
+        EXPECT_EQ(writes.front().changes, (Vorn::Config{{"Channel", "7"}, {"CallMagic", "showtime"}})) << ip;
+    }
+}
+
+TEST_F(MultiEditorTest, UnitAlreadyHoldingTheValueIsNotWritten)
+{
+    reportThree();
+    open();
+    communication().channel->setText(QStringLiteral("2"));
+    editor.save();
+    EXPECT_EQ(writesTo(kFirst).size(), 1u);
+    EXPECT_TRUE(writesTo(kSecond).empty());
+    EXPECT_EQ(writesTo(kThird).size(), 1u);
+    EXPECT_EQ(editor.writer()->count(), 3);
+}
+
+TEST_F(MultiEditorTest, UntouchedNonCanonicalKeyIsLeftAlone)
+{
+    // A single editor would offer SwitcherBand "7" here; the batch only sends what the user set.
+    link.report({{"Channel", "1"}}, kFirst);
+    link.report({{"Channel", "1"}}, kSecond);
+    open({kFirst, kSecond});
+    communication().password->setText(QStringLiteral("x"));
+    editor.save();
+    ASSERT_EQ(link.writes.size(), 2u);
+    for (const auto& write : link.writes)
+        EXPECT_EQ(write.changes, (Vorn::Config{{"CallMagic", "x"}}));
+}
+
+TEST_F(MultiEditorTest, PickingAMixedChoiceWritesItEvenWhereItEqualsTheShownDefault)
+{
+    reportThree();
+    open();
+    // Units 1 and 2 report no ScenarioType (level 1), unit 3 reports 3.
+    communication().scene->setValue(1);
+    EXPECT_TRUE(communication().scene->touched());
+    EXPECT_FALSE(communication().scene->mixed());
+    editor.save();
+    ASSERT_EQ(link.writes.size(), 1u);
+    EXPECT_EQ(link.writes.front().ip, kThird);
+    EXPECT_EQ(link.writes.front().changes, (Vorn::Config{{"ScenarioType", "1"}}));
+}
+
+TEST_F(MultiEditorTest, PickingAMixedSwitcherWritesBothNumbers)
+{
+    reportThree();
+    open();
+    tally().setSwitcherSelection(QStringLiteral("7.0"));
+    editor.save();
+    // Units 1 and 2 already follow 7.0; unit 3 reports model 2.
+    ASSERT_EQ(link.writes.size(), 1u);
+    EXPECT_EQ(link.writes.front().changes, (Vorn::Config{{"SwitcherModel", "0"}}));
+}
+
+TEST_F(MultiEditorTest, InvalidTouchedFieldDisablesSave)
+{
+    reportThree();
+    open();
+    communication().channel->setText(QStringLiteral("7"));
+    communication().password->setText(QStringLiteral("two\nlines"));
+    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
+    editor.save();
+    EXPECT_TRUE(link.writes.empty());
+    communication().password->setText(QStringLiteral("one line"));
+    EXPECT_TRUE(editor.canSave());
+}
+
+TEST_F(MultiEditorTest, VerdictsFollowEachUnitsReply)
+{
+    reportThree();
+    open();
+    communication().channel->setText(QStringLiteral("7"));
+    editor.save();
+    BatchWriter& writer = *editor.writer();
+    EXPECT_EQ(writer.waiting(), 3);
+    // Past the re-query, so the replies count.
+    link.advance(SaveVerdict::kFirstCountedReply + 100ms);
+    link.report(cleanUnit({{"Channel", "7"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kFirst);
+    link.report(cleanUnit({{"Channel", "2"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kSecond);
+    EXPECT_EQ(writer.confirmed(), 1);
+    EXPECT_EQ(writer.data(writer.index(1), BatchWriter::KindRole).toInt(),
+              static_cast<int>(SaveVerdict::Kind::NotConfirmed));
+    link.advance(SaveVerdict::kAnswerDeadline);
+    link.tick();
+    EXPECT_EQ(writer.waiting(), 0);
+    EXPECT_EQ(writer.data(writer.index(2), BatchWriter::KindRole).toInt(),
+              static_cast<int>(SaveVerdict::Kind::NoAnswer));
+}
+
+TEST_F(MultiEditorTest, AnotherSelectionForgetsTheEdits)
+{
+    reportThree();
+    open();
+    communication().channel->setText(QStringLiteral("7"));
+    open({kFirst, kSecond});
+    EXPECT_FALSE(communication().channel->touched());
+    EXPECT_TRUE(communication().channel->mixed());
+    EXPECT_FALSE(editor.dirty());
+}
+
+}  // namespace

@@ -1,0 +1,263 @@
+import QtQuick
+import QtTest
+import TestKit
+import VornLink
+
+// The editor of several units and one unit's export and import, clicked
+// through against vorn-sim on loopback addresses: "Mixed" where the units
+// differ, a batch save that writes each unit its own configuration with only
+// the changed keys over it, the verdict of each, and a file round trip.
+TestCase {
+    id: testCase
+
+    name: "MultiEditorClickThrough"
+    when: windowShown
+    visible: true
+    width: 1040
+    height: 680
+
+    property VornClient client
+    property var sims: []
+    property var view
+
+    Component {
+        id: viewComponent
+
+        ContentView {
+            width: 1040
+            height: 680
+        }
+    }
+
+    function unitConfig(ip, serial, channel) {
+        return {
+            IPAddress: ip, Netmask: "255.0.0.0", Gateway: "127.0.0.1", ManagerIp: "127.0.0.1",
+            AtemIp: "192.168.10.240", AtemPort: "9910", SwitcherBand: "7", SwitcherModel: "0",
+            AtemExtTally: "0", TallyType: "2", TallyGpioType: "1", Channel: channel, CallMagic: "studio",
+            ScenarioType: "1", SilenceSuppress: "0", Wire2Enable: "0", Serial: serial, Version: "2.4.1"
+        };
+    }
+
+    // Three units on channels 1, 2 and 3; the third also at scene level 3,
+    // tally type 5 and with Wire2 on.
+    function threeUnits() {
+        return [
+            { ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000M1", "1") },
+            { ip: "127.0.0.4", config: unitConfig("127.0.0.4", "KT4-0000M2", "2") },
+            { ip: "127.0.0.5", config: Object.assign(unitConfig("127.0.0.5", "KT4-0000M3", "3"),
+                                                     { ScenarioType: "3", TallyType: "5", Wire2Enable: "1" }) }
+        ];
+    }
+
+    function init() {
+        client = TestKit.makeClient();
+        view = createTemporaryObject(viewComponent, testCase, { client: client });
+    }
+
+    function cleanup() {
+        for (const sim of sims)
+            sim.stop();
+        sims = [];
+    }
+
+    function child(name) {
+        return findChild(view, name);
+    }
+
+    function row(index) {
+        const list = child("deviceList");
+        list.forceLayout();
+        return list.itemAtIndex(index);
+    }
+
+    function multi(name) {
+        return findChild(child("selectedUnitsView"), name);
+    }
+
+    function simulate(units) {
+        const started = [];
+        for (const unit of units) {
+            const sim = TestKit.startSimulatorAt(client, unit.ip, [unit]);
+            verify(sim.isListening());
+            started.push(sim);
+        }
+        sims = started;
+        TestKit.startWithoutRepeats(client);
+        for (const unit of units)
+            client.sendDiscover(unit.ip);
+        tryCompare(client, "deviceCount", units.length, 5000);
+        waitForRendering(child("deviceList"));
+    }
+
+    function shoot(name) {
+        waitForRendering(view);
+        grabImage(view).save(TestKit.shotPath(name));
+    }
+
+    function selectAll(count) {
+        mouseClick(row(0));
+        for (let i = 1; i < count; ++i)
+            mouseClick(row(i), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
+        verify(child("selectedUnitsLoader").active);
+        compare(child("selectedCount").text, count + " units selected");
+    }
+
+    // Clicks into the form row `name` and types `text` over what it holds.
+    function typeInto(name, text) {
+        const field = multi(name).field;
+        mouseClick(field);
+        verify(field.activeFocus);
+        field.selectAll();
+        keyClick(Qt.Key_Delete);
+        for (const character of text)
+            keyClick(character);
+    }
+
+    // The last write a unit received (a write goes out twice, both copies alike).
+    function lastWrite(index) {
+        const writes = sims[index].writes();
+        return writes.length > 0 ? writes[writes.length - 1].config : null;
+    }
+
+    function test_fields_the_units_differ_on_show_mixed() {
+        simulate(threeUnits());
+        selectAll(3);
+        const channel = multi("channelField");
+        compare(channel.text, "");
+        compare(channel.field.placeholderText, "Mixed");
+        compare(multi("passwordField").text, "studio");
+        compare(multi("atemIpField").text, "192.168.10.240");
+        compare(findChild(multi("scenePicker"), "pickerText").text, "Mixed");
+        compare(findChild(multi("suppressPicker"), "pickerText").text, "0 \u00b7 Off");
+        compare(findChild(multi("tallyTypeStepper"), "stepperTitle").text, "Mixed");
+        compare(findChild(multi("gpioTypeStepper"), "stepperTitle").text, "gpio 1");
+        verify(multi("wire2Toggle").mixed);
+        // Not the network: addresses are per unit.
+        compare(findChild(child("selectedUnitsView"), "networkPanel"), null);
+        verify(!multi("multiSaveButton").enabled);
+        compare(multi("multiSaveButton").text, "Save to 3 units");
+        shoot("multi-editor-mixed.png");
+    }
+
+    function test_batch_save_writes_only_the_changed_keys_to_each_unit() {
+        const units = threeUnits();
+        simulate(units);
+        selectAll(3);
+        const before = sims.map(sim => sim.writes().length);
+        typeInto("channelField", "7");
+        typeInto("passwordField", "show");
+        verify(multi("multiSaveButton").enabled);
+        mouseClick(multi("multiSaveButton"));
+        for (let i = 0; i < 3; ++i)
+            tryVerify(() => sims[i].writes().length > before[i], 3000);
+        // Each unit its own configuration, with only Channel and CallMagic changed.
+        for (let i = 0; i < 3; ++i) {
+            const written = lastWrite(i);
+            const expected = Object.assign({}, units[i].config, { Channel: "7", CallMagic: "show" });
+            for (const key of TestKit.writeKeys())
+                compare(written[key], expected[key], units[i].ip + " " + key);
+        }
+        const verdicts = multi("batchVerdicts");
+        tryVerify(() => verdicts.count === 3 && child("selectedUnitsView").editor.writer.waiting === 0, 6000);
+        verdicts.forceLayout();
+        for (let i = 0; i < 3; ++i)
+            compare(findChild(verdicts.itemAtIndex(i), "verdictText").text, "Saved \u00b7 confirmed");
+        compare(multi("batchProgress").text, "3 of 3 units confirmed");
+        // The replies carry the new values: nothing left to save.
+        tryVerify(() => !multi("multiSaveButton").enabled);
+        shoot("multi-editor-verdicts.png");
+    }
+
+    function test_a_unit_that_already_holds_the_value_is_not_written() {
+        simulate(threeUnits());
+        selectAll(3);
+        const before = sims.map(sim => sim.writes().length);
+        typeInto("channelField", "2");
+        mouseClick(multi("multiSaveButton"));
+        tryVerify(() => sims[0].writes().length > before[0] && sims[2].writes().length > before[2], 3000);
+        wait(300);
+        compare(sims[1].writes().length, before[1]);
+        const verdicts = multi("batchVerdicts");
+        tryVerify(() => child("selectedUnitsView").editor.writer.waiting === 0, 6000);
+        verdicts.forceLayout();
+        compare(findChild(verdicts.itemAtIndex(1), "verdictText").text, "Nothing to change");
+    }
+
+    function test_save_is_disabled_while_a_changed_field_is_invalid() {
+        simulate(threeUnits());
+        selectAll(3);
+        typeInto("channelField", "7");
+        verify(multi("multiSaveButton").enabled);
+        // A line break cannot travel in a unit's value.
+        child("selectedUnitsView").editor.communication.password.text = "two\nlines";
+        verify(!multi("multiSaveButton").enabled);
+        const before = sims.map(sim => sim.writes().length);
+        mouseClick(multi("multiSaveButton"));
+        wait(300);
+        compare(sims.map(sim => sim.writes().length), before);
+        typeInto("passwordField", "one");
+        verify(multi("multiSaveButton").enabled);
+    }
+
+    function test_export_then_import_round_trip() {
+        simulate([{ ip: "127.0.0.6", config: unitConfig("127.0.0.6", "KT4-0000X1", "4") }]);
+        mouseClick(row(0));
+        const detail = child("detailLoader");
+        tryVerify(() => detail.item !== null);
+        const menuButton = findChild(detail.item, "editorMenuButton");
+        mouseClick(menuButton);
+        tryVerify(() => menuButton.menu.opened);
+        shoot("editor-file-menu.png");
+        menuButton.menu.close();
+        tryVerify(() => !menuButton.menu.visible);
+        const file = TestKit.scratchFile("one-unit.json");
+        verify(menuButton.exportTo(file));
+        verify(TestKit.readTextFile(file).indexOf("\"KT4-0000X1\"") >= 0);
+
+        // The unit is changed, then the file puts the old values back in the editor.
+        const editor = detail.item.editor;
+        editor.communication.channel.text = "9";
+        mouseClick(findChild(detail.item, "saveButton"));
+        tryVerify(() => client.deviceData("127.0.0.6").config.Channel === "9", 5000);
+        verify(menuButton.importFrom(file));
+        compare(findChild(detail.item, "channelField").text, "4");
+        verify(findChild(detail.item, "unsavedMark").visible);
+        verify(findChild(detail.item, "transferMessage").visible);
+        const sent = sims[0].writes().length;
+        wait(200);
+        compare(sims[0].writes().length, sent);
+        mouseClick(findChild(detail.item, "saveButton"));
+        tryVerify(() => sims[0].writes().length > sent, 3000);
+        compare(lastWrite(0).Channel, "4");
+        tryVerify(() => client.deviceData("127.0.0.6").config.Channel === "4", 5000);
+    }
+
+    function test_import_of_a_file_without_this_unit_changes_nothing() {
+        simulate([{ ip: "127.0.0.7", config: unitConfig("127.0.0.7", "KT4-0000Y1", "4") }]);
+        const other = TestKit.makeClient();
+        TestKit.ingest(other, "10.1.1.1", unitConfig("10.1.1.1", "KT4-0000Z1", "8"));
+        TestKit.ingest(other, "10.1.1.2", unitConfig("10.1.1.2", "KT4-0000Z2", "9"));
+        const exporter = Qt.createQmlObject("import VornLink; BackupExport {}", testCase);
+        exporter.client = other;
+        const file = TestKit.scratchFile("others.json");
+        verify(exporter.exportAll(file));
+        exporter.destroy();
+
+        mouseClick(row(0));
+        const detail = child("detailLoader");
+        tryVerify(() => detail.item !== null);
+        const menuButton = findChild(detail.item, "editorMenuButton");
+        verify(!menuButton.importFrom(file));
+        const message = findChild(detail.item, "transferMessage");
+        verify(message.visible);
+        verify(message.text.indexOf("KT4-0000Y1") >= 0, message.text);
+        compare(detail.item.editor.communication.channel.text, "4");
+        verify(!findChild(detail.item, "unsavedMark").visible);
+
+        const broken = TestKit.scratchFile("broken.json");
+        verify(TestKit.writeTextFile(broken, "{\"format\": \"vornlink-backup\""));
+        verify(!menuButton.importFrom(broken));
+        verify(message.text.indexOf("broken.json") >= 0, message.text);
+        verify(!findChild(detail.item, "unsavedMark").visible);
+    }
+}
