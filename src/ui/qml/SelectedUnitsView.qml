@@ -22,51 +22,59 @@ Item {
         addresses: root.addresses
     }
 
-    ColumnLayout {
+    // The form exists only while shown: the editor of one unit uses the same
+    // control names, and a hidden copy would answer for them.
+    Loader {
+        objectName: "multiForm"
         anchors.fill: parent
-        spacing: Theme.multiSpacing
-
-        MultiEditorHeader {
-            objectName: "multiHeader"
-            Layout.fillWidth: true
-            editor: multiEditor
-            count: root.addresses.length
-        }
-
-        BatchVerdictList {
-            objectName: "batchVerdictList"
-            Layout.fillWidth: true
-            writer: multiEditor.writer
-        }
-
-        Flickable {
-            id: scroller
-
-            objectName: "multiScroller"
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            clip: true
-            contentWidth: width
-            contentHeight: panels.implicitHeight + Theme.multiMargin
-            boundsBehavior: Flickable.StopAtBounds
-
+        active: root.visible
+        sourceComponent: Component {
             ColumnLayout {
-                id: panels
-
-                width: scroller.width
                 spacing: Theme.multiSpacing
 
-                TallyPanel {
-                    objectName: "multiTallyPanel"
+                MultiEditorHeader {
+                    objectName: "multiHeader"
+                    Layout.fillWidth: true
                     editor: multiEditor
+                    count: root.addresses.length
                 }
-                CommunicationPanel {
-                    objectName: "multiCommunicationPanel"
-                    editor: multiEditor
+
+                BatchVerdictList {
+                    objectName: "batchVerdictList"
+                    Layout.fillWidth: true
+                    writer: multiEditor.writer
+                }
+
+                Flickable {
+                    id: scroller
+
+                    objectName: "multiScroller"
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    clip: true
+                    contentWidth: width
+                    contentHeight: panels.implicitHeight + Theme.multiMargin
+                    boundsBehavior: Flickable.StopAtBounds
+
+                    ColumnLayout {
+                        id: panels
+
+                        width: scroller.width
+                        spacing: Theme.multiSpacing
+
+                        TallyPanel {
+                            objectName: "multiTallyPanel"
+                            editor: multiEditor
+                        }
+                        CommunicationPanel {
+                            objectName: "multiCommunicationPanel"
+                            editor: multiEditor
+                        }
+                    }
+
+                    ScrollBar.vertical: ScrollBar {}
                 }
             }
-
-            ScrollBar.vertical: ScrollBar {}
         }
     }
 }
