@@ -7,10 +7,8 @@
 // EditorLink.
 #pragma once
 
-#include <memory>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QVariantList>
 #include <QVariantMap>

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include <QAbstractListModel>
-#include <QPointer>
 
 #include "EditorLink.h"
 #include "LinkSlot.h"

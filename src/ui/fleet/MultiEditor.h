@@ -5,12 +5,10 @@
 // unit, through the BatchWriter that lists every unit's verdict.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 
 #include "BatchWriter.h"
