@@ -268,6 +268,7 @@ TestCase {
         const message = findChild(detail.item, "transferMessage");
         verify(message.visible);
         verify(message.text.indexOf("KT4-0000Y1") >= 0, message.text);
+        shoot("editor-import-refused.png");
         compare(detail.item.editor.communication.channel.text, "4");
         verify(!findChild(detail.item, "unsavedMark").visible);
 
