@@ -197,6 +197,12 @@ TestCase {
         compare(sims.map(sim => sim.writes().length), before);
         typeInto("passwordField", "one");
         verify(multi("multiSaveButton").enabled);
+        // Reload drops the changes: the units' values again, Mixed where they differ.
+        mouseClick(multi("multiReloadButton"));
+        compare(multi("channelField").text, "");
+        compare(multi("channelField").field.placeholderText, "Mixed");
+        compare(multi("passwordField").text, "studio");
+        verify(!multi("multiSaveButton").enabled);
     }
 
     function test_export_then_import_round_trip() {
