@@ -197,6 +197,12 @@ TestCase {
         compare(sims.map(sim => sim.writes().length), before);
         typeInto("passwordField", "one");
         verify(multi("multiSaveButton").enabled);
+        // Reload drops the changes: the units' values again, Mixed where they differ.
+        mouseClick(multi("multiReloadButton"));
+        compare(multi("channelField").text, "");
+        compare(multi("channelField").field.placeholderText, "Mixed");
+        compare(multi("passwordField").text, "studio");
+        verify(!multi("multiSaveButton").enabled);
     }
 
     function test_export_then_import_round_trip() {
@@ -232,6 +238,23 @@ TestCase {
         tryVerify(() => client.deviceData("127.0.0.6").config.Channel === "4", 5000);
     }
 
+    // data/vornctl-backup.json was written by "vornctl backup" (units
+    // KT4-0000F1 on channel 3 and KT4-0000F2 on channel 4): the editor takes
+    // the unit with its own serial from it.
+    function test_import_takes_this_units_serial_from_a_vornctl_backup() {
+        simulate([{ ip: "127.0.0.8", config: unitConfig("127.0.0.8", "KT4-0000F2", "9") }]);
+        mouseClick(row(0));
+        const detail = child("detailLoader");
+        tryVerify(() => detail.item !== null);
+        verify(findChild(detail.item, "editorMenuButton").importFrom(Qt.resolvedUrl("data/vornctl-backup.json")));
+        compare(findChild(detail.item, "channelField").text, "4");
+        verify(findChild(detail.item, "unsavedMark").visible);
+        // The file's address is another one: the network fields take it, for Apply only.
+        compare(findChild(detail.item, "ipAddrField").text, "10.232.1.2");
+        verify(findChild(detail.item, "applyNetworkButton").enabled);
+        verify(findChild(detail.item, "saveButton").enabled);
+    }
+
     function test_import_of_a_file_without_this_unit_changes_nothing() {
         simulate([{ ip: "127.0.0.7", config: unitConfig("127.0.0.7", "KT4-0000Y1", "4") }]);
         const other = TestKit.makeClient();
@@ -251,6 +274,7 @@ TestCase {
         const message = findChild(detail.item, "transferMessage");
         verify(message.visible);
         verify(message.text.indexOf("KT4-0000Y1") >= 0, message.text);
+        shoot("editor-import-refused.png");
         compare(detail.item.editor.communication.channel.text, "4");
         verify(!findChild(detail.item, "unsavedMark").visible);
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "ClientLink.h"
 #include "ConfigConversion.h"
 #include "FleetValues.h"
 #include "SettingKeys.h"
@@ -19,34 +18,40 @@ DeviceEditor::~DeviceEditor() = default;
 
 void DeviceEditor::setClient(VornClient* client)
 {
-    if (client == client_)
+    if (client == links_.client())
         return;
-    if (client_)
-        disconnect(client_, nullptr, this, nullptr);
-    client_ = client;
-    if (client_)
-        connect(client_, &QObject::destroyed, this, &DeviceEditor::clientChanged);
-    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
-    attach(link.get());
-    ownLink_ = std::move(link);
+    if (VornClient* before = links_.client())
+        disconnect(before, nullptr, this, nullptr);
+    detach();
+    links_.useClient(client);
+    attach();
+    if (client)
+        connect(client, &QObject::destroyed, this, &DeviceEditor::clientChanged);
     emit clientChanged();
     loadWhenReady();
 }
 
 void DeviceEditor::setLink(EditorLink* link)
 {
-    attach(link);
-    ownLink_.reset();
+    detach();
+    links_.useLink(link);
+    attach();
     loadWhenReady();
 }
 
-void DeviceEditor::attach(EditorLink* link)
+void DeviceEditor::detach()
 {
-    if (link_)
-        disconnect(link_, nullptr, this, nullptr);
-    link_ = link;
-    if (link_)
-        connect(link_, &EditorLink::changed, this, &DeviceEditor::refresh);
+    // The verdict lets go of the link first: it may be about to go.
+    verdict_.setLink(nullptr);
+    if (EditorLink* link = links_.link())
+        disconnect(link, nullptr, this, nullptr);
+}
+
+void DeviceEditor::attach()
+{
+    EditorLink* link = links_.link();
+    if (link)
+        connect(link, &EditorLink::changed, this, &DeviceEditor::refresh);
     verdict_.setLink(link);
 }
 
@@ -63,7 +68,7 @@ void DeviceEditor::setIp(const QString& ip)
 void DeviceEditor::loadWhenReady()
 {
     // Until the editor knows both its link and its unit there is nothing to load.
-    if (link_ && !ip_.isEmpty())
+    if (links_.link() && !ip_.isEmpty())
         load();
     else
         refresh();
@@ -71,7 +76,8 @@ void DeviceEditor::loadWhenReady()
 
 void DeviceEditor::load()
 {
-    const auto unit = link_ ? link_->unit(ip_.toStdString()) : std::nullopt;
+    const EditorLink* link = links_.link();
+    const auto unit = link ? link->unit(ip_.toStdString()) : std::nullopt;
     store_.fields = loadFields(unit ? unit->config : Vorn::Config{});
     for (EditorSection* section : {static_cast<EditorSection*>(&tally_),
                                    static_cast<EditorSection*>(&communication_), static_cast<EditorSection*>(&network_)})
@@ -114,9 +120,10 @@ void DeviceEditor::takeValues(const Vorn::Config& values)
 void DeviceEditor::write(const Vorn::Config& changes)
 {
     // The fields stay as they are: the unit's next reply clears "dirty".
-    if (changes.empty() || !link_)
+    EditorLink* link = links_.link();
+    if (changes.empty() || !link)
         return;
-    link_->write(ip_.toStdString(), changes);
+    link->write(ip_.toStdString(), changes);
     verdict_.track(ip_.toStdString(), changes);
 }
 
@@ -129,7 +136,8 @@ void DeviceEditor::onEdited()
 
 void DeviceEditor::refresh()
 {
-    const auto unit = link_ ? link_->unit(ip_.toStdString()) : std::nullopt;
+    const EditorLink* link = links_.link();
+    const auto unit = link ? link->unit(ip_.toStdString()) : std::nullopt;
     Vorn::Config live = unit ? unit->config : Vorn::Config{};
     const bool liveMoved = live != store_.live;
     store_.live = std::move(live);
@@ -138,7 +146,7 @@ void DeviceEditor::refresh()
     tally_.refresh();
     communication_.refresh();
     network_.refresh();
-    header_.update(unit, unit && link_->isOnline(*unit), ip_, store_.fields);
+    header_.update(unit, unit && link->isOnline(*unit), ip_, store_.fields);
 
     Sending now;
     now.dirty = tally_.dirty() || communication_.dirty();

@@ -7,10 +7,8 @@
 // EditorLink.
 #pragma once
 
-#include <memory>
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QVariantList>
 #include <QVariantMap>
@@ -18,6 +16,7 @@
 #include "CommunicationSection.h"
 #include "EditorHeader.h"
 #include "EditorLink.h"
+#include "LinkSlot.h"
 #include "NetworkSection.h"
 #include "SaveVerdict.h"
 #include "TallySection.h"
@@ -65,7 +64,7 @@ public:
     // user reviews and sends with Save changes, or Apply for the network.
     void takeValues(const Vorn::Config& values);
 
-    VornClient* client() const { return client_; }
+    VornClient* client() const { return links_.client(); }
     // Talks to `client` through a ClientLink of its own.
     void setClient(VornClient* client);
     // Talks to `link` instead, which outlives the editor or is replaced first.
@@ -108,16 +107,15 @@ private:
         bool canApplyNetwork = false;
     };
 
-    void attach(EditorLink* link);
+    void detach();
+    void attach();
     void loadWhenReady();
     // Re-reads the unit and announces whatever changed; replies and clock ticks come here.
     void refresh();
     void onEdited();
     void write(const Vorn::Config& changes);
 
-    QPointer<VornClient> client_;
-    std::unique_ptr<EditorLink> ownLink_;
-    QPointer<EditorLink> link_;
+    LinkSlot links_;
     QString ip_;
     QString loadedFor_;
     EditorStore store_;

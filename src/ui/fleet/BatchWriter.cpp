@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "ClientLink.h"
 #include "FleetValues.h"
 #include "ValueSafety.h"
 
@@ -12,35 +11,39 @@ BatchWriter::~BatchWriter() = default;
 
 void BatchWriter::setClient(VornClient* client)
 {
-    if (client == client_)
+    if (client == links_.client())
         return;
-    client_ = client;
-    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
-    attach(link.get());
-    ownLink_ = std::move(link);
+    detach();
+    links_.useClient(client);
+    attach();
     emit clientChanged();
 }
 
 void BatchWriter::setLink(EditorLink* link)
 {
-    attach(link);
-    ownLink_.reset();
+    detach();
+    links_.useLink(link);
+    attach();
 }
 
-void BatchWriter::attach(EditorLink* link)
+void BatchWriter::detach()
 {
     clear();
-    if (link_)
-        disconnect(link_, nullptr, this, nullptr);
-    link_ = link;
+    if (EditorLink* link = links_.link())
+        disconnect(link, nullptr, this, nullptr);
+}
+
+void BatchWriter::attach()
+{
     // The verdicts settle on replies and on the deadline, as a single save's does.
-    if (link_)
-        connect(link_, &EditorLink::changed, this, &BatchWriter::judgeAll);
+    if (EditorLink* link = links_.link())
+        connect(link, &EditorLink::changed, this, &BatchWriter::judgeAll);
 }
 
 void BatchWriter::write(const std::vector<UnitWrite>& units)
 {
-    if (!link_)
+    EditorLink* link = links_.link();
+    if (!link)
         return;
     beginResetModel();
     rows_.clear();
@@ -48,7 +51,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
     for (const auto& unit : units) {
         Row row;
         row.address = QString::fromStdString(unit.address);
-        const auto device = link_->unit(unit.address);
+        const auto device = link->unit(unit.address);
         row.title = device ? device->title() : row.address;
         row.changes = unit.changes;
         // The client would refuse it too, silently; the list says why.
@@ -56,7 +59,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         if (auto refused = Settings::writeRefusal(unit.changes, Settings::overlay(live, unit.changes)))
             row.refused = QString::fromStdString(*refused);
         row.verdict = std::make_unique<SaveVerdict>();
-        row.verdict->setLink(link_);
+        row.verdict->setLink(link);
         rows_.push_back(std::move(row));
     }
     endResetModel();
@@ -70,7 +73,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         if (row.changes.empty() || !row.refused.isEmpty())
             continue;
         const std::string address = row.address.toStdString();
-        link_->write(address, row.changes);
+        link->write(address, row.changes);
         row.verdict->track(address, row.changes);
     }
     emit progressChanged();

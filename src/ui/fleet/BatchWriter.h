@@ -10,9 +10,9 @@
 #include <vector>
 
 #include <QAbstractListModel>
-#include <QPointer>
 
 #include "EditorLink.h"
+#include "LinkSlot.h"
 #include "SaveVerdict.h"
 #include "VornClient.h"
 
@@ -42,7 +42,7 @@ public:
     explicit BatchWriter(QObject* parent = nullptr);
     ~BatchWriter() override;
 
-    VornClient* client() const { return client_; }
+    VornClient* client() const { return links_.client(); }
     // Talks to `client` through a ClientLink of its own.
     void setClient(VornClient* client);
     // Talks to `link` instead, which outlives the writer or is replaced first.
@@ -73,11 +73,11 @@ private:
         std::unique_ptr<SaveVerdict> verdict;
     };
 
-    void attach(EditorLink* link);
+    // Leaves the current link (and the batch on it) before another is taken, then follows the new one.
+    void detach();
+    void attach();
     void judgeAll();
 
-    QPointer<VornClient> client_;
-    std::unique_ptr<EditorLink> ownLink_;
-    QPointer<EditorLink> link_;
+    LinkSlot links_;
     std::vector<Row> rows_;
 };

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <utility>
 
-#include "ClientLink.h"
 #include "FleetValues.h"
 
 MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
@@ -17,32 +16,37 @@ MultiEditor::~MultiEditor() = default;
 
 void MultiEditor::setClient(VornClient* client)
 {
-    if (client == client_)
+    if (client == links_.client())
         return;
-    client_ = client;
-    auto link = client ? std::make_unique<ClientLink>(client) : nullptr;
-    attach(link.get());
-    writer_.setLink(link.get());
-    ownLink_ = std::move(link);
+    detach();
+    links_.useClient(client);
+    attach();
     emit clientChanged();
     load();
 }
 
 void MultiEditor::setLink(EditorLink* link)
 {
-    attach(link);
-    writer_.setLink(link);
-    ownLink_.reset();
+    detach();
+    links_.useLink(link);
+    attach();
     load();
 }
 
-void MultiEditor::attach(EditorLink* link)
+void MultiEditor::detach()
 {
-    if (link_)
-        disconnect(link_, nullptr, this, nullptr);
-    link_ = link;
-    if (link_)
-        connect(link_, &EditorLink::changed, this, &MultiEditor::refresh);
+    // The writer lets go of the link first: it may be about to go.
+    writer_.setLink(nullptr);
+    if (EditorLink* link = links_.link())
+        disconnect(link, nullptr, this, nullptr);
+}
+
+void MultiEditor::attach()
+{
+    EditorLink* link = links_.link();
+    writer_.setLink(link);
+    if (link)
+        connect(link, &EditorLink::changed, this, &MultiEditor::refresh);
 }
 
 void MultiEditor::setAddresses(const QStringList& addresses)
@@ -65,7 +69,8 @@ std::vector<EditorField*> MultiEditor::allFields() const
 
 Vorn::Config MultiEditor::liveOf(const QString& address) const
 {
-    const auto unit = link_ ? link_->unit(address.toStdString()) : std::nullopt;
+    const EditorLink* link = links_.link();
+    const auto unit = link ? link->unit(address.toStdString()) : std::nullopt;
     return unit ? unit->config : Vorn::Config{};
 }
 

@@ -5,17 +5,16 @@
 // unit, through the BatchWriter that lists every unit's verdict.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 
 #include "BatchWriter.h"
 #include "CommunicationSection.h"
 #include "EditorLink.h"
+#include "LinkSlot.h"
 #include "TallySection.h"
 #include "VornClient.h"
 
@@ -45,7 +44,7 @@ public:
     // Writes the fields the user set to every selected unit that differs.
     Q_INVOKABLE void save();
 
-    VornClient* client() const { return client_; }
+    VornClient* client() const { return links_.client(); }
     void setClient(VornClient* client);
     // Talks to `link` instead, which outlives the editor or is replaced first.
     void setLink(EditorLink* link);
@@ -68,15 +67,14 @@ signals:
     void stateChanged();
 
 private:
-    void attach(EditorLink* link);
+    void detach();
+    void attach();
     std::vector<EditorField*> allFields() const;
     Vorn::Config liveOf(const QString& address) const;
     // Re-reads the units: replies change what a save would send.
     void refresh();
 
-    QPointer<VornClient> client_;
-    std::unique_ptr<EditorLink> ownLink_;
-    QPointer<EditorLink> link_;
+    LinkSlot links_;
     QStringList addresses_;
     EditorStore store_;
     TallySection tally_{store_, this};

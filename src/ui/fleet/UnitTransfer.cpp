@@ -42,11 +42,11 @@ bool UnitTransfer::importFrom(const QUrl& file)
     const std::string serial = live == editor_->liveConfig().end() ? std::string() : live->second;
     const auto unit = Settings::unitToImport(backup, serial);
     if (!unit) {
-        const int count = static_cast<int>(backup.units.size());
+        if (backup.units.empty())
+            return finish(true, tr("%1 holds no units").arg(path));
         return finish(true, serial.empty()
-                                ? tr("%1 holds %n unit(s) and this unit reports no serial to choose by", nullptr, count)
-                                      .arg(path)
-                                : tr("%1 holds no unit with serial %2 (%n unit(s))", nullptr, count)
+                                ? tr("%1 holds several units and this unit reports no serial to choose by").arg(path)
+                                : tr("%1 holds several units, none with serial %2")
                                       .arg(path, QString::fromStdString(serial)));
     }
     editor_->takeValues(unit->config);

@@ -1,5 +1,6 @@
 // The head of the editor of several units: how many are selected, what a
-// save does, and on the right Revert and "Save to <N> units", enabled while
+// save does, and on the right Reload (the units' values afresh, edits
+// dropped) and "Save to <N> units", enabled while
 // some unit would be sent a change and every field set is valid.
 import QtQuick
 import VornLink
@@ -41,12 +42,11 @@ RowLayout {
     }
 
     GhostButton {
-        objectName: "multiRevertButton"
+        objectName: "multiReloadButton"
         Layout.alignment: Qt.AlignTop
-        text: qsTr("Revert")
+        text: qsTr("Reload")
         tint: Theme.ink
-        enabled: root.editor.dirty
-        Accessible.name: qsTr("Revert the changes to the selected units")
+        Accessible.name: qsTr("Reload the selected units, dropping the changes")
         onClicked: root.editor.load()
     }
     AccentButton {
