@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Codec cost per datagram: decoding a realistic 18-key configuration report
 // and encoding an 18-key write.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Feeds arbitrary bytes to the backup reader. Whatever it accepts must hold
 // nothing that could break a write datagram, every address must be an
 // address, and writing it out and reading it back must give the same backup.

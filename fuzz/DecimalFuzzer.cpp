@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Checks the strict decimal parser against a plain reference: accepted text
 // is exactly sign? digits+ within 64 bits, and the value is the right one.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Checks the editor's text rules against independent references: the
 // dotted-quad check against a regular expression, and integers read from a
 // unit's configuration against the strict decimal parse.

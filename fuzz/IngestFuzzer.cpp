@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Drives the decode-and-merge path with a stream of arbitrary datagrams and
 // checks the device table afterwards: one entry per address, in text order,
 // only units that sent a report, and a log that never outgrows its limit.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Feeds arbitrary datagrams to the decoder and checks what it promises:
 // never crash, reject short or foreign input, and hand back only valid UTF-8.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How fast replies merge into the device table, with the list model
 // attached as the window has it. Items per second = replies per second.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Main-thread cost of a reply burst reaching the window: the real window
 // (offscreen, software scene graph) on a client that listens on a free
 // loopback port and is fed through ingest, so nothing leaves the machine.

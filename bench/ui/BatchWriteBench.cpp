@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Time from one batch write to the last verdict, the figure a user sees after
 // "Restore <N> units" (or a save to N units): the client finds the units on
 // the private LAN, then BatchWriter sends each unit its change and the clock

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Simulated units for the window benchmarks, fed through ingest instead of
 // the network, and a loopback port for a client that never hears anything.
 #pragma once

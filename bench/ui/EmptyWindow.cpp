@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The baseline for the window's start-up figures: an empty ApplicationWindow
 // in the same style and size, reporting its first frame the same way.
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Frame time of the sidebar list while it scrolls through 10,000 units: the
 // real window (offscreen, software scene graph) on a client that listens on a
 // free loopback port and is fed through ingest, so nothing leaves the machine.

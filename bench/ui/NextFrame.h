@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Frame pacing for the window benchmarks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Starts a program, and reports the time from its start to the first line on
 // its standard error that contains "first frame", and its resident memory a
 // while later; then ends it. With --until, the wait for the memory reading

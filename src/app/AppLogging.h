@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Diagnostics of the window application (off by default; QT_LOGGING_RULES
 // "vornlink.window.info=true" turns them on). Not the user's activity log.
 #pragma once

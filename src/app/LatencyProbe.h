@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Main-thread responsiveness for stress runs. Off by default, and then nothing
 // runs at all; QT_LOGGING_RULES "vornlink.latency.info=true" turns it on:
 // a 20 ms timer notes how late each of its ticks comes, and about once a

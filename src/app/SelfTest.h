@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The headless check behind "vornlink --selftest": broadcast discovery for
 // about 2.4 s and print one line per unit that answered.
 #pragma once

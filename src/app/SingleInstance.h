@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One running window application per user: the first launch listens on a
 // local socket; a later launch tells it to come to the front and ends.
 #pragma once

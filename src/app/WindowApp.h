@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window application: the main window on the process's shared client.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Process entry: the headless self-test is dispatched before any GUI object
 // exists; otherwise the window application runs.
 #include <iostream>

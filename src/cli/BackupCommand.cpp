@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl backup: the configurations of the answering (or listed) units in
 // one backup file.
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl's command line: commands, options, help, version and usage errors.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl's five commands. Each takes arguments already checked by the
 // command line and a bound link, writes results to `out` and progress to
 // `err`, and returns the exit status.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl discover: every unit that answers broadcasts within the timeout.
 #include <nlohmann/json.hpp>
 

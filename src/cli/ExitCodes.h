@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl's exit statuses, as documented in its manual and the README.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl restore: each unit of a backup file matched to a live unit by its
 // serial, else by its address; the editable keys that differ are written and
 // verified (the network keys only when asked for).

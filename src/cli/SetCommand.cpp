@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl set: KEY=VALUE pairs checked by the editor's rules, written as the
 // window's save writes them, and verified against the unit's next report.
 #include "Commands.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl show: one unit's configuration, asked for by unicast.
 #include <nlohmann/json.hpp>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl's line to the units: the device port bound exclusively, replies
 // collected by unit address, and the three exchanges the commands need.
 // Standard C++ only; the receive thread only files replies under a lock.

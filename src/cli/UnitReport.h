@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How vornctl shows a unit: one line for lists, "Key: Value" lines for show,
 // and the JSON object of discover and show.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A write as the window's save sends it, followed by the check of what the
 // unit reports afterwards.
 #pragma once

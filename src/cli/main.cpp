@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl: the scriptable command line for base stations.
 #include <iostream>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Diagnostics of the client, apart from the user-facing activity log.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Configurations stay in their wire form inside the client; they become Qt
 // types only where a view asks for them.
 #pragma once

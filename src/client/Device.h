@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One known base station: its address, the configuration of its latest reply
 // and when that reply was taken. A plain value; identity is the address.
 #pragma once

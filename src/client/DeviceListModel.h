@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client's device table as a list for the views, one row per unit in
 // the table's order. Follows the table row by row and re-evaluates presence
 // on each tick of the client's clock.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // User-perceived characters (extended grapheme clusters) of a text.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Time stamps of the activity log: the user's locale, hours to seconds, no date.
 #pragma once
 

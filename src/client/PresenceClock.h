@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one clock every presence display reads: it tells the time (replaceable
 // for tests) and ticks once a second so "online" can lapse without traffic.
 #pragma once

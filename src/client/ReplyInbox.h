@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hand-over of decoded replies from the receive thread to the main thread.
 // Replies queue up in arrival order; only the first one into an empty inbox
 // asks for a drain, so a burst of replies costs one wake-up of the main thread.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The serials heard under one address lately: two different ones within the
 // window mean two units share the address. Standard C++ only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The long-lived model of the application: owns the UDP endpoint, discovers
 // units, keeps the table of known units sorted by address text, writes
 // configurations and keeps the activity log. Lives on the main thread.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the client knows about the host's networks: discovery on every
 // eligible interface, sending through the interface a unit was heard on, and
 // the two warnings about a unit's address (wrong subnet, address conflict).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The configuration write: the whole configuration goes out, twice, and the
 // unit is asked again shortly after so its own answer updates the table.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The host's IPv4 interfaces, and the two rules discovery needs about them:
 // which ones a broadcast discover goes out through, and whether an address
 // lies in an interface's subnet.

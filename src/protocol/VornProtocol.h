@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The base-station wire format: building discover and write datagrams and
 // decoding what units send back. Pure functions, no I/O, no shared state.
 #pragma once

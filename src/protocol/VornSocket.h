@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program's UDP endpoint: one socket bound to the device port on all
 // interfaces, read by a dedicated "vorn.rx" thread, plus fire-and-forget sends
 // from a fresh socket each time: unicasts (optionally through a chosen

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The endpoint's sends: each from a fresh socket, errors ignored by design.
 #include <arpa/inet.h>
 #include <netinet/in.h>

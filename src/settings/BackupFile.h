@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The backup file: every reported key of one or more units, as reported,
 // with when it was taken. JSON, versioned:
 //   {"format": "vornlink-backup", "version": 1, "taken": "<UTC ISO 8601>",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which live unit a unit of a backup file stands for: the one reporting its
 // serial, else the one at its address. The window's restore review and
 // vornctl restore both go by this rule.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Configurations as the tools list and compare them: the keys of the write
 // key table in its order first, then the others in key order.
 #pragma once

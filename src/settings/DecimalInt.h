@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Strict decimal parsing shared by the codec, the self-test and the editor:
 // an optional '+' or '-', then one or more ASCII digits, nothing else.
 #pragma once

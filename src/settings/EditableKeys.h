@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The keys a user may change, with how each is written and what it may hold:
 // the vocabulary shared by the window's editor, the command line and restore.
 #pragma once

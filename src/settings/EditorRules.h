@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor's small text rules: integers as the unit writes them, reading a
 // key with its fallback, the dotted-quad check and the switcher tag.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor's fields and how they meet the unit's live configuration:
 // loading them, comparing them key by key and collecting what to send.
 #pragma once

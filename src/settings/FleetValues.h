@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Several units edited as one: the value a field shows (equal on every unit,
 // or mixed) and what each unit is sent when the user changes some fields.
 #pragma once

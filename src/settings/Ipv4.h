@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An IPv4 address: the one place that turns dotted-quad text into an address
 // and back. Parsing follows the editor's dotted-quad rule: exactly four
 // pieces between dots, each a strict decimal integer in 0...255 (a sign and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What restoring a backup file would write: per unit of the file, the live
 // unit it matched and the editable keys whose backup value differs from the
 // live one. Network keys are held back unless the user includes them.

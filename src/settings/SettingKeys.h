@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The names of a unit's configuration keys, spelled as the unit spells them,
 // and the fixed key lists built from them. Every other file names keys
 // through this header.

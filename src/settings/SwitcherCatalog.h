@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Names of the video switchers a base station can follow, keyed by the unit's
 // own (band, model) codes, and the presets offered by the switcher picker.
 #pragma once

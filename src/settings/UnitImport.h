@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which unit of a backup file an editor imports: the one with the edited
 // unit's serial, else the file's only unit.
 #pragma once

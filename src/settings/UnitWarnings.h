@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What looks wrong in a unit's reported configuration by the editor's rules:
 // a value the editor could not show as reported, or could never write back.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What can never go into a write datagram: a line feed, carriage return or
 // NUL in a value would end the "Key:Value" line early and start another
 // (a password "x\nIPAddress:10.9.9.9" would move the unit), and a ':' or

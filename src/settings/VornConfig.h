@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A unit's settings: text values by key, unique keys in byte order, like a
 // std::map with the same lookups. The entries sit in one sorted block rather
 // than one allocation each: a unit reports a few dozen short keys, a fleet

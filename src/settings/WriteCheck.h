@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A write checked against the reply that follows it: for every key written,
 // whether the unit now reports the written value, another value, or did not
 // answer at all.

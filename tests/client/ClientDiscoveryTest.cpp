@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Start-up, the discovery timer and the packet path, on loopback: the client
 // listens on 0.0.0.0:P and "broadcasts" to a fake unit on 127.0.0.2:P.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // client_driver: runs one VornClient with the program's defaults (port 23457,
 // limited broadcast) through a scripted scenario and prints what it saw as
 // JSON lines on standard output. The LAN tests run it inside the console

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The device table, lookup, log and sequence counter, driven through ingest
 // without any network traffic.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Shared by the client's LAN suites: client_driver runs a VornClient in the
 // console namespace and prints JSON lines; the simulators log what reached them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client on a private LAN against vorn-sim, on the real port: client_driver
 // runs a VornClient in the console namespace, the simulator logs every
 // datagram that reaches the units side.

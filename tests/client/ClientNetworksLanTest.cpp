@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client on a console with two links: an office link holding the default
 // route and a studio link without gateway, simulated units on both.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client's view of the host's networks, driven through ingest with a
 // chosen arrival interface and a replaced interface list: no traffic.
 #include <gtest/gtest.h>

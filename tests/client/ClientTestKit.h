@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Helpers shared by the client's tests: clients that can reach loopback only,
 // a hand-driven clock and waiting on the Qt event loop.
 #pragma once

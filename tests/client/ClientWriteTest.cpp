@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Configuration writes on loopback: the unit is the fake on 127.0.0.2.
 #include <gtest/gtest.h>
 

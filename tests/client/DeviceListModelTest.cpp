@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The device list model under QAbstractItemModelTester, fed through ingest
 // and a hand-driven clock; no network traffic.
 #include <QAbstractItemModelTester>

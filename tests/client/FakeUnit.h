@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loopback stand-in for a base station: a socket on 127.0.0.2 at the test
 // port (more specific than the client's wildcard bind, so the kernel hands it
 // what the client sends there) that records datagrams and sends reports to

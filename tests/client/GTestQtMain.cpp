@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // gtest entry with a QCoreApplication, so queued calls and timers work.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor's header: the title, the switcher, channel and firmware chips,
 // the tab titles and the network confirmation.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor end to end over loopback: on the window's VornClient (through
 // its ClientLink), what the unit (the client tests' fake on 127.0.0.2)
 // receives, the client's log line of the write, presence by the client's

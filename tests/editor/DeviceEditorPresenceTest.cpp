@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Online chip: fewer than 15.0 s since the unit's last reply, judged by
 // the link's clock, whose tick also makes it lapse without any traffic.
 #include <gtest/gtest.h>

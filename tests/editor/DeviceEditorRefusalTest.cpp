@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A field holding a line feed, carriage return or NUL can never be sent: Save
 // and the network apply become unavailable and `refusal` says why. (The
 // client's own refusal on the wire is checked over loopback.)

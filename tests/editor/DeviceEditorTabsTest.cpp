@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the four tabs show: the switcher picker, banks, steppers, the
 // communication pickers, the network check and confirmation, the details grid.
 #include <gtest/gtest.h>

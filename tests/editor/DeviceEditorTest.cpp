@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor object on a link: loading once per selection, reloading, replies
 // arriving while the user edits, the notifications and the sections' keys.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The verdict after "Save changes" and "Apply": the unit's first reply that
 // left after the re-query against the keys written, a silent unit after four
 // seconds, a move to a new address, and the edits, saves and reloads that end

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Save and the network apply: the changes the editor hands to its link, as the
 // fake link records them. What goes on the wire is checked over loopback in
 // DeviceEditorLoopbackTest.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor's text rules: integers read from the unit, their written form,
 // the dotted-quad check and the switcher tag.
 #include <gtest/gtest.h>

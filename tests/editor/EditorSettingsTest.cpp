@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loading the fields from a configuration and comparing them key by key,
 // without any client: the rules behind "dirty", save and the network apply.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A device editor on a fake link: units report what a test tells them, time
 // moves by hand, and writes are recorded instead of sent. No socket is opened.
 #pragma once

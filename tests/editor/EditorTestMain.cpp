@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // gtest entry with a QCoreApplication, so the client's timers and queued calls work.
 #include <gtest/gtest.h>
 

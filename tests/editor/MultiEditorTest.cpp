@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor of several units on the fake link: values all units share show,
 // differing ones are mixed, and a save writes each unit only the keys the
 // user set, over that unit's own configuration; the batch list follows the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // "Export settings…" and "Import settings…" of the editor header: a unit
 // into a file of one unit and back, by serial or the file's only unit, and
 // files that change nothing. The fake link opens no socket.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One private LAN made by scripts/lan-harness: a console namespace and a units
 // namespace joined by a veth pair, removed again when the object goes away.
 //

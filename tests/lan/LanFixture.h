@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Test support for running vornlink and vorn-sim on a private LAN of two
 // network namespaces (no Qt, standard C++ and POSIX only). Link the static
 // library vorn_lan_fixture; it also brings the paths of the programs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where the programs run on the private LAN are, as set by the build
 // (compile definitions exported by the vorn_lan_fixture library).
 #pragma once

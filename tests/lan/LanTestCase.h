@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Base of the LAN tests: skips when no private LAN can be made here, otherwise
 // gives each test its own namespace pair and scratch directory.
 #pragma once

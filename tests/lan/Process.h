@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A program running inside a network namespace ("ip netns exec NS argv..."),
 // its standard output and error captured to files. The process is killed when
 // the object goes away, if it still runs.

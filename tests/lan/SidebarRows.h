@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window's sidebar diagnostics (category vornlink.sidebar): each report
 // is one line "vornlink.sidebar: rows " followed by a JSON array of
 // [address, title, warnings] triples, one per row shown, top to bottom

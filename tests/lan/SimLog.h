@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The datagrams vorn-sim received, read back from its "--log FILE" output
 // (one JSON object a line: time, src, sport, dst, bytes as lowercase hex).
 #pragma once

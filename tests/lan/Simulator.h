@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vorn-sim running in the units namespace of an IsolatedLan, logging every
 // datagram it receives to a file in the given directory.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Starting a program directly (no shell) with its output sent to files, and
 // collecting its exit status. Internal to the LAN fixture.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole content of a file as text (empty when it cannot be read).
 #pragma once
 

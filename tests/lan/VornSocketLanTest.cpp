@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The UDP endpoint's behaviour that only shows on a real LAN, checked with the
 // lan_probe helper (which drives Vorn::VornSocket) in the console namespace.
 #include "LanTestCase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl backup and restore run for real against vorn-sim on a private LAN.
 #include <nlohmann/json.hpp>
 

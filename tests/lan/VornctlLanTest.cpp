@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl discover, show and set run for real in the console namespace of a
 // private LAN against vorn-sim in the units namespace, on the real port.
 #include <nlohmann/json.hpp>

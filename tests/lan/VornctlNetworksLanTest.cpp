@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vornctl on a console with two links: an office link holding the default
 // route and a studio link without gateway, with a unit outside the studio
 // subnet and two units answering under one studio address.

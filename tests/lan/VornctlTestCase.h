@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Base of the vornctl LAN tests: vornctl in the console namespace, vorn-sim
 // with units from a JSON text in the units namespace, and the simulator's
 // received datagrams sorted by command.

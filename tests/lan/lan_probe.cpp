@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Small helper run inside the LAN tests' namespaces:
 //   lan_probe hold-port PORT      bind UDP PORT on all interfaces without
 //                                 SO_REUSEADDR and keep it until killed

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loopback test kit: a free UDP port, and a fake unit that sits on 127.0.0.2
 // (more specific than the endpoint's wildcard bind, so the kernel hands it the
 // datagrams sent there) and answers every datagram it receives.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which unit of a backup file the editor of one unit imports.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The event loop on a thread, bound to 127.0.0.2 at a free high port, talked
 // to by plain sockets on 127.0.0.1. Loopback only.
 #include "EventLoop.h"

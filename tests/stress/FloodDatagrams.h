@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The datagrams of a flood against the program's port, made from a seeded
 // generator so that a run can be repeated exactly.
 //

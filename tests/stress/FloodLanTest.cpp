@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Floods against the running window: junk of every kind at full speed, then
 // ordinary units; and well-formed reports naming ten thousand units.
 #include "FloodDatagrams.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The soak: the window runs for a long time (30 minutes unless
 // VORN_SOAK_MINUTES says otherwise) with about 500 simulated units whose set
 // churns, while its second link goes down and up every minute. Its resident

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reply storms: N simulated units all answering each discover at once. The
 // program must list every one of them within a few discovery rounds by
 // itself (200 and 1,000 units: within two); how many it lists after each

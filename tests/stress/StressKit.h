@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the stress tests read off the running program: its main-thread latency
 // reports (vornlink.latency), its resident memory and its namespace's UDP
 // counters, and the key=value summary of vorn_flood.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Base of the stress tests: the real vornlink window (offscreen) in the
 // console namespace of a private LAN, with its latency probe on, and the ways
 // to watch it: the probe's reports, its resident memory, its namespace's UDP

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vorn_flood: sends a bounded flood of datagrams at full speed to one address
 // and port, then prints what it sent as one line of key=value pairs. Stress
 // tests run it in the units namespace of a private LAN against the program in

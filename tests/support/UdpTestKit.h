@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Loopback UDP helpers shared by the test suites: a free port, plain sockets,
 // and datagrams shaped as the units send them.
 #pragma once

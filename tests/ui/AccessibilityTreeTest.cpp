@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole window as a screen reader sees it: accessibility switched on the
 // way a platform does it, the accessibility tree walked in each state of the
 // window, and every interactive item checked for a name and its role.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole window offscreen driven by keys alone, shot to PNG with the
 // focus ring showing: in the list, on a field of each editor tab, and on the
 // default button of the network confirmation. Each shot is checked for the

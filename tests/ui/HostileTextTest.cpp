@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whatever a unit reports is shown as the characters it sent: markup stays
 // text and fetches nothing, and very long, right-to-left or combining text
 // neither crashes the window nor pushes its layout out of shape.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The real vornlink on an X display of its own (Xvfb) on the private LAN,
 // driven by key presses alone (xdotool) against vorn-sim: select the unit,
 // change its channel, save with Ctrl+S, switch tabs, open the network

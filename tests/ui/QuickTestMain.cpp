@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runner of the QML tests: the window's module and the test kit, in the
 // same Basic style the program uses.
 #include <QQmlEngine>

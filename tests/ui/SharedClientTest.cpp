@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The engine's client behind QML's SharedClient: made once on first use, the
 // same object for the scene and for C++, one per engine, gone with its engine
 // whatever was declared first, and never made for an engine not given one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vorn-sim as a child process for the click-through tests: bound to a
 // loopback address at a test client's port, units from a list, and every
 // datagram it received read back from its log, decoded.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Rules of the window's sources that no compiler checks. Every text it shows
 // goes through the translator: QML text bindings hold qsTr("...") rather than
 // a bare literal, and the Qt C++ that makes texts (client, window application,

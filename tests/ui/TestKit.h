@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the QML tests need beyond the window's own module: loopback clients
 // (never the device port or a real broadcast), units filed without a network,
 // a clock that stands still, the sequence counter, and a fake unit that

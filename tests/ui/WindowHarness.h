@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole window loaded offscreen on a loopback client, with helpers to
 // feed it units, find its items, read what it shows and save it as PNG.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The real vornlink window (offscreen) on a private LAN against vorn-sim:
 // what the sidebar lists, a unit with markup in its serial, and one running
 // instance per user.

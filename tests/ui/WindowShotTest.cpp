@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole window rendered offscreen in its main states, saved as PNG for a
 // look, and checked for the texts and parts each state must show.
 #include <QQuickStyle>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Listens on TCP 127.0.0.1:PORT and reports every connection on standard
 // error, so a test can tell that nothing tried to fetch from there.
 #include <arpa/inet.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What Linux tells about a running process under /proc, for the programs
 // that measure vornlink from outside (benchmarks, stress tests).
 #pragma once

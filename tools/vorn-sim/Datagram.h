@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A datagram as the simulator sees it on the way in, and one it will send.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulator's record of received datagrams: one JSON object a line,
 // {"time","src","sport","dst","bytes"}, with the bytes as lowercase hex.
 #pragma once

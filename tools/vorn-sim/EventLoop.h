@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulator's single thread: waits on the listening socket, a stop pipe
 // and the next delayed reply; logs every datagram, lets the units respond,
 // sends their replies now or when due.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sole owner of a POSIX descriptor: closes it once, moves, never copies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The walk over consecutive host addresses used to number simulated units.
 #pragma once
 

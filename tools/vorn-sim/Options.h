@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulator's command line: what it parses to, and the help text.
 #pragma once
 

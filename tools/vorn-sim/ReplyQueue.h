@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Replies held back by the `delay` fault, released in due order by the event
 // loop. Time is passed in, so the queue can be driven without waiting.
 #pragma once

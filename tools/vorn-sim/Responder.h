@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the simulated units do with one received datagram: answer a discover
 // with configuration reports, store a write. No I/O; the event loop sends.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A value or a message that says what was wrong; nothing in the simulator's
 // library exits the process, the program decides what an error means.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Seeded chance for the simulated units: the `drop` fault's decisions and
 // the order in which units answer a discover, reproducible for a given seed.
 #pragma once

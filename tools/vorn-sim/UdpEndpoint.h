@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulator's sockets: one listening on ADDR:PORT that reports each
 // datagram's destination address (IP_PKTINFO), and one that sends every
 // reply, choosing a unit's own address as the source when it is local.

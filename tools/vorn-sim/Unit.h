@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One simulated base station: its current address, the configuration it
 // reports, and the misbehaviour it was told to show.
 #pragma once

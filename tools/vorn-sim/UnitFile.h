@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Units described in JSON: [{"ip": "...", "config": {...}, faults...}, ...].
 // A unit gets exactly the configuration written in the file.
 #pragma once

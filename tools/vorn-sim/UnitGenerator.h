@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Realistic configurations for `count` units at consecutive addresses,
 // the same for the same seed on every machine.
 #pragma once

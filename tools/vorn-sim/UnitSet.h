@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The units a run simulates: generated or read from a file, with the
 // command line's faults applied.
 #pragma once

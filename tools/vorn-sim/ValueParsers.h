@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text forms of the simulator's numeric settings, shared by the command line
 // and the units file so both accept exactly the same spellings.
 #pragma once

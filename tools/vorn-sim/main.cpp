@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vorn-sim: answers base-station discovery and writes for simulated units.
 #include <csignal>
 #include <fstream>

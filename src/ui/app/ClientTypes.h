@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client's types as QML sees them: the type VornClient (views take one as
 // a property), the singleton SharedClient (the engine's client, see
 // SharedClient.h), the clock that comes with a client, and the device list

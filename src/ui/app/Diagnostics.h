@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Tells QML whether its optional diagnostics are wanted, so that their work
 // (walking every row of the sidebar) is skipped when nobody reads them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The order in which Tab and Shift+Tab walk the window, given as groups of
 // items: the groups in the order listed, and within a group its focusable
 // items (visible, enabled, taking focus on Tab) in the order of the item

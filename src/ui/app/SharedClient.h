@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client behind QML's SharedClient singleton. Each QML engine owns its
 // client: it is made the first time a scene (or C++ through of()) asks for it
 // and is deleted with the engine, after the engine's scenes are gone. There is

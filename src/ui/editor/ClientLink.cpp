@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "ClientLink.h"
 
 ClientLink::ClientLink(VornClient* client, QObject* parent) : EditorLink(parent), client_(client)

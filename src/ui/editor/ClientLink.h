@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor's link to the window's VornClient: reads and writes go straight
 // to the client; its replies and clock ticks become `changed`.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Communication tab's fields: intercom channel, call password, scene and
 // silence-suppression levels, and the Wire2 switch.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The device editor of one selected unit: three sections of fields (tally,
 // communication, network) over one store of values, the header's texts, and
 // the writes that send what differs from the unit's latest reply. It loads

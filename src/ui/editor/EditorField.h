@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One editable field of the editor: the unit's key it writes, its value in
 // the shared EditorFields, whether it differs from the unit's live value
 // (dirty), whether it may be sent as it is (valid) and whether the user

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The texts the editor's view shows about the unit rather than a field: the
 // header's title and chips, the presence verdict, the tab titles and the
 // network confirmation's title and message.

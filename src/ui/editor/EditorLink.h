@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the editor needs from the client, and no more: the unit at an address
 // as last heard, whether it counts as present, the time, and a way to write
 // changes. `changed` fires on every merged reply and every presence tick.

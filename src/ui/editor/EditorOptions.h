@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The fixed lists the editor's pickers and grid are built from, and the
 // switcher picker's entries for the values being edited.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One section of the editor (tally, communication, network): its fields, its
 // part of the comparison with the unit's live configuration, and whether it
 // differs (dirty) and may be sent (valid). A section declares each field once

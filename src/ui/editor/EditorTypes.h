@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The device editor as QML sees it: each DeviceDetailView makes its own
 // DeviceEditor and binds every control to a field of one of its sections.
 // Compiled into the QML module, which registers these foreign types.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which EditorLink an object of the editor talks through: a ClientLink of
 // its own over the window's client, or a link given from outside (tests).
 #pragma once

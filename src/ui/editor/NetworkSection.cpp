@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "NetworkSection.h"
 
 NetworkSection::NetworkSection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Network tab's fields: the unit's own address, mask and gateway, written
 // only by their own apply, and only while all three are dotted quads.
 #pragma once

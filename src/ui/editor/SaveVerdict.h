@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What became of the editor's last write: after "Save changes" or "Apply" it
 // waits for the unit's first reply that left after the re-query and compares
 // the keys written with the values reported; for a new address it waits for

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Tally tab's fields: the switcher the unit follows (band and model,
 // chosen together from the switcher picker), its address and port, the
 // tally bank and the two type steppers.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // "Export all units…": every unit the list shows, in one backup file of the
 // format vornctl reads and writes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes a change set to each of several units, one write per unit exactly
 // as a single save sends it, and lists every unit with the verdict of its
 // write as it comes in: confirmed, not confirmed (which keys), no answer

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The fleet types as QML makes them: the sidebar's selection, the batch
 // writer with its verdicts, the editor of several units, the restore review
 // and the export of all units; one unit's export and import.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "FleetUnits.h"
 
 std::vector<Settings::LiveUnit> liveUnitsOf(const VornClient& client)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client's listed units in the settings core's terms: as live units for
 // matching and planning, and as a backup of them all.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor of several units at once: the Tally and Communication sections
 // over one store loaded with the values all units share, each field marked
 // mixed where they differ. Saving sends each unit its own latest reported

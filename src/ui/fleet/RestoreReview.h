@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // "Restore from backup…": a backup file held against the units that answer
 // now, one row per unit of the file with the live unit it matched (by serial
 // or by address), the keys that differ ("Key: live → backup") and whether the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which units of the sidebar list are selected, as the user's clicks and keys
 // set it: a plain click selects one unit, Ctrl+click toggles one, Shift+click
 // selects the range from the last clicked unit, select-all takes every listed

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The editor header's "Export settings…" and "Import settings…": one unit
 // into a backup file of one unit, and a backup file's values for the unit
 // (by its serial, or the file's only unit) into the editor as unsaved

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The primary button: dark label on the tint; while disabled, muted text on
 // surface2. Dims and shrinks a little while down, in either look.
 import QtQuick

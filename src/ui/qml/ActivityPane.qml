@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The client's activity log along the bottom of the detail area: every line
 // as the client keeps it, newest last, monospaced and selectable. It follows
 // new lines unless the user has scrolled up to read, and copies all of it.

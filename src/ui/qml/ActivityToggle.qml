@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sidebar's switch for the activity pane: a small labelled button that
 // stays lit while the pane is open, and its keyboard shortcut.
 import QtQuick

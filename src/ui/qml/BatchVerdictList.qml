@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every unit of the last batch save with the verdict of its write, updating
 // as the replies come in; above it, how many are confirmed.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One unit of a batch write with the verdict of its write, and the keys the
 // unit did not confirm.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A small badge: optional symbol and text in the tint, on a faint capsule of it.
 // Given a maximumWidth, a long text is cut short with an ellipsis.
 import QtQuick

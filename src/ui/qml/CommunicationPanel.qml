@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Communication tab: intercom channel, call password (shown as typed),
 // scene and silence-suppression levels, and the Wire2 switch.
 import QtQuick

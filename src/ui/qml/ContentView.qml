@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The content of the main window: the sidebar (known units, manual query,
 // Discover, status) beside the detail of the selected unit, with the
 // activity log below the detail when the user opens it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The head of the editor: the unit's title and address, its chips (presence,
 // the switcher being edited, the channel and firmware it reports, and the
 // network warnings), and on the right Reload and Save changes above the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Details tab: what the unit last reported, read-only, two keys a row,
 // only the keys it reports, then where the unit was heard and, while more
 // than one unit answers under its address, the serials heard there; it

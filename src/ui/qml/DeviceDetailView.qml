@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The right-hand pane for the selected unit: the header, the tab bar and the
 // panel of the selected tab, all bound to this view's DeviceEditor, and the
 // confirmation for network settings. The fields load when the view appears,

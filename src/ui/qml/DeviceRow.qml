@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One base station in the sidebar: icon tile, title over address (with a
 // warning in amber when the unit sits outside its network's subnet or shares
 // its address with another unit), and a dot that is green while the unit is

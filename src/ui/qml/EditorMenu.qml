@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The "…" button of the editor header and its menu: export this unit's
 // settings into a backup file of one unit, or import a backup file's values
 // for it into the editor as unsaved changes. The files come from the native

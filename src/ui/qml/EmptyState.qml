@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the detail column shows while no known unit is selected.
 import QtQuick
 import QtQuick.Layouts

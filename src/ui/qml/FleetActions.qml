@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Work on all units from the sidebar footer's menu: "Export all units…"
 // writes every listed unit into one backup file; "Restore from backup…"
 // opens a file in the restore review. The files come from the native file

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The "…" button of the sidebar footer and its menu of work on all units:
 // export every listed unit into one backup file, or restore from one.
 import QtQuick

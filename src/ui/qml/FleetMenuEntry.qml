@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One entry of the fleet menu: a glyph and a label, highlighted under the
 // pointer or the keyboard.
 import QtQuick

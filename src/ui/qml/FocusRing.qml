@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The ring that shows which control has the keyboard: a line in the focus
 // colour just outside the edge of the item it is placed in, while `shown`.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The secondary button: tinted label on surface2 with a hairline; dims while down.
 import QtQuick
 import QtQuick.Controls.Basic

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The icon font (Material Icons, embedded with its licence) and the glyphs
 // the window draws, named by what they stand for.
 pragma Singleton

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One glyph of the icon font at a size in points of the symbol it stands for.
 // The font draws a glyph within the inner 20 of its 24-unit square, so the
 // pixel size is a fifth larger than the symbol's point size.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The text field of the window: no platform bezel, ink on surface2 in a
 // rounded frame with a hairline. Users set the font size and the paddings.
 import QtQuick

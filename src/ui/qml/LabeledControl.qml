@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A form row: the label in the fixed 116-wide column, then the control at its
 // natural width, then free space.
 import QtQuick

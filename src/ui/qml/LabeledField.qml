@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A form row: the label in the fixed 116-wide column, then a text field that
 // takes the rest of the width.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main window: dark, tinted with the accent, never smaller than 860 x 560.
 import QtQuick
 import QtQuick.Controls.Basic

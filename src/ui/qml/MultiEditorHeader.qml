@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The head of the editor of several units: how many are selected, what a
 // save does, and on the right Reload (the units' values afresh, edits
 // dropped) and "Save to <N> units", enabled while

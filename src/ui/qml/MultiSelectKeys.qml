@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The keys that select several units in the sidebar list while it has the
 // focus: select-all (Ctrl+A) and Shift+Up/Down, which extend the range.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The confirmation before the unit's network settings are written: it names
 // the unit and repeats the new values. "Apply" writes them, "Cancel" does
 // nothing; either closes it, and so does Escape, which counts as Cancel.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Network tab: the unit's own address, mask and gateway, sent only by
 // their own button and only after the confirmation that the view shows.
 // For a unit outside the subnet of the network it was heard on, a note says

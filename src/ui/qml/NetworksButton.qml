@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The small button beside the status line that says on how many networks
 // discovery goes out ("No network" in amber when there is none) and opens
 // the list of those networks.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The networks discovery goes out on: each interface address with its prefix
 // and how many listed units were last heard on it. Escape or a click outside
 // closes it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A titled box on the surface colour: a header with its symbol, the content
 // as a column, and, only when given, a footer note that wraps to any length.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A pop-up choice of the window: the chosen text on surface2 in a rounded
 // frame with a hairline and a handle glyph, the list in the same look. Every
 // text is drawn as plain text (entries can be built from a unit's values).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The network confirmation before a restore writes address settings: every
 // unit whose address, mask or gateway changes with its new values, and the
 // warning once for all. "Apply" goes on with the restore, "Cancel" (or

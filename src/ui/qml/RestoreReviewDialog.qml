@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The review of a backup file against the units that answer now: one row per
 // unit of the file, "Include network settings", and "Restore <N> units",
 // which writes the ticked rows (after the network confirmation when network

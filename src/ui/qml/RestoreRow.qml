@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One unit of a backup file in the restore review: whether to restore it,
 // which live unit it matched and how, and the keys that differ.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window's content: the browser on the process's shared client, which
 // starts listening and discovering when the window first draws this view.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The outcome of the last save or apply under the header's buttons: green when
 // the unit reports every written value, amber when it reports others, did not
 // answer, or moved to a new address; then "Show" selects the unit there. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tab bar of the editor: one button per tab, glyph and title, in a
 // rounded track; the selected one is drawn in the accent. Pressing a button,
 // or its shortcut Ctrl+1, Ctrl+2, ..., only reports its index; the owner

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The detail area while several units are selected: how many, the Tally and
 // Communication fields of them all (one a unit differs on shows "Mixed";
 // addresses stay per unit, so no Network), "Save to <N> units", and after a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The foot of the sidebar: a hairline, the manual address row, the Discover
 // button, the client's status line with the networks discovery goes out on
 // and the number of known units, and the switch of the activity pane.

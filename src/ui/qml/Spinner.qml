@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A small indeterminate spinner: a faint ring with a turning cyan arc.
 import QtQuick
 import QtQuick.Controls.Basic

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A compact stepper: its title (the value in words) beside a pair of - / +
 // buttons on surface2. It only reports presses; the owner decides the value
 // and whether each direction is open.

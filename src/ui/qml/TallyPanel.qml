@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The Tally tab: the switcher the unit follows, its address and port, the
 // bank of twelve camera tallies it drives and the two type settings.
 import QtQuick

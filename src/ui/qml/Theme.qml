@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one palette of the window: dark only, never following the system.
 pragma Singleton
 import QtQuick

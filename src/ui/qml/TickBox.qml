@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A check box drawn from the theme: a rounded square, cyan with a tick when
 // checked; its label is plain text.
 import QtQuick

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A switch: a capsule track, cyan when on and surface2 with a hairline when
 // off, and a light knob that slides across.
 import QtQuick
