@@ -470,14 +470,14 @@ TestCase {
         const menu = child("fleetMenuButton").menu;
         tryVerify(() => menu.opened);
         mouseClick(menu.itemAt(0));
-        tryVerify(() => view.fleet.exportDialog.visible);
+        tryVerify(() => view.fleet.exportDialog.shown);
         shoot("fleet-export-dialog.png");
         view.fleet.exportDialog.close();
-        tryVerify(() => !view.fleet.exportDialog.visible);
+        tryVerify(() => !view.fleet.exportDialog.shown);
         mouseClick(child("fleetMenuButton"));
         tryVerify(() => menu.opened);
         mouseClick(menu.itemAt(1));
-        tryVerify(() => view.fleet.restoreDialog.visible);
+        tryVerify(() => view.fleet.restoreDialog.shown);
         view.fleet.restoreDialog.close();
         // Nothing was exported or opened.
         compare(child("fleetMessage").text, "");

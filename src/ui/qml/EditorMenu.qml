@@ -6,7 +6,6 @@
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
-import QtQuick.Dialogs
 
 GhostButton {
     id: root
@@ -68,23 +67,19 @@ GhostButton {
         }
     }
 
-    FileDialog {
+    BackupFileDialog {
         id: exportDialog
 
         title: qsTr("Export settings")
-        fileMode: FileDialog.SaveFile
         acceptLabel: qsTr("Export")
-        defaultSuffix: "json"
-        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
-        onAccepted: root.exportTo(exportDialog.selectedFile)
+        saving: true
+        onChosen: file => root.exportTo(file)
     }
-    FileDialog {
+    BackupFileDialog {
         id: importDialog
 
         title: qsTr("Import settings")
-        fileMode: FileDialog.OpenFile
         acceptLabel: qsTr("Import")
-        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
-        onAccepted: root.importFrom(importDialog.selectedFile)
+        onChosen: file => root.importFrom(file)
     }
 }

@@ -5,7 +5,6 @@
 // dialogs; exportTo and reviewFile do the same without them.
 import QtQuick
 import VornLink
-import QtQuick.Dialogs
 
 Item {
     id: root
@@ -51,24 +50,20 @@ Item {
         client: root.client
     }
 
-    FileDialog {
+    BackupFileDialog {
         id: exportDialog
 
         title: qsTr("Export all units")
-        fileMode: FileDialog.SaveFile
         acceptLabel: qsTr("Export")
-        defaultSuffix: "json"
-        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
-        onAccepted: root.exportTo(exportDialog.selectedFile)
+        saving: true
+        onChosen: file => root.exportTo(file)
     }
-    FileDialog {
+    BackupFileDialog {
         id: restoreDialog
 
         title: qsTr("Restore from backup")
-        fileMode: FileDialog.OpenFile
         acceptLabel: qsTr("Review")
-        nameFilters: [qsTr("Backup files (*.json)"), qsTr("All files (*)")]
-        onAccepted: root.reviewFile(restoreDialog.selectedFile)
+        onChosen: file => root.reviewFile(file)
     }
 
     RestoreReviewDialog {
