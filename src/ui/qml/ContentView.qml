@@ -299,18 +299,27 @@ SplitView {
             }
 
             // Made only while several units are selected, so its fields never
-            // stand beside the single editor's.
+            // stand beside the single editor's; by URL, like the editor, so its
+            // types are compiled on first use rather than at start.
             Loader {
+                id: selectedUnitsLoader
+
+                function follow() {
+                    if (selectedUnitsLoader.active)
+                        selectedUnitsLoader.setSource("SelectedUnitsView.qml", {
+                            objectName: "selectedUnitsView",
+                            client: root.client,
+                            addresses: Qt.binding(() => unitSelection.addresses)
+                        });
+                    else
+                        selectedUnitsLoader.setSource("");
+                }
+
                 objectName: "selectedUnitsLoader"
                 active: root.multiSelected
                 anchors.fill: parent
                 anchors.margins: Theme.dialogMinimumMargin
-
-                sourceComponent: SelectedUnitsView {
-                    objectName: "selectedUnitsView"
-                    client: root.client
-                    addresses: unitSelection.addresses
-                }
+                onActiveChanged: selectedUnitsLoader.follow()
             }
 
             // The editor comes by URL, so its types are compiled on the first
