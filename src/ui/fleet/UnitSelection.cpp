@@ -23,8 +23,8 @@ void UnitSelection::setModel(QAbstractItemModel* model)
     anchor_ = QPersistentModelIndex();
     if (model) {
         // A unit's row moves when another is listed before it; its address does not.
-        connect(model, &QAbstractItemModel::rowsInserted, this, &UnitSelection::collect);
-        connect(model, &QAbstractItemModel::modelReset, this, &UnitSelection::collect);
+        connect(model, &QAbstractItemModel::rowsInserted, this, &UnitSelection::followListing);
+        connect(model, &QAbstractItemModel::modelReset, this, &UnitSelection::followListing);
     }
     collect();
 }
@@ -106,15 +106,28 @@ QString UnitSelection::primary() const
                                                                : addresses_.front();
 }
 
-void UnitSelection::collect()
+QStringList UnitSelection::selectedAddresses() const
 {
     QStringList addresses;
     QModelIndexList rows = selection_.selectedRows();
     std::sort(rows.begin(), rows.end(), [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
     for (const QModelIndex& row : rows)
         addresses << row.data(DeviceListModel::IpRole).toString();
-    addresses_ = addresses;
-    selected_ = QSet<QString>(addresses.begin(), addresses.end());
+    return addresses;
+}
+
+void UnitSelection::collect()
+{
+    addresses_ = selectedAddresses();
+    selected_ = QSet<QString>(addresses_.begin(), addresses_.end());
     ++revision_;
     emit changed();
+}
+
+void UnitSelection::followListing()
+{
+    // Every arrival lists a row; the selected addresses rarely change with it,
+    // and announcing them would re-run every row's binding per arrival.
+    if (selectedAddresses() != addresses_)
+        collect();
 }

@@ -54,7 +54,11 @@ signals:
 private:
     QModelIndex rowIndex(int row) const;
     void selectRange(const QModelIndex& from, const QModelIndex& to);
+    QStringList selectedAddresses() const;
+    // Takes the selection as it is now and announces it.
     void collect();
+    // After rows were listed: announces only if the selected addresses changed.
+    void followListing();
 
     QItemSelectionModel selection_;
     QAbstractItemModel* model_ = nullptr;
