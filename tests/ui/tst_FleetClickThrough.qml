@@ -481,7 +481,7 @@ TestCase {
         view.fleet.restoreDialog.close();
         // Nothing was exported or opened.
         compare(child("fleetMessage").text, "");
-        verify(!child("restoreReview").visible);
+        compare(child("restoreReview"), null);
     }
 
     function test_each_unit_of_a_restore_gets_its_own_verdict() {

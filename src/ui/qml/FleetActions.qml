@@ -12,7 +12,8 @@ Item {
     required property VornClient client
     readonly property alias review: review
     readonly property alias writer: writer
-    readonly property alias reviewDialog: reviewDialog
+    // The restore review, made by URL the first time a file is reviewed.
+    readonly property var reviewDialog: reviewLoader.item
     readonly property alias exportDialog: exportDialog
     readonly property alias restoreDialog: restoreDialog
     // What the last export did, shown under the footer's menu.
@@ -31,7 +32,13 @@ Item {
     function reviewFile(file) {
         writer.clear();
         review.open(file);
-        reviewDialog.open();
+        if (!reviewLoader.item)
+            reviewLoader.setSource("RestoreReviewDialog.qml", {
+                objectName: "restoreReview",
+                review: review,
+                writer: writer
+            });
+        reviewLoader.item.open();
     }
 
     BackupExport {
@@ -66,11 +73,7 @@ Item {
         onChosen: file => root.reviewFile(file)
     }
 
-    RestoreReviewDialog {
-        id: reviewDialog
-
-        objectName: "restoreReview"
-        review: review
-        writer: writer
+    Loader {
+        id: reviewLoader
     }
 }
