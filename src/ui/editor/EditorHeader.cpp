@@ -55,9 +55,18 @@ QString EditorHeader::confirmTitle() const
 
 QString EditorHeader::confirmMessage() const
 {
-    return tr("New: IP %1, mask %2, gateway %3.\n\nIf the IP changes, the unit reappears in the list under its new "
-              "address. A wrong value can strip it off-network (serial DB9 recovery).")
-        .arg(shown_.ipAddr, shown_.netmask, shown_.gateway);
+    return newNetworkSettings(shown_.ipAddr, shown_.netmask, shown_.gateway) + QStringLiteral("\n\n") + networkChangeWarning();
+}
+
+QString EditorHeader::newNetworkSettings(const QString& ipAddr, const QString& netmask, const QString& gateway)
+{
+    return tr("New: IP %1, mask %2, gateway %3.").arg(ipAddr, netmask, gateway);
+}
+
+QString EditorHeader::networkChangeWarning()
+{
+    return tr("If the IP changes, the unit reappears in the list under its new address. A wrong value can strip it "
+              "off-network (serial DB9 recovery).");
 }
 
 QStringList EditorHeader::tabTitles() const

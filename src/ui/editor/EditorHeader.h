@@ -39,6 +39,10 @@ public:
     QString firmwareChip() const { return shown_.firmwareChip; }
     QString confirmTitle() const;
     QString confirmMessage() const;
+    // "New: IP …, mask …, gateway …." and the warning that follows it: the
+    // confirmation's words, also for a restore that changes addresses.
+    static QString newNetworkSettings(const QString& ipAddr, const QString& netmask, const QString& gateway);
+    static QString networkChangeWarning();
     // Tally, Communication, Network, Details: the order of the tab bar.
     QStringList tabTitles() const;
 

@@ -3,6 +3,7 @@
 
 #include "BackupExport.h"
 #include "BatchWriter.h"
+#include "EditorHeader.h"
 #include "EditorRules.h"
 #include "FleetUnits.h"
 #include "FleetValues.h"
@@ -147,13 +148,12 @@ QString RestoreReview::networkMessage() const
         const auto text = [&](std::string_view key) {
             return QString::fromStdString(EditorRules::liveText(after, key));
         };
-        lines << tr("%1 \u2014 New: IP %2, mask %3, gateway %4.")
-                     .arg(QString::fromStdString(item.liveAddress), text(SettingKeys::kIPAddress),
-                          text(SettingKeys::kNetmask), text(SettingKeys::kGateway));
+        lines << tr("%1 \u2014 %2")
+                     .arg(QString::fromStdString(item.liveAddress),
+                          EditorHeader::newNetworkSettings(text(SettingKeys::kIPAddress), text(SettingKeys::kNetmask),
+                                                           text(SettingKeys::kGateway)));
     }
-    return lines.join(u'\n')
-        + tr("\n\nIf the IP changes, the unit reappears in the list under its new address. "
-             "A wrong value can strip it off-network (serial DB9 recovery).");
+    return lines.join(u'\n') + QStringLiteral("\n\n") + EditorHeader::networkChangeWarning();
 }
 
 void RestoreReview::restore(BatchWriter* writer)
