@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 // Main-thread cost of a reply burst reaching the window: the real window
 // (offscreen, software scene graph) on a client that listens on a free
-// loopback port and is fed through ingest, so nothing leaves the machine.
+// loopback port and is fed through ingestAll, so nothing leaves the machine.
 // Two bursts of new units, each taken in one go as the receive hand-over
 // delivers them: the first half of the units into an empty list, then the
 // other half into the gaps between them (a second discovery round that
-// finds the units the first one missed). Each figure runs from the first
-// ingest to the frame that shows the result.
+// finds the units the first one missed). Each figure runs from handing
+// the burst over to the frame that shows the result.
 //   bench_list_arrivals [UNITS] [REPEATS]   (defaults 5000 and 5)
 // Output: "units=N first_burst_ms=.. gap_burst_ms=.." (medians)
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <vector>
 
 #include <QElapsedTimer>
@@ -55,14 +56,13 @@ struct Window {
     }
 };
 
-// Milliseconds from the first ingest of `burst` to the frame that lists `expected` rows; negative on failure.
+// Milliseconds from handing `burst` over to the frame that lists `expected` rows; negative on failure.
 double takeBurst(Window& view, std::vector<Vorn::Reply> burst, int expected)
 {
     QElapsedTimer clock;
     clock.start();
-    auto* client = SharedClient::of(view.engine);
-    for (auto& reply : burst)
-        client->ingest(std::move(reply));
+    std::vector<HeardReply> heard(std::make_move_iterator(burst.begin()), std::make_move_iterator(burst.end()));
+    SharedClient::of(view.engine)->ingestAll(std::move(heard));
     if (!nextFrame(view.window) || view.list->property("count").toInt() != expected)
         return -1;
     return double(clock.nsecsElapsed()) / 1e6;

@@ -17,12 +17,14 @@ VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject
       inbox_(std::make_shared<ReplyInbox>(kDrainLimits)),
       clock_(new PresenceClock(this)),
       status_(tr("starting\u2026")),
+      activity_(new ActivityLog(kLogLimit, this)),
       seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001))),
       drainTimer_(new QTimer(this))
 {
     drainTimer_->setSingleShot(true);
     connect(drainTimer_, &QTimer::timeout, this, &VornClient::drainWhenSettled);
     connect(clock_, &PresenceClock::ticked, this, &VornClient::rejudgeConflicts);
+    connect(activity_, &ActivityLog::changed, this, &VornClient::logChanged);
 }
 
 VornClient::~VornClient()
@@ -87,14 +89,16 @@ void VornClient::drainWhenSettled()
     if (wait > ReplyInbox::Clock::duration::zero())
         drainTimer_->start(std::chrono::ceil<std::chrono::milliseconds>(wait));
     else
-        ingestInbox();
+        ingestAll(inbox_->takeAll());
 }
 
-void VornClient::ingestInbox()
+void VornClient::ingestAll(std::vector<HeardReply> replies)
 {
     draining_ = true;
-    for (auto& heard : inbox_->takeAll())
+    activity_->hold();
+    for (auto& heard : replies)
         ingest(std::move(heard.reply), heard.arrival);
+    activity_->release();
     draining_ = false;
     if (const auto updated = std::exchange(drainUpdated_, std::nullopt))
         emit devicesUpdated(updated->first, updated->second);
@@ -214,8 +218,5 @@ void VornClient::setStatus(const QString& status)
 
 void VornClient::addLog(const QString& message)
 {
-    log_.append(logTimeText(toDateTime(clock_->now())) + QStringLiteral("  ") + message);
-    if (log_.size() > kLogLimit)
-        log_.remove(0, log_.size() - kLogLimit);
-    emit logChanged();
+    activity_->append(logTimeText(toDateTime(clock_->now())) + QStringLiteral("  ") + message);
 }

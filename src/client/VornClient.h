@@ -21,6 +21,7 @@
 #include <QVariantList>
 #include <QVariantMap>
 
+#include "ActivityLog.h"
 #include "Device.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
@@ -36,6 +37,8 @@ class VornClient : public QObject {
     // True once the endpoint is bound: the status line's dot follows it.
     Q_PROPERTY(bool listening READ listening NOTIFY listeningChanged)
     Q_PROPERTY(QStringList log READ log NOTIFY logChanged)
+    // The same lines as a list model, for views that add only new lines.
+    Q_PROPERTY(ActivityLog* activity READ activity CONSTANT)
     Q_PROPERTY(int deviceCount READ deviceCount NOTIFY deviceCountChanged)
     Q_PROPERTY(QString broadcastAddress READ broadcastAddress CONSTANT)
     Q_PROPERTY(PresenceClock* clock READ clock CONSTANT)
@@ -83,6 +86,9 @@ public:
     // Merges one decoded datagram that came in at `arrival`; the packet path
     // calls it on the main thread.
     void ingest(Vorn::Reply reply, Vorn::Arrival arrival = {});
+    // Merges replies taken together from the receive hand-over: the views
+    // hear of the batch's new units, updated rows and log lines once each.
+    void ingestAll(std::vector<HeardReply> replies);
 
     // The unit's address lies outside the subnet of the interface address
     // it was heard on (judged only for interfaces discovery uses).
@@ -108,7 +114,8 @@ public:
 
     QString status() const { return status_; }
     bool listening() const { return socket_.isListening(); }
-    QStringList log() const { return log_; }
+    QStringList log() const { return activity_->lines(); }
+    ActivityLog* activity() const { return activity_; }
     QString broadcastAddress() const { return QString::fromStdString(socket_.broadcastAddress()); }
     PresenceClock* clock() const { return clock_; }
 
@@ -135,7 +142,6 @@ signals:
 private:
     void installPacketHandler();
     void drainWhenSettled();
-    void ingestInbox();
     void discoverTo(const std::string& address);
     void broadcastDiscover();
     unsigned interfaceFor(const std::string& ip) const;
@@ -172,7 +178,7 @@ private:
     std::map<std::pair<unsigned, std::uint32_t>, int> unitsByArrival_;
     std::chrono::steady_clock::time_point lastUnknownArrivalRead_;
     QString status_;
-    QStringList log_;
+    ActivityLog* activity_;
     std::uint16_t seq_;
     QTimer* discoveryTimer_ = nullptr;
     QTimer* drainTimer_;

@@ -100,13 +100,13 @@ bool isValidUtf8(std::span<const std::uint8_t> bytes)
     return true;
 }
 
-// Files one body line: key before the first ':', value after it; a key
-// that comes again replaces the value before.
-void addLine(Config& config, std::string_view line)
+// Takes one body line: key before the first ':', value after it; a line
+// without ':' is skipped.
+void addLine(std::vector<Config::value_type>& entries, std::string_view line)
 {
     const auto colon = line.find(':');
     if (colon != std::string_view::npos)
-        config.insert_or_assign(line.substr(0, colon), std::string(line.substr(colon + 1)));
+        entries.emplace_back(std::string(line.substr(0, colon)), std::string(line.substr(colon + 1)));
 }
 
 }  // namespace
@@ -201,17 +201,20 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
     }
 
     // Lines end at LF, except that CR LF is one character and does not split.
-    reply.config.reserve(static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n')) + 1);
+    // A key that comes again replaces the value before.
+    std::vector<Config::value_type> entries;
+    entries.reserve(static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n')) + 1);
     std::size_t start = 0;
-    for (std::size_t i = 0; i < body.size(); ++i) {
-        if (body[i] != '\n' || (i > 0 && body[i - 1] == '\r'))
+    for (std::size_t i = body.find('\n'); i != std::string_view::npos; i = body.find('\n', i + 1)) {
+        if (i > 0 && body[i - 1] == '\r')
             continue;
         if (i > start)
-            addLine(reply.config, body.substr(start, i - start));
+            addLine(entries, body.substr(start, i - start));
         start = i + 1;
     }
     if (start < body.size())
-        addLine(reply.config, body.substr(start));
+        addLine(entries, body.substr(start));
+    reply.config = Config::lastValueWins(std::move(entries));
     return reply;
 }
 

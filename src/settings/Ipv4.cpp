@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Ipv4.h"
 
+#include <charconv>
+
 #include "DecimalInt.h"
 
 namespace Settings {
@@ -28,9 +30,15 @@ std::optional<Ipv4> Ipv4::parse(std::string_view text)
 
 std::string Ipv4::toString() const
 {
-    const auto bytes = octets();
-    return std::to_string(bytes[0]) + '.' + std::to_string(bytes[1]) + '.' + std::to_string(bytes[2]) + '.'
-        + std::to_string(bytes[3]);
+    // Written into one buffer: replies name their unit's address, so this runs for every reply.
+    char text[16];
+    char* end = text;
+    for (const std::uint8_t byte : octets()) {
+        if (end != text)
+            *end++ = '.';
+        end = std::to_chars(end, text + sizeof text, byte).ptr;
+    }
+    return std::string(text, end);
 }
 
 std::optional<std::string> canonicalIpv4(std::string_view text)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "VornConfig.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Vorn {
@@ -18,6 +19,28 @@ Config::Config(std::initializer_list<value_type> entries)
     entries_.reserve(entries.size());
     for (const auto& entry : entries)
         emplace(entry.first, entry.second);
+}
+
+Config Config::lastValueWins(std::vector<value_type> entries)
+{
+    const auto byKey = [](const value_type& a, const value_type& b) { return a.first < b.first; };
+    // Units send their keys in one order; most reports need no sorting at all.
+    if (!std::is_sorted(entries.begin(), entries.end(), byKey))
+        std::stable_sort(entries.begin(), entries.end(), byKey);
+    // Of each run of one key keep the last entry, which came last.
+    auto kept = entries.begin();
+    for (auto it = entries.begin(); it != entries.end(); ++it) {
+        const auto next = std::next(it);
+        if (next != entries.end() && next->first == it->first)
+            continue;
+        if (kept != it)
+            *kept = std::move(*it);
+        ++kept;
+    }
+    entries.erase(kept, entries.end());
+    Config config;
+    config.entries_ = std::move(entries);
+    return config;
 }
 
 Config::iterator Config::lower_bound(std::string_view key)

@@ -78,6 +78,10 @@ public:
         return {entries_.emplace(place, std::string(key), std::forward<Value>(value)), true};
     }
 
+    // A configuration of `entries` in any order; where a key comes more than
+    // once, its last value wins. Sorts once instead of inserting in place.
+    static Config lastValueWins(std::vector<value_type> entries);
+
     // Removes the entry of `key`; how many were removed (0 or 1).
     size_type erase(std::string_view key);
 

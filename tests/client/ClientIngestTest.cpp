@@ -229,3 +229,33 @@ TEST(ClientLog, The201stLinePushesTheFirstOneOut)
         client->ingest(report("10.3.0." + std::to_string(i)));
     EXPECT_EQ(client->log().size(), 200);
 }
+
+TEST(ClientLog, ABurstOf2500NewUnitsTakenTogetherChangesTheLogOnce)
+{
+    const auto client = loopbackClient();
+    QSignalSpy logSpy(client.get(), &VornClient::logChanged);
+    QSignalSpy inserted(client->activity(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy reset(client->activity(), &QAbstractItemModel::modelReset);
+    std::vector<HeardReply> burst;
+    for (int i = 0; i < 2500; ++i)
+        burst.emplace_back(report("10.4." + std::to_string(i / 250) + "." + std::to_string(i % 250)));
+    client->ingestAll(std::move(burst));
+    EXPECT_EQ(client->deviceCount(), 2500);
+    EXPECT_EQ(logSpy.count(), 1);
+    EXPECT_EQ(inserted.count() + reset.count(), 1);
+    EXPECT_EQ(client->log().size(), 200);
+    EXPECT_EQ(client->activity()->rowCount(), 200);
+    EXPECT_TRUE(client->log().last().endsWith(QStringLiteral("found 10.4.9.249")));
+}
+
+TEST(ClientLog, ABatchOfRepliesFromKnownUnitsLeavesTheLogAlone)
+{
+    const auto client = loopbackClient();
+    client->ingest(report("10.5.0.1"));
+    QSignalSpy logSpy(client.get(), &VornClient::logChanged);
+    std::vector<HeardReply> batch;
+    batch.emplace_back(report("10.5.0.1", {{"Channel", "2"}}));
+    client->ingestAll(std::move(batch));
+    EXPECT_EQ(logSpy.count(), 0);
+    EXPECT_EQ(client->log().size(), 1);
+}

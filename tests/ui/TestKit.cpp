@@ -108,6 +108,14 @@ void TestKit::ingest(VornClient* client, const QString& ip, const QVariantMap& c
     client->ingest(reportFrom(ip, config));
 }
 
+void TestKit::ingestBurst(VornClient* client, const QString& prefix, int count)
+{
+    std::vector<HeardReply> burst;
+    for (int i = 0; i < count; ++i)
+        burst.emplace_back(reportFrom(QStringLiteral("%1.%2.%3").arg(prefix).arg(i / 250).arg(i % 250 + 1), {}));
+    client->ingestAll(std::move(burst));
+}
+
 void TestKit::setNetworks(VornClient* client, const QVariantList& networks)
 {
     std::vector<Vorn::InterfaceAddress> entries;

@@ -63,6 +63,9 @@ public:
 
     // Files a report from the unit at `ip` as if it had just answered.
     Q_INVOKABLE void ingest(VornClient* client, const QString& ip, const QVariantMap& config);
+    // Files reports from `count` new units at `prefix`.0.1 onwards, taken
+    // together as the receive hand-over delivers a burst.
+    Q_INVOKABLE void ingestBurst(VornClient* client, const QString& prefix, int count);
     // Gives `client` made-up networks instead of the host's: each entry
     // {name, index, address, prefixLength}, up, running and broadcast-capable.
     // Indexes are far above any real interface's, so a send through one of

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // The client's types as QML sees them: the type VornClient (views take one as
 // a property), the singleton SharedClient (the engine's client, see
-// SharedClient.h), the clock that comes with a client, and the device list
-// model, which QML makes and points at a client.
+// SharedClient.h), the clock and the activity log that come with a client,
+// and the device list model, which QML makes and points at a client.
 #pragma once
 
 #include <QJSEngine>
 #include <QQmlEngine>
 #include <QtQml/qqmlregistration.h>
 
+#include "ActivityLog.h"
 #include "DeviceListModel.h"
 #include "PresenceClock.h"
 #include "SharedClient.h"
@@ -45,6 +46,13 @@ struct PresenceClockForeign {
     QML_FOREIGN(PresenceClock)
     QML_NAMED_ELEMENT(PresenceClock)
     QML_UNCREATABLE("the clock belongs to a VornClient")
+};
+
+struct ActivityLogForeign {
+    Q_GADGET
+    QML_FOREIGN(ActivityLog)
+    QML_NAMED_ELEMENT(ActivityLog)
+    QML_UNCREATABLE("the activity log belongs to a VornClient")
 };
 
 // A subclass, because a foreign registration does not make a type creatable here.

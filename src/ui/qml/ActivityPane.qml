@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The client's activity log along the bottom of the detail area: every line
-// as the client keeps it, newest last, monospaced and selectable. It follows
-// new lines unless the user has scrolled up to read, and copies all of it.
+// as the client keeps it, newest last, monospaced and selectable line by line.
+// The lines come from the client's list model: a new line is laid out once,
+// only while it is in view, and nothing at all while the pane is hidden. It
+// follows new lines unless the user has scrolled up to read, and copies all
+// of it.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -11,27 +14,25 @@ Rectangle {
     id: root
 
     required property VornClient client
-    readonly property string text: root.client.log.join("\n")
+    readonly property bool empty: root.client.activity.count === 0
     // True while the newest line is in view; scrolling up clears it.
     property bool following: true
     property bool scrolling: false
 
     function copyAll() {
-        const start = logText.selectionStart;
-        const end = logText.selectionEnd;
-        logText.selectAll();
-        logText.copy();
-        logText.select(start, end);
+        clipboardText.text = root.client.activity.text();
+        clipboardText.selectAll();
+        clipboardText.copy();
+        clipboardText.clear();
     }
 
     function showNewest() {
         root.scrolling = true;
-        logView.contentY = Math.max(0, logView.contentHeight - logView.height);
+        logView.positionViewAtEnd();
         root.scrolling = false;
     }
 
     color: Theme.bg
-    onTextChanged: if (root.following) Qt.callLater(root.showNewest)
 
     ColumnLayout {
         anchors.fill: parent
@@ -67,7 +68,7 @@ Rectangle {
                 leftPadding: Theme.smallButtonPaddingHorizontal
                 rightPadding: Theme.smallButtonPaddingHorizontal
                 font.pixelSize: Theme.fontSmall
-                enabled: root.text !== ""
+                enabled: !root.empty
                 onClicked: root.copyAll()
             }
         }
@@ -80,29 +81,30 @@ Rectangle {
             border.width: Theme.hairline
             border.color: Theme.stroke
 
-            Flickable {
+            ListView {
                 id: logView
 
                 objectName: "logView"
                 anchors.fill: parent
-                anchors.margins: Theme.hairline
+                anchors.leftMargin: Theme.hairline
+                anchors.rightMargin: Theme.hairline
+                anchors.topMargin: Theme.logPaddingVertical
+                anchors.bottomMargin: Theme.logPaddingVertical
                 clip: true
-                contentWidth: width
-                contentHeight: logText.implicitHeight
+                // Hidden, the pane holds no model: no line is made or laid out.
+                model: root.visible ? root.client.activity : null
                 boundsBehavior: Flickable.StopAtBounds
                 onContentYChanged: if (!root.scrolling) root.following = logView.atYEnd
                 onHeightChanged: if (root.following) root.showNewest()
+                onCountChanged: if (root.following) Qt.callLater(root.showNewest)
 
-                TextEdit {
-                    id: logText
+                delegate: TextEdit {
+                    required property string line
 
-                    objectName: "logText"
-                    width: logView.width
+                    width: ListView.view.width
                     leftPadding: Theme.logPaddingHorizontal
                     rightPadding: Theme.logPaddingHorizontal
-                    topPadding: Theme.logPaddingVertical
-                    bottomPadding: Theme.logPaddingVertical
-                    text: root.text
+                    text: line
                     textFormat: TextEdit.PlainText
                     readOnly: true
                     selectByMouse: true
@@ -126,10 +128,18 @@ Rectangle {
                 }
             }
 
+            // Carries the whole log to the clipboard on "Copy all" only.
+            TextEdit {
+                id: clipboardText
+
+                visible: false
+                textFormat: TextEdit.PlainText
+            }
+
             Text {
                 objectName: "emptyLog"
                 anchors.centerIn: parent
-                visible: root.text === ""
+                visible: root.empty
                 text: qsTr("Nothing yet: units found and writes sent are listed here.")
                 textFormat: Text.PlainText
                 color: Theme.inkMuted
