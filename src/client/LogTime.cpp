@@ -19,3 +19,13 @@ QString logTimeText(const QDateTime& instant, const QLocale& locale)
 {
     return locale.toString(instant.toLocalTime().time(), timeFormatWithoutZone(locale));
 }
+
+QString LogStamps::textFor(WallClock::time_point instant)
+{
+    const auto second = std::chrono::floor<std::chrono::seconds>(instant);
+    if (second != second_) {
+        second_ = second;
+        text_ = logTimeText(toDateTime(second));
+    }
+    return text_;
+}

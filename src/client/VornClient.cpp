@@ -218,5 +218,5 @@ void VornClient::setStatus(const QString& status)
 
 void VornClient::addLog(const QString& message)
 {
-    activity_->append(logTimeText(toDateTime(clock_->now())) + QStringLiteral("  ") + message);
+    activity_->append(logStamps_.textFor(clock_->now()) + QStringLiteral("  ") + message);
 }

@@ -23,6 +23,7 @@
 
 #include "ActivityLog.h"
 #include "Device.h"
+#include "LogTime.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
 #include "ReplyInbox.h"
@@ -179,6 +180,7 @@ private:
     std::chrono::steady_clock::time_point lastUnknownArrivalRead_;
     QString status_;
     ActivityLog* activity_;
+    LogStamps logStamps_;
     std::uint16_t seq_;
     QTimer* discoveryTimer_ = nullptr;
     QTimer* drainTimer_;

@@ -29,3 +29,15 @@ TEST(LogTime, TextShowsHoursMinutesAndSecondsInTheLocale)
     EXPECT_TRUE(american.startsWith(QStringLiteral("2:03:27"))) << american.toStdString();
     EXPECT_TRUE(american.endsWith(QStringLiteral("PM"))) << american.toStdString();
 }
+
+TEST(LogTime, StampsOfOneSecondShareATextAndTheNextSecondGetsItsOwn)
+{
+    LogStamps stamps;
+    const auto at = toTimePoint(kInstant);
+    const QString first = stamps.textFor(at + std::chrono::milliseconds(100));
+    EXPECT_EQ(first, logTimeText(kInstant));
+    EXPECT_EQ(stamps.textFor(at + std::chrono::milliseconds(900)), first);
+    const QString next = stamps.textFor(at + std::chrono::milliseconds(1000));
+    EXPECT_EQ(next, logTimeText(kInstant.addSecs(1)));
+    EXPECT_NE(next, first);
+}
