@@ -100,6 +100,8 @@ void VornClient::ingestAll(std::vector<HeardReply> replies)
         ingest(std::move(heard.reply), heard.arrival);
     activity_->release();
     draining_ = false;
+    if (std::exchange(drainAdded_, false))
+        emit deviceCountChanged();
     if (const auto updated = std::exchange(drainUpdated_, std::nullopt))
         emit devicesUpdated(updated->first, updated->second);
     refreshNetworks();
@@ -165,7 +167,10 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now, arrival});
     noteInserted(row);
     emit deviceAdded(row);
-    emit deviceCountChanged();
+    if (draining_)
+        drainAdded_ = true;
+    else
+        emit deviceCountChanged();
     addLog(tr("found %1").arg(address));
     noteArrival(std::nullopt, arrival);
 }

@@ -184,9 +184,11 @@ private:
     std::uint16_t seq_;
     QTimer* discoveryTimer_ = nullptr;
     QTimer* drainTimer_;
-    // While a drain merges, the updated rows gather here and are announced
-    // once at its end: a burst of replies makes one change for the views.
+    // While a drain merges, the updated rows, whether units were added and
+    // the log lines gather here and are announced once at its end: a burst
+    // of replies makes one change for the views.
     bool draining_ = false;
     std::optional<std::pair<int, int>> drainUpdated_;
+    bool drainAdded_ = false;
     bool started_ = false;
 };

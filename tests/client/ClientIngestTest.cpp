@@ -236,11 +236,13 @@ TEST(ClientLog, ABurstOf2500NewUnitsTakenTogetherChangesTheLogOnce)
     QSignalSpy logSpy(client.get(), &VornClient::logChanged);
     QSignalSpy inserted(client->activity(), &QAbstractItemModel::rowsInserted);
     QSignalSpy reset(client->activity(), &QAbstractItemModel::modelReset);
+    QSignalSpy countSpy(client.get(), &VornClient::deviceCountChanged);
     std::vector<HeardReply> burst;
     for (int i = 0; i < 2500; ++i)
         burst.emplace_back(report("10.4." + std::to_string(i / 250) + "." + std::to_string(i % 250)));
     client->ingestAll(std::move(burst));
     EXPECT_EQ(client->deviceCount(), 2500);
+    EXPECT_EQ(countSpy.count(), 1);
     EXPECT_EQ(logSpy.count(), 1);
     EXPECT_EQ(inserted.count() + reset.count(), 1);
     EXPECT_EQ(client->log().size(), 200);
