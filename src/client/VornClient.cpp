@@ -11,6 +11,15 @@
 #include "ConfigConversion.h"
 #include "LogTime.h"
 
+namespace {
+
+bool addressBefore(const std::unique_ptr<Device>& device, std::string_view ip)
+{
+    return device->ip < ip;
+}
+
+}  // namespace
+
 VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject* parent)
     : QObject(parent),
       socket_(port, std::move(broadcastAddress)),
@@ -151,20 +160,20 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     }
     const auto now = clock_->now();
     readInterfacesIfUnknown(arrival);
-    const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp,
-                                        [](const Device& device, const std::string& ip) { return device.ip < ip; });
+    const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp, addressBefore);
     const int row = static_cast<int>(place - devices_.begin());
-    if (place != devices_.end() && place->ip == reply.deviceIp) {
-        noteSerial(&*place, reply.deviceIp, reply.config, now);
-        place->config = std::move(reply.config);
-        place->lastSeen = now;
-        noteArrival(std::exchange(place->heardOn, arrival), arrival);
+    if (place != devices_.end() && (*place)->ip == reply.deviceIp) {
+        Device& known = **place;
+        noteSerial(&known, reply.deviceIp, reply.config, now);
+        known.config = std::move(reply.config);
+        known.lastSeen = now;
+        noteArrival(std::exchange(known.heardOn, arrival), arrival);
         noteUpdated(row);
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
     emit deviceAboutToBeAdded(row);
-    devices_.insert(place, Device{std::move(reply.deviceIp), std::move(reply.config), now, arrival});
+    devices_.insert(place, std::make_unique<Device>(std::move(reply.deviceIp), std::move(reply.config), now, arrival));
     noteInserted(row);
     emit deviceAdded(row);
     if (draining_)
@@ -177,9 +186,8 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
 
 int VornClient::indexOf(std::string_view ip) const
 {
-    const auto place = std::lower_bound(devices_.begin(), devices_.end(), ip,
-                                        [](const Device& device, std::string_view key) { return device.ip < key; });
-    if (place == devices_.end() || place->ip != ip)
+    const auto place = std::lower_bound(devices_.begin(), devices_.end(), ip, addressBefore);
+    if (place == devices_.end() || (*place)->ip != ip)
         return -1;
     return static_cast<int>(place - devices_.begin());
 }
@@ -194,7 +202,7 @@ std::optional<Device> VornClient::device(std::string_view ip) const
     const int row = indexOf(ip);
     if (row < 0)
         return std::nullopt;
-    return devices_[static_cast<std::size_t>(row)];
+    return *devices_[static_cast<std::size_t>(row)];
 }
 
 QVariantMap VornClient::deviceData(const QString& ip) const
@@ -202,7 +210,7 @@ QVariantMap VornClient::deviceData(const QString& ip) const
     const int row = indexOf(ip.toStdString());
     if (row < 0)
         return {};
-    const Device& found = devices_[static_cast<std::size_t>(row)];
+    const Device& found = *devices_[static_cast<std::size_t>(row)];
     QVariantMap data{
         {QStringLiteral("ip"), ip},
         {QStringLiteral("title"), found.title()},

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -110,7 +111,13 @@ public:
     bool isOnline(const Device& device) const;
     // Row of the unit at `ip` in devices(), or -1.
     int indexOf(std::string_view ip) const;
-    const std::vector<Device>& devices() const { return devices_; }
+    // The table in address order, each element a const Device&.
+    auto devices() const
+    {
+        return std::views::transform(devices_, [](const std::unique_ptr<Device>& device) -> const Device& {
+            return *device;
+        });
+    }
     int deviceCount() const { return static_cast<int>(devices_.size()); }
 
     QString status() const { return status_; }
@@ -164,7 +171,9 @@ private:
     // Shared with the receive thread's handler, which may outlive a drain.
     std::shared_ptr<ReplyInbox> inbox_;
     PresenceClock* clock_;
-    std::vector<Device> devices_;
+    // Each unit on the heap, so that a unit joining the middle of a large
+    // table moves pointers, not records.
+    std::vector<std::unique_ptr<Device>> devices_;
     InterfaceReader readInterfaceAddresses_ = Vorn::readInterfaceAddresses;
     // The host's interfaces as last read: at each broadcast discover, and
     // when a reply comes in on an interface not among them.

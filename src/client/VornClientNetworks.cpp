@@ -28,7 +28,7 @@ void VornClient::broadcastDiscover()
 unsigned VornClient::interfaceFor(const std::string& ip) const
 {
     const int row = indexOf(ip);
-    return row < 0 ? 0 : devices_[static_cast<std::size_t>(row)].heardOn.interfaceIndex;
+    return row < 0 ? 0 : devices_[static_cast<std::size_t>(row)]->heardOn.interfaceIndex;
 }
 
 std::optional<Vorn::InterfaceAddress> VornClient::arrivalInterface(const Device& device) const

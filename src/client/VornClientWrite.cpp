@@ -40,7 +40,7 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
     // No optimistic update: the table changes only when the unit answers.
     const int row = indexOf(ip);
     const Vorn::Config full =
-        Settings::overlay(row >= 0 ? devices_[static_cast<std::size_t>(row)].config : Vorn::Config{}, changes);
+        Settings::overlay(row >= 0 ? devices_[static_cast<std::size_t>(row)]->config : Vorn::Config{}, changes);
 
     // The last gate before the codec: a line break would become a line of its own.
     if (const auto refused = Settings::writeRefusal(changes, full)) {
