@@ -2,8 +2,13 @@
 #include "VornProtocol.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <memory_resource>
+#include <vector>
 
 #include "Ipv4.h"
 
@@ -88,6 +93,15 @@ Utf8Step nextUtf8Step(std::span<const std::uint8_t> bytes, std::size_t i)
 bool isValidUtf8(std::span<const std::uint8_t> bytes)
 {
     for (std::size_t i = 0; i < bytes.size();) {
+        // Reports are almost all ASCII: eight such bytes are skipped at once.
+        std::uint64_t word;
+        if (i + sizeof word <= bytes.size()) {
+            std::memcpy(&word, bytes.data() + i, sizeof word);
+            if ((word & 0x8080808080808080u) == 0) {
+                i += sizeof word;
+                continue;
+            }
+        }
         if (bytes[i] < 0x80) {
             ++i;
             continue;
@@ -100,13 +114,16 @@ bool isValidUtf8(std::span<const std::uint8_t> bytes)
     return true;
 }
 
+// A typical report's lines fit on the stack; a longer body takes the heap.
+constexpr std::size_t kTypicalReportLines = 32;
+
 // Takes one body line: key before the first ':', value after it; a line
 // without ':' is skipped.
-void addLine(std::vector<Config::value_type>& entries, std::string_view line)
+void addLine(std::pmr::vector<Config::TextPair>& entries, std::string_view line)
 {
     const auto colon = line.find(':');
     if (colon != std::string_view::npos)
-        entries.emplace_back(std::string(line.substr(0, colon)), std::string(line.substr(colon + 1)));
+        entries.emplace_back(line.substr(0, colon), line.substr(colon + 1));
 }
 
 }  // namespace
@@ -202,8 +219,11 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
 
     // Lines end at LF, except that CR LF is one character and does not split.
     // A key that comes again replaces the value before.
-    std::vector<Config::value_type> entries;
-    entries.reserve(static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n')) + 1);
+    // The lines' views live on the stack unless the body is unusually long.
+    std::array<std::byte, kTypicalReportLines * sizeof(Config::TextPair)> stack;
+    std::pmr::monotonic_buffer_resource arena(stack.data(), stack.size());
+    std::pmr::vector<Config::TextPair> entries(&arena);
+    entries.reserve(kTypicalReportLines);
     std::size_t start = 0;
     for (std::size_t i = body.find('\n'); i != std::string_view::npos; i = body.find('\n', i + 1)) {
         if (i > 0 && body[i - 1] == '\r')
@@ -214,7 +234,7 @@ std::optional<Reply> parse(std::span<const std::uint8_t> datagram)
     }
     if (start < body.size())
         addLine(entries, body.substr(start));
-    reply.config = Config::lastValueWins(std::move(entries));
+    reply.config = Config::lastValueWins(entries);
     return reply;
 }
 

@@ -21,25 +21,35 @@ Config::Config(std::initializer_list<value_type> entries)
         emplace(entry.first, entry.second);
 }
 
-Config Config::lastValueWins(std::vector<value_type> entries)
+Config Config::lastValueWins(std::span<TextPair> entries)
 {
-    const auto byKey = [](const value_type& a, const value_type& b) { return a.first < b.first; };
-    // Units send their keys in one order; most reports need no sorting at all.
-    if (!std::is_sorted(entries.begin(), entries.end(), byKey))
+    // Keys mostly differ in their first letter, which is compared inline.
+    const auto byKey = [](const TextPair& a, const TextPair& b) {
+        if (!a.first.empty() && !b.first.empty() && a.first.front() != b.first.front())
+            return static_cast<unsigned char>(a.first.front()) < static_cast<unsigned char>(b.first.front());
+        return a.first < b.first;
+    };
+    // A stable sort keeps repeats in the order they came, so the last of each
+    // run is the value that wins. A report's twenty-odd lines sort in place by
+    // insertion, without the buffer std::stable_sort takes; long ones with it.
+    constexpr std::size_t kSortInPlaceUpTo = 64;
+    if (entries.size() > kSortInPlaceUpTo) {
         std::stable_sort(entries.begin(), entries.end(), byKey);
-    // Of each run of one key keep the last entry, which came last.
-    auto kept = entries.begin();
+    } else {
+        for (auto it = entries.begin(); it != entries.end(); ++it) {
+            const TextPair entry = *it;
+            const auto place = std::upper_bound(entries.begin(), it, entry, byKey);
+            std::move_backward(place, it, std::next(it));
+            *place = entry;
+        }
+    }
+    Config config;
+    config.entries_.reserve(entries.size());
     for (auto it = entries.begin(); it != entries.end(); ++it) {
         const auto next = std::next(it);
-        if (next != entries.end() && next->first == it->first)
-            continue;
-        if (kept != it)
-            *kept = std::move(*it);
-        ++kept;
+        if (next == entries.end() || next->first != it->first)
+            config.entries_.emplace_back(std::string(it->first), std::string(it->second));
     }
-    entries.erase(kept, entries.end());
-    Config config;
-    config.entries_ = std::move(entries);
     return config;
 }
 

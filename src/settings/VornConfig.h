@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -78,9 +79,11 @@ public:
         return {entries_.emplace(place, std::string(key), std::forward<Value>(value)), true};
     }
 
-    // A configuration of `entries` in any order; where a key comes more than
-    // once, its last value wins. Sorts once instead of inserting in place.
-    static Config lastValueWins(std::vector<value_type> entries);
+    // A configuration of the text pairs `entries`, in any order; where a key
+    // comes more than once, its last value wins. The pairs are sorted as
+    // views and each key and value is copied once, into its final place.
+    using TextPair = std::pair<std::string_view, std::string_view>;
+    static Config lastValueWins(std::span<TextPair> entries);
 
     // Removes the entry of `key`; how many were removed (0 or 1).
     size_type erase(std::string_view key);

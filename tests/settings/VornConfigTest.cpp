@@ -116,8 +116,9 @@ TEST(VornConfig, BehavesLikeAMapUnderRandomEdits)
 
 TEST(VornConfig, FromEntriesInAnyOrderTheLastValueOfARepeatedKeyWins)
 {
-    const auto config = Vorn::Config::lastValueWins(
-        {{"Channel", "1"}, {"AtemIp", "10.0.0.1"}, {"Channel", "2"}, {"Wire2Enable", "0"}, {"Channel", "3"}});
+    std::vector<Vorn::Config::TextPair> entries{
+        {"Channel", "1"}, {"AtemIp", "10.0.0.1"}, {"Channel", "2"}, {"Wire2Enable", "0"}, {"Channel", "3"}};
+    const auto config = Vorn::Config::lastValueWins(entries);
     EXPECT_EQ(config, (Vorn::Config{{"AtemIp", "10.0.0.1"}, {"Channel", "3"}, {"Wire2Enable", "0"}}));
 }
 
@@ -125,12 +126,13 @@ TEST(VornConfig, FromEntriesAgreesWithInsertOrAssignOneByOne)
 {
     std::mt19937 random(7);
     for (int round = 0; round < 200; ++round) {
-        std::vector<Vorn::Config::value_type> entries;
+        std::vector<Vorn::Config::value_type> texts;
         Vorn::Config expected;
         for (int i = 0, n = static_cast<int>(random() % 30); i < n; ++i) {
-            entries.emplace_back("K" + std::to_string(random() % 12), std::to_string(random() % 100));
-            expected.insert_or_assign(entries.back().first, entries.back().second);
+            texts.emplace_back("K" + std::to_string(random() % 12), std::to_string(random() % 100));
+            expected.insert_or_assign(texts.back().first, texts.back().second);
         }
+        std::vector<Vorn::Config::TextPair> entries(texts.begin(), texts.end());
         EXPECT_EQ(Vorn::Config::lastValueWins(entries), expected);
     }
 }
