@@ -36,8 +36,15 @@ std::vector<Sighting> gather(Context& context, const std::vector<std::string>& a
 int runBackup(Context& context, const std::vector<std::string>& addresses, const std::string& outputPath)
 {
     bool allAnswered = true;
+    const auto units = gather(context, addresses, allAnswered);
+    // A file without every unit asked for would pass for a backup: none is written.
+    if (!allAnswered || units.empty()) {
+        context.err << "vornctl: " << (units.empty() ? "no unit answered" : "not every unit answered")
+                    << "; nothing written\n";
+        return kExitNoAnswer;
+    }
     Settings::Backup backup{Settings::utcTimestamp(std::chrono::system_clock::now()), {}};
-    for (const auto& unit : gather(context, addresses, allAnswered)) {
+    for (const auto& unit : units) {
         // Kept as reported; a restore refuses such a file, so say so now.
         if (auto refused = Settings::configRefusal(unit.config))
             context.err << "vornctl: warning: " << unit.address << ": " << *refused << '\n';
@@ -50,7 +57,7 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
         return kExitFailure;
     }
     context.err << "vornctl: " << backup.units.size() << " unit(s) backed up\n";
-    return allAnswered ? kExitOk : kExitNoAnswer;
+    return kExitOk;
 }
 
 }  // namespace VornCtl

@@ -22,6 +22,7 @@ struct Arguments {
     bool yes = false;
     bool dryRun = false;
     bool network = false;
+    bool allowOtherSerial = false;
     std::string address;
     std::vector<std::string> pairs;
     std::vector<std::string> addresses;
@@ -95,6 +96,8 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     restore->add_flag("--dry-run", arguments.dryRun, "show the differences, write nothing");
     restore->add_flag("--network", arguments.network, "also restore IPAddress, Netmask and Gateway");
     restore->add_flag("--yes", arguments.yes, "confirm --network");
+    restore->add_flag("--allow-other-serial", arguments.allowOtherSerial,
+                      "also restore a unit of the file onto another unit (another serial) answering at its address");
     addTimeout(restore, arguments, "how long to look for units and wait for answers");
 
     try {
@@ -150,7 +153,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         return runSet(context, std::get<SetRequest>(setRequest));
     if (backup->parsed())
         return runBackup(context, arguments.addresses, arguments.output);
-    return runRestore(context, backupFile, {arguments.dryRun, arguments.network});
+    return runRestore(context, backupFile, {arguments.dryRun, arguments.network, arguments.allowOtherSerial});
 }
 
 }  // namespace VornCtl

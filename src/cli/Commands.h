@@ -42,6 +42,7 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
 struct RestoreOptions {
     bool dryRun = false;
     bool network = false;  // also the network keys (needs --yes unless dry)
+    bool allowOtherSerial = false;  // also onto another serial at a file unit's address
 };
 int runRestore(Context& context, const Settings::Backup& backup, const RestoreOptions& options);
 

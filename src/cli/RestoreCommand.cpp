@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // vornctl restore: each unit of a backup file matched to a live unit by its
-// serial, else by its address; the editable keys that differ are written and
-// verified (the network keys only when asked for).
+// serial, else by its address (never onto another serial unless allowed);
+// the editable keys that differ are written and verified (the network keys
+// only when asked for).
 #include <vector>
 
 #include "Commands.h"
@@ -47,13 +48,22 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
             continue;
         }
         const Sighting& found = sightings.at(item.liveAddress);
-        const std::string place = found.address == unit.address ? std::string() : " now at " + found.address;
-        context.out << unitName(unit) << place << ": "
+        const bool otherUnit = item.match.by == Settings::MatchedBy::OtherSerial;
+        std::string place = found.address == unit.address ? std::string() : " now at " + found.address;
+        if (otherUnit)
+            place = ": another unit answers at " + found.address + " (serial "
+                + Settings::reportedSerial(found.config) + ");";
+        context.out << unitName(unit) << place << (otherUnit ? " " : ": ")
                     << (item.changes.empty() ? std::string("equal")
                                              : std::to_string(item.changes.size()) + " key(s) differ")
                     << '\n';
         printDifferences(context.out, item.changes, found.config);
         printDifferences(context.out, item.heldBack, found.config, " (network: needs --network --yes)");
+        if (otherUnit && !options.allowOtherSerial && !item.changes.empty()) {
+            context.out << "  not restored: another unit; add --allow-other-serial to restore onto it\n";
+            missing = true;
+            continue;
+        }
         if (item.changes.empty() || options.dryRun)
             continue;
         const auto result = writeAndVerify(context.link, found, item.changes, context.timeout);

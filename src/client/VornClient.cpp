@@ -9,6 +9,7 @@
 
 #include "ClientLogging.h"
 #include "ConfigConversion.h"
+#include "Ipv4.h"
 #include "LogTime.h"
 
 namespace {
@@ -139,17 +140,28 @@ void VornClient::noteInserted(int row)
         ++drainUpdated_->second;
 }
 
-void VornClient::sendDiscover(const QString& address)
+bool VornClient::sendDiscover(const QString& address)
 {
-    discoverTo(address.toStdString());
+    return discoverTo(address.toStdString());
 }
 
-void VornClient::discoverTo(const std::string& address)
+QString VornClient::canonicalAddress(const QString& text)
 {
-    if (socket_.isBroadcastTarget(address))
+    const auto address = Settings::canonicalIpv4(text.trimmed().toStdString());
+    return address ? QString::fromStdString(*address) : QString();
+}
+
+bool VornClient::discoverTo(const std::string& address)
+{
+    if (socket_.isBroadcastTarget(address)) {
         broadcastDiscover();
-    else
-        socket_.sendVia(Vorn::discoverPacket(nextSeq()), address, interfaceFor(address));
+        return true;
+    }
+    const auto canonical = Settings::canonicalIpv4(address);
+    if (!canonical)
+        return false;
+    socket_.sendVia(Vorn::discoverPacket(nextSeq()), *canonical, interfaceFor(*canonical));
+    return true;
 }
 
 void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)

@@ -73,8 +73,13 @@ public:
 
     // Takes the next sequence number and sends one discover to `address`: a
     // broadcast address goes out on every eligible interface, a listed unit's
-    // address through the interface it was last heard on.
-    Q_INVOKABLE void sendDiscover(const QString& address);
+    // address through the interface it was last heard on. Text that is not a
+    // dotted quad sends nothing and answers false.
+    Q_INVOKABLE bool sendDiscover(const QString& address);
+
+    // `text` without surrounding blanks as a canonical dotted quad (leading
+    // zeros decimal: "010" is 10), or "" when it is not one.
+    Q_INVOKABLE static QString canonicalAddress(const QString& text);
 
     // Sends the unit's last reported configuration overlaid with `changes`.
     Q_INVOKABLE void write(const QString& ip, const QVariantMap& changes);
@@ -150,7 +155,7 @@ signals:
 private:
     void installPacketHandler();
     void drainWhenSettled();
-    void discoverTo(const std::string& address);
+    bool discoverTo(const std::string& address);
     void broadcastDiscover();
     unsigned interfaceFor(const std::string& ip) const;
     std::optional<Vorn::InterfaceAddress> arrivalInterface(const Device& device) const;

@@ -9,6 +9,7 @@
 
 #include "ConfigConversion.h"
 #include "FleetValues.h"
+#include "Ipv4.h"
 #include "ValueSafety.h"
 #include "VornClient.h"
 
@@ -37,6 +38,11 @@ void VornClient::write(const QString& ip, const QVariantMap& changes)
 
 void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes)
 {
+    // Text that is not an address is no unit: nothing goes out.
+    if (!Settings::Ipv4::parse(ip)) {
+        addLog(tr("write refused \u2192 %1: not an IPv4 address").arg(QString::fromStdString(ip)));
+        return;
+    }
     // No optimistic update: the table changes only when the unit answers.
     const int row = indexOf(ip);
     const Vorn::Config full =

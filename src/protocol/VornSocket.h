@@ -62,8 +62,8 @@ public:
     // Binds and starts the receive thread. True when listening (now or already).
     bool start();
 
-    // One datagram to ip:port. Text that is not a dotted IPv4 address goes to
-    // the broadcast address. Errors are ignored by design.
+    // One datagram to ip:port, `ip` read as a strict dotted quad; text that is
+    // not one sends nothing. Errors are ignored by design.
     void send(std::span<const std::uint8_t> data, const std::string& ip) const;
 
     // One datagram to ip:port leaving through interface `interfaceIndex`
@@ -78,8 +78,8 @@ public:
     // The same over `interfaces` as the caller has just read them.
     void broadcastOn(std::span<const std::uint8_t> data, const std::vector<InterfaceAddress>& interfaces) const;
 
-    // True when `ip` means "everyone": the broadcast address, or text that
-    // send() would turn into it.
+    // True when `ip` means "everyone": the endpoint's broadcast address or
+    // 255.255.255.255 in any dotted spelling.
     bool isBroadcastTarget(const std::string& ip) const;
 
     // The kernel's receive-buffer size of the listening socket as it reports

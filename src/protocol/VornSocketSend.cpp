@@ -7,6 +7,7 @@
 
 #include <cstring>
 
+#include "Ipv4.h"
 #include "NetworkInterfaces.h"
 #include "VornSocket.h"
 
@@ -38,9 +39,8 @@ sockaddr_in socketAddress(in_addr_t networkOrderAddress, std::uint16_t port)
 
 bool VornSocket::isBroadcastTarget(const std::string& ip) const
 {
-    // inet_addr answers INADDR_NONE for anything that is not a dotted address
-    // and for 255.255.255.255 itself: both mean the limited broadcast.
-    return ip == broadcastAddress_ || ::inet_addr(ip.c_str()) == INADDR_NONE;
+    const auto address = Settings::Ipv4::parse(ip);
+    return ip == broadcastAddress_ || (address && address->value() == INADDR_BROADCAST);
 }
 
 void VornSocket::send(std::span<const std::uint8_t> data, const std::string& ip) const
@@ -50,13 +50,14 @@ void VornSocket::send(std::span<const std::uint8_t> data, const std::string& ip)
 
 void VornSocket::sendVia(std::span<const std::uint8_t> data, const std::string& ip, unsigned interfaceIndex) const
 {
+    // Text that is not an address goes nowhere: never a broadcast by mistake.
+    const auto address = Settings::Ipv4::parse(ip);
+    if (!address)
+        return;
     const int fd = openSendSocket();
     if (fd < 0)
         return;
-    in_addr_t address = ::inet_addr(ip.c_str());
-    if (address == INADDR_NONE)
-        address = ::inet_addr(broadcastAddress_.c_str());
-    sockaddr_in destination = socketAddress(address, port_);
+    sockaddr_in destination = socketAddress(htonl(address->value()), port_);
 
     iovec payload{const_cast<std::uint8_t*>(data.data()), data.size()};
     msghdr message;

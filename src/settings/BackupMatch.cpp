@@ -8,11 +8,16 @@ namespace {
 
 bool reportsSerial(const LiveUnit& live, const std::string& serial)
 {
-    const auto found = live.config.find(SettingKeys::kSerial);
-    return found != live.config.end() && found->second == serial;
+    return reportedSerial(live.config) == serial;
 }
 
 }  // namespace
+
+std::string reportedSerial(const Vorn::Config& config)
+{
+    const auto found = config.find(SettingKeys::kSerial);
+    return found != config.end() ? found->second : std::string();
+}
 
 UnitMatch matchUnit(const BackupUnit& unit, std::span<const LiveUnit> live)
 {
@@ -30,8 +35,10 @@ UnitMatch matchUnit(const BackupUnit& unit, std::span<const LiveUnit> live)
             return {MatchedBy::Serial, first};
     }
     for (std::size_t i = 0; i < live.size(); ++i) {
-        if (live[i].address == unit.address)
-            return {MatchedBy::Address, i};
+        if (live[i].address != unit.address)
+            continue;
+        const bool another = !unit.serial.empty() && !reportedSerial(live[i].config).empty();
+        return {another ? MatchedBy::OtherSerial : MatchedBy::Address, i};
     }
     return {};
 }

@@ -24,6 +24,18 @@ const EditableKey* findEditableKey(std::string_view key)
     return found != kEditableKeys.end() ? &*found : nullptr;
 }
 
+bool fitsAddressRule(const EditableKey& entry, std::string_view value)
+{
+    switch (entry.kind) {
+    case ValueKind::AddressOrEmpty:
+        return value.empty() || Ipv4::parse(value).has_value();
+    case ValueKind::Address:
+        return Ipv4::parse(value).has_value();
+    default:
+        return true;
+    }
+}
+
 std::optional<std::string> settingRefusal(std::string_view key, std::string_view value)
 {
     const EditableKey* entry = findEditableKey(key);
@@ -48,9 +60,11 @@ std::optional<std::string> settingRefusal(std::string_view key, std::string_view
             return std::nullopt;
         return std::string(key) + " " + quoted + " is neither 1 (on) nor 0 (off)";
     case ValueKind::Address:
-        if (Ipv4::parse(value))
+    case ValueKind::AddressOrEmpty:
+        if (fitsAddressRule(*entry, value))
             return std::nullopt;
-        return std::string(key) + " " + quoted + " is not an IPv4 address (four numbers 0\u2013255 joined by dots)";
+        return std::string(key) + " " + quoted + " is not an IPv4 address (four numbers 0\u2013255 joined by dots)"
+            + (entry->kind == ValueKind::AddressOrEmpty ? ", nor empty" : "");
     }
     return std::nullopt;
 }

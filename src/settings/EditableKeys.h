@@ -20,6 +20,7 @@ enum class ValueKind {
     Integer,  // decimal integer within [minimum, maximum]
     Switch,   // "1" on, "0" off
     Address,  // dotted quad (Ipv4)
+    AddressOrEmpty,  // dotted quad, or empty for none
 };
 
 struct EditableKey {
@@ -44,7 +45,7 @@ inline constexpr std::string_view kSwitchOff = "0";
 
 // In the order of the editor's key table; the three network keys last.
 inline constexpr std::array<EditableKey, 15> kEditableKeys = {{
-    {SettingKeys::kAtemIp, ValueKind::Text},
+    {SettingKeys::kAtemIp, ValueKind::AddressOrEmpty},
     {SettingKeys::kAtemPort, ValueKind::Text},
     {SettingKeys::kChannel, ValueKind::Text},
     {SettingKeys::kSwitcherBand, ValueKind::Integer, -kAnyInteger - 1, kAnyInteger},
@@ -63,6 +64,10 @@ inline constexpr std::array<EditableKey, 15> kEditableKeys = {{
 
 // The entry of `key`, or null when it is not editable.
 const EditableKey* findEditableKey(std::string_view key);
+
+// Whether `value` has the shape an address key asks for (true for every
+// other kind): what the editor's "invalid IPv4" and the write check share.
+bool fitsAddressRule(const EditableKey& entry, std::string_view value);
 
 // Why `value` cannot be set for `key` by the editor's rules (unknown key,
 // integer malformed or out of range, not a switch value, not an address,

@@ -30,6 +30,17 @@ KeyComparison byText(const Vorn::Config& live, std::string_view key, std::string
     return {key, std::move(text), differs};
 }
 
+// An integer compares as canonical text, so a reported "07" differs from 7;
+// a missing key does not differ from a field holding the key's default.
+KeyComparison byInteger(const Vorn::Config& live, std::string_view key, std::int64_t value,
+                        std::int64_t whenMissing)
+{
+    std::string text = integerText(value);
+    const auto reported = live.find(key);
+    const bool differs = reported == live.end() ? value != whenMissing : text != reported->second;
+    return {key, std::move(text), differs};
+}
+
 // The first text field that holds a line break or NUL.
 std::optional<std::string> fieldsRefusal(const EditorFields& fields)
 {
@@ -80,23 +91,30 @@ EditorFields loadFields(const Vorn::Config& live)
 
 std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live)
 {
-    // Integers compare as canonical text, so a reported "07" differs from 7;
-    // the two levels compare as integers with their defaults instead.
+    // The two levels compare as integers with their defaults instead.
     const std::string wire2 = wire2Text(fields.wire2);
     return {{
         byText(live, kAtemIp, fields.atemIp),
         byText(live, kAtemPort, fields.atemPort),
         byText(live, kChannel, fields.channel),
-        byText(live, kSwitcherBand, integerText(fields.band)),
-        byText(live, kSwitcherModel, integerText(fields.model)),
-        byText(live, kAtemExtTally, integerText(fields.extTally)),
-        byText(live, kTallyType, integerText(fields.tallyType)),
-        byText(live, kTallyGpioType, integerText(fields.gpioType)),
+        byInteger(live, kSwitcherBand, fields.band, kBandDefault),
+        byInteger(live, kSwitcherModel, fields.model, 0),
+        byInteger(live, kAtemExtTally, fields.extTally, 0),
+        byInteger(live, kTallyType, fields.tallyType, 0),
+        byInteger(live, kTallyGpioType, fields.gpioType, 0),
         {kScenarioType, integerText(fields.scene), fields.scene != sceneDefault(live)},
         {kSilenceSuppress, integerText(fields.suppress), fields.suppress != suppressDefault(live)},
         {kWire2Enable, wire2, wire2 != liveText(live, kWire2Enable, kWire2Off)},
         byText(live, kCallMagic, fields.password),
     }};
+}
+
+Vorn::Config comparedValues(const Vorn::Config& live)
+{
+    Vorn::Config values;
+    for (auto& key : compareSettings(loadFields(live), live))
+        values.emplace(key.key, std::move(key.text));
+    return values;
 }
 
 std::array<KeyComparison, 3> compareNetwork(const EditorFields& fields, const Vorn::Config& live)

@@ -54,6 +54,10 @@ std::int64_t suppressDefault(const Vorn::Config& live);
 // give the defaults of the key table.
 EditorFields loadFields(const Vorn::Config& live);
 
+// Each key of "Save changes" with the text form of the field it loads into:
+// the values the editor compares, so a missing ScenarioType and "1" agree.
+Vorn::Config comparedValues(const Vorn::Config& live);
+
 // The twelve keys of "Save changes", in the order they are checked.
 std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live);
 // IPAddress, Netmask, Gateway, in that order; plain text comparison.

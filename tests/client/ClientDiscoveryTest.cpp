@@ -87,6 +87,34 @@ TEST_F(ClientDiscovery, DiscoverAfterSequence65535Carries0)
     EXPECT_EQ(sequenceOf(datagrams[0]), 0);
 }
 
+TEST_F(ClientDiscovery, DiscoverToTextThatIsNotAnAddressSendsNothingAndTakesNoSequenceNumber)
+{
+    client->setSeq(20);
+    // The fake unit listens on the loopback "broadcast" address: a fallback
+    // to the broadcast would reach it.
+    EXPECT_FALSE(client->sendDiscover(QStringLiteral("studio-base-station.local")));
+    EXPECT_FALSE(client->sendDiscover(QStringLiteral("127.0.0")));
+    EXPECT_FALSE(client->sendDiscover(QStringLiteral("127.0.0.256")));
+    EXPECT_EQ(client->seq(), 20);
+    EXPECT_TRUE(client->sendDiscover(QStringLiteral("0127.0.0.002")));
+    const auto datagrams = unit.receive(1);
+    ASSERT_EQ(datagrams.size(), 1u);
+    EXPECT_EQ(datagrams[0], Vorn::discoverPacket(21));
+    // Everything the unit received in all: that one datagram.
+    EXPECT_EQ(unit.receiveWithin(200ms).size(), 1u);
+}
+
+TEST_F(ClientDiscovery, CanonicalAddressIsTheDecimalDottedQuadOrNothing)
+{
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral(" 10.0.0.010\t")), QStringLiteral("10.0.0.10"));
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral("010.001.000.1")), QStringLiteral("10.1.0.1"));
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral("10.0.0")), QString());
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral("10.0.0.1.")), QString());
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral("0x0a.0.0.1")), QString());
+    EXPECT_EQ(VornClient::canonicalAddress(QStringLiteral("studio")), QString());
+    EXPECT_EQ(VornClient::canonicalAddress(QString()), QString());
+}
+
 TEST_F(ClientDiscovery, ReplyIsMergedThroughThePacketPath)
 {
     client->start();

@@ -98,6 +98,17 @@ TEST_F(ClientWrite, UnknownAddressGetsOnlyTheChangesAsItsConfiguration)
     EXPECT_EQ(datagrams[0], Vorn::writePacket(21, {{"Channel", "4"}}));
 }
 
+TEST_F(ClientWrite, TextThatIsNotAnAddressIsRefusedAndNothingIsSent)
+{
+    client->setSeq(30);
+    client->writeChanges("studio-base-station.local", {{"Channel", "4"}});
+    EXPECT_TRUE(lastLogLine().endsWith(
+        QString::fromUtf8("  write refused \xE2\x86\x92 studio-base-station.local: not an IPv4 address")));
+    EXPECT_EQ(client->seq(), 30);
+    // The fake unit listens on the loopback "broadcast" address.
+    EXPECT_TRUE(unit.receiveWithin(300ms).empty());
+}
+
 TEST_F(ClientWrite, QmlFacingWriteTakesVariantValuesAsText)
 {
     client->setSeq(30);

@@ -75,8 +75,8 @@ TEST_F(DeviceEditorTest, UnknownUnitLoadsTheDefaultsAndHasAnEmptyLive)
     EXPECT_EQ(tally().atemIp->text(), QString());
     EXPECT_EQ(header().title(), QStringLiteral("127.0.0.9"));
     EXPECT_EQ(header().onlineText(), QStringLiteral("Offline"));
-    // Nothing reports SwitcherBand, so the loaded 7 already differs.
-    EXPECT_TRUE(editor.dirty());
+    // Every field holds what a missing key stands for: nothing differs.
+    EXPECT_FALSE(editor.dirty());
 }
 
 TEST_F(DeviceEditorTest, UnitReportingBandSevenModelZeroAndNoLevelsOrWire2IsCleanAfterLoading)
@@ -90,23 +90,24 @@ TEST_F(DeviceEditorTest, UnitReportingBandSevenModelZeroAndNoLevelsOrWire2IsClea
     EXPECT_FALSE(editor.dirty());
 }
 
-TEST_F(DeviceEditorTest, UnitReportingOnlyBandAndModelIsDirtyForItsMissingIntegerKeys)
+TEST_F(DeviceEditorTest, UnitReportingOnlyBandAndModelLoadsClean)
 {
-    // A missing AtemExtTally, TallyType or TallyGpioType is the empty text,
-    // which the loaded 0 never equals.
+    // A missing AtemExtTally, TallyType or TallyGpioType holds its default 0.
     report({{"SwitcherBand", "7"}, {"SwitcherModel", "0"}});
     open();
-    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.dirty());
+    EXPECT_FALSE(editor.canSave());
 }
 
-TEST_F(DeviceEditorTest, UnitWithoutSwitcherBandLoadsSevenAndIsDirtyAtOnce)
+TEST_F(DeviceEditorTest, UnitWithoutSwitcherBandLoadsSevenAndClean)
 {
     Vorn::Config noBand = cleanUnit();
     noBand.erase("SwitcherBand");
     report(noBand);
     open();
     EXPECT_EQ(tally().band->value(), 7);
-    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(editor.dirty());
+    EXPECT_FALSE(tally().band->dirty());
 }
 
 TEST_F(DeviceEditorTest, TallyTypeTwelveIsLoadedWithoutClamping)

@@ -50,14 +50,15 @@ TEST_F(DeviceEditorWrite, SavingSendsEveryChangedKeyAndNoOther)
                                      {"Wire2Enable", "0"}}}));
 }
 
-TEST_F(DeviceEditorWrite, UnitWithoutSwitcherBandGetsSevenOnSave)
+TEST_F(DeviceEditorWrite, UnitWithoutSwitcherBandIsSentOnlyTheChangedKey)
 {
     Vorn::Config noBand = cleanUnit({{"Channel", "1"}});
     noBand.erase("SwitcherBand");
     report(noBand);
     open();
+    communication().channel->setText(QStringLiteral("5"));
     editor.save();
-    EXPECT_EQ(lastWrite(), (Changes{{{"SwitcherBand", "7"}}}));
+    EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "5"}}}));
 }
 
 TEST_F(DeviceEditorWrite, UntouchedMissingScenarioIsNotSent)
@@ -119,17 +120,13 @@ TEST_F(DeviceEditorWrite, SaveLeavesTheFieldsAndDirtyUntilTheUnitAnswers)
     EXPECT_FALSE(editor.dirty());
 }
 
-TEST_F(DeviceEditorWrite, UnknownUnitSaveSendsEveryFieldThatDiffersFromTheEmptyText)
+TEST_F(DeviceEditorWrite, UnknownUnitSaveSendsOnlyTheFieldThatDiffers)
 {
+    // The integer fields hold what their missing keys stand for: no difference.
     open();
     communication().channel->setText(QStringLiteral("2"));
     editor.save();
-    EXPECT_EQ(lastWrite(), (Changes{{{"AtemExtTally", "0"},
-                                     {"Channel", "2"},
-                                     {"SwitcherBand", "7"},
-                                     {"SwitcherModel", "0"},
-                                     {"TallyGpioType", "0"},
-                                     {"TallyType", "0"}}}));
+    EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "2"}}}));
 }
 
 TEST_F(DeviceEditorWrite, ApplyingAfterChangingOnlyTheGatewaySendsExactlyGateway)

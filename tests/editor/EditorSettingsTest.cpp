@@ -119,12 +119,15 @@ TEST(EditorComparison, LoadedCanonicalConfigurationIsNotDirty)
     EXPECT_FALSE(dirty(loadFields(live), live));
 }
 
-TEST(EditorComparison, MissingBandDiffersRightAfterLoading)
+TEST(EditorComparison, MissingBandLoadsCleanAndDiffersOnlyFromAnotherBand)
 {
     Vorn::Config live = cleanUnit();
     live.erase("SwitcherBand");
-    EXPECT_TRUE(dirty(loadFields(live), live));
-    EXPECT_EQ(saveSet(loadFields(live), live), (Vorn::Config{{"SwitcherBand", "7"}}));
+    EditorFields fields = loadFields(live);
+    EXPECT_EQ(fields.band, 7);
+    EXPECT_FALSE(dirty(fields, live));
+    fields.band = 5;
+    EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"SwitcherBand", "5"}}));
 }
 
 TEST(EditorComparison, NonCanonicalIntegerTextDiffersAndSavesTheCanonicalForm)
@@ -166,16 +169,25 @@ TEST(EditorComparison, MissingWire2CountsAsOff)
     EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"Wire2Enable", "1"}}));
 }
 
-TEST(EditorComparison, EveryMissingIntegerKeyDiffersFromItsLoadedValue)
+TEST(EditorComparison, MissingIntegerKeysHoldingTheirDefaultsDoNotDiffer)
 {
-    // Only the two levels compare with a default; the other integer fields
-    // hold a number whose text never equals the empty text of a missing key.
-    const Vorn::Config live = {{"SwitcherBand", "7"}, {"SwitcherModel", "0"}};
-    EXPECT_EQ(saveSet(loadFields(live), live),
-              (Vorn::Config{{"AtemExtTally", "0"}, {"TallyType", "0"}, {"TallyGpioType", "0"}}));
-    EXPECT_EQ(saveSet(loadFields({}), {}), (Vorn::Config{{"SwitcherBand", "7"}, {"SwitcherModel", "0"},
-                                                         {"AtemExtTally", "0"}, {"TallyType", "0"},
-                                                         {"TallyGpioType", "0"}}));
+    // A unit that reports only its switcher, or nothing at all, loads clean.
+    for (const Vorn::Config& live : {Vorn::Config{{"SwitcherBand", "7"}, {"SwitcherModel", "0"}}, Vorn::Config{}}) {
+        EXPECT_FALSE(dirty(loadFields(live), live));
+        EXPECT_TRUE(saveSet(loadFields(live), live).empty());
+    }
+}
+
+TEST(EditorComparison, MissingIntegerKeyDiffersOnceTheFieldLeavesItsDefault)
+{
+    const Vorn::Config live = {{"SwitcherBand", "7"}};
+    EditorFields fields = loadFields(live);
+    fields.model = 1;
+    fields.extTally = 2;
+    fields.tallyType = 3;
+    fields.gpioType = 4;
+    EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"SwitcherModel", "1"}, {"AtemExtTally", "2"},
+                                                   {"TallyType", "3"}, {"TallyGpioType", "4"}}));
 }
 
 TEST(EditorComparison, NetworkKeysNeverMakeTheSettingsDirty)

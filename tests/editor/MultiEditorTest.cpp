@@ -78,6 +78,56 @@ TEST_F(MultiEditorTest, SwitcherIsMixedWhenEitherNumberDiffers)
     EXPECT_FALSE(communication().scene->mixed());
 }
 
+TEST_F(MultiEditorTest, MixedIsDecidedOnTheComparedValues)
+{
+    // A missing ScenarioType is level 1, a missing TallyType holds 0: the same
+    // as the reported texts, so nothing is mixed.
+    Vorn::Config reportsNothing = cleanUnit({{"Channel", "4"}});
+    reportsNothing.erase("ScenarioType");
+    reportsNothing.erase("TallyType");
+    link.report(reportsNothing, kFirst);
+    link.report(cleanUnit({{"Channel", "4"}, {"ScenarioType", "1"}, {"TallyType", "0"}}), kSecond);
+    open({kFirst, kSecond});
+    EXPECT_FALSE(communication().scene->mixed());
+    EXPECT_EQ(communication().scene->value(), 1);
+    EXPECT_FALSE(tally().tallyType->mixed());
+}
+
+TEST_F(MultiEditorTest, FirstStepOfAMixedStepperStartsFromTheFirstSelectedUnit)
+{
+    link.report(cleanUnit({{"TallyType", "5"}}), kFirst);
+    link.report(cleanUnit({{"TallyType", "2"}}), kSecond);
+    link.report(cleanUnit({{"TallyType", "8"}}), kThird);
+    open({kFirst, kSecond, kThird});
+    EXPECT_TRUE(tally().tallyType->mixed());
+    tally().tallyType->step(1);
+    EXPECT_FALSE(tally().tallyType->mixed());
+    EXPECT_EQ(tally().tallyType->value(), 6);
+    EXPECT_EQ(tally().tallyType->title(), QStringLiteral("type 6"));
+    editor.save();
+    ASSERT_EQ(link.writes.size(), 3u);
+    for (const auto& write : link.writes)
+        EXPECT_EQ(write.changes, (Vorn::Config{{"TallyType", "6"}})) << write.ip;
+}
+
+TEST_F(MultiEditorTest, FirstStepDownGoesFromTheFirstSelectedUnitInListOrder)
+{
+    link.report(cleanUnit({{"TallyGpioType", "5"}}), kFirst);
+    link.report(cleanUnit({{"TallyGpioType", "2"}}), kSecond);
+    open({kSecond, kFirst});
+    tally().gpioType->step(-1);
+    EXPECT_EQ(tally().gpioType->value(), 1);
+}
+
+TEST_F(MultiEditorTest, MixedSwitchFlipsTheFirstSelectedUnitsValue)
+{
+    link.report(cleanUnit({{"Wire2Enable", "1"}}), kFirst);
+    link.report(cleanUnit({{"Wire2Enable", "0"}}), kSecond);
+    open({kFirst, kSecond});
+    EXPECT_TRUE(communication().wire2->mixed());
+    EXPECT_TRUE(communication().wire2->checked());
+}
+
 TEST_F(MultiEditorTest, NothingChangedCannotBeSaved)
 {
     reportThree();

@@ -4,6 +4,7 @@
 // files that change nothing. The fake link opens no socket.
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -78,12 +79,37 @@ TEST_F(UnitTransferTest, ImportPicksTheUnitWithThisSerial)
     EXPECT_EQ(communication().channel->text(), "8");
 }
 
-TEST_F(UnitTransferTest, ImportTakesTheOnlyUnitWhateverItsSerial)
+TEST_F(UnitTransferTest, TheOnlyUnitWithAnotherSerialIsImportedOnlyWhenAskedFor)
 {
     writeFile("other.json",
               {"2026-11-23T01:00:00Z", {Settings::backupUnitOf("10.0.0.1", cleanUnit({{"Serial", "VB-0099"}, {"Channel", "5"}}))}});
-    ASSERT_TRUE(transfer.importFrom(file("other.json")));
+    EXPECT_FALSE(transfer.importFrom(file("other.json")));
+    EXPECT_TRUE(transfer.failed());
+    EXPECT_TRUE(transfer.otherUnitOffered());
+    EXPECT_EQ(transfer.message(), dir.filePath("other.json")
+                                      + QStringLiteral(" holds the settings of another unit (serial VB-0099); this "
+                                                       "unit reports serial VB-0001"));
+    EXPECT_EQ(communication().channel->text(), "3");
+    EXPECT_FALSE(editor.dirty());
+
+    ASSERT_TRUE(transfer.importOtherUnit());
+    EXPECT_FALSE(transfer.otherUnitOffered());
     EXPECT_EQ(communication().channel->text(), "5");
+    EXPECT_TRUE(editor.dirty());
+    EXPECT_FALSE(transfer.importOtherUnit());
+}
+
+TEST_F(UnitTransferTest, ImportListsTheKeysItHasNoFieldFor)
+{
+    writeFile("extra.json", {"2026-11-23T01:00:00Z",
+                             {Settings::backupUnitOf("10.0.0.1", overlaid(kUnit, {{"Channel", "5"},
+                                                                                  {"ManagerIp", "10.0.0.2"},
+                                                                                  {"SilenceThreshold", "30"}}))}});
+    ASSERT_TRUE(transfer.importFrom(file("extra.json")));
+    EXPECT_TRUE(transfer.message().endsWith(QStringLiteral("\nNot imported (no field here): ManagerIp, SilenceThreshold")))
+        << transfer.message().toStdString();
+    editor.save();
+    EXPECT_EQ(lastWrite(), (Vorn::Config{{"Channel", "5"}}));
 }
 
 TEST_F(UnitTransferTest, NetworkKeysLandInTheNetworkFieldsOnly)
@@ -123,6 +149,15 @@ TEST_F(UnitTransferTest, UnreadableFileNamesTheProblemAndChangesNothing)
     EXPECT_TRUE(transfer.message().contains("missing.json")) << transfer.message().toStdString();
     EXPECT_FALSE(editor.dirty());
     EXPECT_EQ(communication().channel->text(), "3");
+}
+
+TEST_F(UnitTransferTest, ExportOfAUnitThatHasNotAnsweredRefusesAndWritesNoFile)
+{
+    editor.setIp(QStringLiteral("127.0.0.99"));
+    EXPECT_FALSE(transfer.exportTo(file("nothing.json")));
+    EXPECT_TRUE(transfer.failed());
+    EXPECT_EQ(transfer.message(), QStringLiteral("This unit has not answered yet; there is nothing to export"));
+    EXPECT_FALSE(QFile::exists(dir.filePath("nothing.json")));
 }
 
 TEST_F(UnitTransferTest, UnwritableExportFileSaysSo)

@@ -75,15 +75,33 @@ TEST_F(VornctlBackupOnLan, BackupOfListedUnitsGoesToStandardOutput)
     EXPECT_EQ(backup.units[0].serial, "KT-BBB222");
 }
 
-TEST_F(VornctlBackupOnLan, BackupOfAListedUnitThatNeverAnswersExits4)
+TEST_F(VornctlBackupOnLan, BackupOfAListedUnitThatNeverAnswersExits4AndWritesNothing)
 {
     auto sim = units(kUnits, {"--silent", "10.232.1.1"});
+    const auto file = dir() / "partial.json";
 
-    const auto run = vornctl({"backup", "10.232.1.1", "10.232.1.2", "--timeout", "0.6"});
+    const auto toFile = vornctl({"backup", "10.232.1.1", "10.232.1.2", "-o", file.string(), "--timeout", "0.6"});
+    const auto toOutput = vornctl({"backup", "10.232.1.1", "--timeout", "0.6"});
+
+    EXPECT_EQ(toFile.status, 4);
+    EXPECT_EQ(toFile.err,
+              "vornctl: 10.232.1.1 did not answer\nvornctl: not every unit answered; nothing written\n");
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(toOutput.status, 4);
+    EXPECT_EQ(toOutput.out, "");
+    EXPECT_EQ(toOutput.err, "vornctl: 10.232.1.1 did not answer\nvornctl: no unit answered; nothing written\n");
+}
+
+TEST_F(VornctlBackupOnLan, BackupWhenNoUnitAnswersExits4AndWritesNothing)
+{
+    auto sim = units(kUnits, {"--silent", "10.232.1.1", "--silent", "10.232.1.2"});
+    const auto file = dir() / "empty.json";
+
+    const auto run = vornctl({"backup", "-o", file.string(), "--timeout", "0.6"});
 
     EXPECT_EQ(run.status, 4);
-    EXPECT_NE(run.err.find("10.232.1.1 did not answer"), std::string::npos) << run.err;
-    EXPECT_EQ(read(run.out).units.size(), 1u);
+    EXPECT_EQ(run.err, "vornctl: no unit answered; nothing written\n");
+    EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 // --- restore --------------------------------------------------------------
@@ -158,6 +176,46 @@ TEST_F(VornctlBackupOnLan, RestoreMatchesByAddressWhenTheFileHasNoSerial)
     EXPECT_EQ(run.out, "10.232.1.2: equal\n");
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_TRUE(withCommand(sim.stopAndReadLog(), kWrite).empty());
+}
+
+// The file's unit KT-OLD999 is gone; KT-AAA111 answers at its address.
+TEST_F(VornctlBackupOnLan, RestoreNeverCrossesSerialsWithoutAllowOtherSerial)
+{
+    auto sim = units();
+    const auto file = backupOf("KT-OLD999", "10.232.1.1", {{"Serial", "KT-OLD999"}, {"Channel", "9"}});
+    const std::string listed = "10.232.1.1 (serial KT-OLD999): another unit answers at 10.232.1.1 (serial "
+                               "KT-AAA111); 1 key(s) differ\n  Channel: 3 \u2192 9\n"
+                               "  not restored: another unit; add --allow-other-serial to restore onto it\n";
+
+    const auto dryRun = vornctl({"restore", file, "--dry-run", "--timeout", "1"});
+    const auto refused = vornctl({"restore", file, "--yes", "--timeout", "1"});
+
+    EXPECT_EQ(dryRun.out, listed);
+    EXPECT_EQ(dryRun.status, 4) << dryRun.err;
+    EXPECT_EQ(refused.out, listed);
+    EXPECT_EQ(refused.status, 4) << refused.err;
+    EXPECT_TRUE(withCommand(sim.stopAndReadLog(), kWrite).empty());
+}
+
+TEST_F(VornctlBackupOnLan, RestoreOntoAnotherSerialOnlyWithAllowOtherSerial)
+{
+    auto sim = units();
+    const auto file = backupOf("KT-OLD999", "10.232.1.1", {{"Serial", "KT-OLD999"}, {"Channel", "9"}});
+
+    const auto dryRun = vornctl({"restore", file, "--allow-other-serial", "--dry-run", "--timeout", "1"});
+    const auto run = vornctl({"restore", file, "--allow-other-serial", "--timeout", "1"});
+
+    EXPECT_EQ(dryRun.out, "10.232.1.1 (serial KT-OLD999): another unit answers at 10.232.1.1 (serial KT-AAA111); "
+                          "1 key(s) differ\n  Channel: 3 \u2192 9\n");
+    EXPECT_EQ(dryRun.status, 0) << dryRun.err;
+    EXPECT_EQ(run.out, "10.232.1.1 (serial KT-OLD999): another unit answers at 10.232.1.1 (serial KT-AAA111); "
+                       "1 key(s) differ\n  Channel: 3 \u2192 9\n  verified\n");
+    EXPECT_EQ(run.status, 0) << run.err;
+    const auto writes = withCommand(sim.stopAndReadLog(), kWrite);
+    ASSERT_EQ(writes.size(), 2u);
+    EXPECT_EQ(writes[0].dst, "10.232.1.1");
+    // The unit keeps its own serial: Serial is no key a restore writes.
+    EXPECT_NE(bodyOf(writes[0]).find("Serial:KT-AAA111\n"), std::string::npos) << bodyOf(writes[0]);
 }
 
 TEST_F(VornctlBackupOnLan, RestoreLeavesNetworkKeysAloneWithoutNetworkAndYes)

@@ -261,6 +261,12 @@ TEST_F(VornctlOnLan, SetRefusesBadPairsWithOneLineAndSendsNothing)
         {{"set", "10.232.1.1", "Gateway=10.232.0.9"},
          "vornctl: Gateway changes how the unit is reached; add --yes to write it; try 'vornctl --help'\n"},
         {{"set", "10.232.1.x", "Channel=1"}, "vornctl: '10.232.1.x' is not an IPv4 address; try 'vornctl --help'\n"},
+        {{"set", "10.232.1.1", "AtemIp=300.1.1.1"},
+         "vornctl: AtemIp \"300.1.1.1\" is not an IPv4 address (four numbers 0\u2013255 joined by dots), nor empty; "
+         "try 'vornctl --help'\n"},
+        {{"set", "10.232.1.1", "AtemIp=atem.local"},
+         "vornctl: AtemIp \"atem.local\" is not an IPv4 address (four numbers 0\u2013255 joined by dots), nor empty; "
+         "try 'vornctl --help'\n"},
     };
     for (const auto& [arguments, message] : cases) {
         SCOPED_TRACE(arguments.back());
@@ -270,6 +276,41 @@ TEST_F(VornctlOnLan, SetRefusesBadPairsWithOneLineAndSendsNothing)
         EXPECT_EQ(run.out, "");
     }
     EXPECT_TRUE(sim.stopAndReadLog().empty());
+}
+
+TEST_F(VornctlOnLan, UnitArgumentsThatAreNotAddressesExit2AndSendNothing)
+{
+    auto sim = twoUnits();
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+        {{"show", "10.232.1"}, "10.232.1"},
+        {{"show", "studio-base"}, "studio-base"},
+        {{"show", "10.232.1.256"}, "10.232.1.256"},
+        {{"set", "0x0a.232.1.1", "Channel=1"}, "0x0a.232.1.1"},
+        {{"backup", "10.232.1.1", "10.232.1.1.", "-o", "unused.json"}, "10.232.1.1."},
+    };
+    for (const auto& [arguments, unit] : cases) {
+        SCOPED_TRACE(unit);
+        const auto run = vornctl(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.err, "vornctl: '" + unit + "' is not an IPv4 address; try 'vornctl --help'\n");
+        EXPECT_EQ(run.out, "");
+    }
+    EXPECT_TRUE(sim.stopAndReadLog().empty());
+}
+
+TEST_F(VornctlOnLan, LeadingZerosInAUnitArgumentAreDecimal)
+{
+    auto sim = twoUnits();
+
+    // As octal, 010.232.001.002 would be 8.232.1.2.
+    const auto run = vornctl({"show", "010.232.001.002", "--json"});
+
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(nlohmann::json::parse(run.out)["address"], "10.232.1.2");
+    const auto log = sim.stopAndReadLog();
+    ASSERT_GE(log.size(), 1u);
+    for (const auto& datagram : log)
+        EXPECT_EQ(datagram.dst, "10.232.1.2");
 }
 
 // --- the port -------------------------------------------------------------

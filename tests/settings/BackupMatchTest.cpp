@@ -25,10 +25,34 @@ TEST(BackupMatch, SerialFindsAUnitThatMovedAddress)
     EXPECT_EQ(matchUnit(fileUnit("A", "10.0.0.5"), live), (UnitMatch{MatchedBy::Serial, 1}));
 }
 
-TEST(BackupMatch, SerialNobodyReportsFallsBackToTheAddress)
+TEST(BackupMatch, SerialNobodyReportsFallsBackToAUnitWithoutSerialAtTheAddress)
+{
+    const std::vector<LiveUnit> live{liveUnit("10.0.0.5", "")};
+    EXPECT_EQ(matchUnit(fileUnit("A", "10.0.0.5"), live), (UnitMatch{MatchedBy::Address, 0}));
+}
+
+TEST(BackupMatch, AnotherSerialAtTheAddressIsOnlyNamedNeverMatched)
+{
+    const std::vector<LiveUnit> live{liveUnit("10.0.0.4", "C"), liveUnit("10.0.0.5", "B")};
+    EXPECT_EQ(matchUnit(fileUnit("A", "10.0.0.5"), live), (UnitMatch{MatchedBy::OtherSerial, 1}));
+}
+
+TEST(BackupMatch, TheSerialElsewhereWinsOverAnotherSerialAtTheAddress)
+{
+    const std::vector<LiveUnit> live{liveUnit("10.0.0.5", "B"), liveUnit("10.0.0.9", "A")};
+    EXPECT_EQ(matchUnit(fileUnit("A", "10.0.0.5"), live), (UnitMatch{MatchedBy::Serial, 1}));
+}
+
+TEST(BackupMatch, FileUnitWithoutSerialMatchesWhateverSerialAnswersAtItsAddress)
 {
     const std::vector<LiveUnit> live{liveUnit("10.0.0.5", "B")};
-    EXPECT_EQ(matchUnit(fileUnit("A", "10.0.0.5"), live), (UnitMatch{MatchedBy::Address, 0}));
+    EXPECT_EQ(matchUnit(fileUnit("", "10.0.0.5"), live), (UnitMatch{MatchedBy::Address, 0}));
+}
+
+TEST(BackupMatch, ReportedSerialIsTheSerialKeyOrNothing)
+{
+    EXPECT_EQ(reportedSerial({{"Serial", "KT-1"}}), "KT-1");
+    EXPECT_EQ(reportedSerial({{"Channel", "1"}}), "");
 }
 
 TEST(BackupMatch, UnitWithoutSerialGoesByAddressOnly)

@@ -73,9 +73,26 @@ TEST(EditableKeys, NetworkKeysFollowTheDottedQuadRule)
     EXPECT_EQ(settingRefusal("Gateway", "192.168.1")->rfind("Gateway \"192.168.1\" is not an IPv4 address", 0), 0u);
 }
 
+TEST(EditableKeys, SwitcherAddressIsEmptyOrADottedQuad)
+{
+    EXPECT_EQ(settingRefusal("AtemIp", ""), std::nullopt);
+    EXPECT_EQ(settingRefusal("AtemIp", "192.168.8.219"), std::nullopt);
+    EXPECT_EQ(settingRefusal("AtemIp", "010.0.0.1"), std::nullopt);
+    EXPECT_EQ(settingRefusal("AtemIp", "300.1.1.1"),
+              "AtemIp \"300.1.1.1\" is not an IPv4 address (four numbers 0\u2013255 joined by dots), nor empty");
+    EXPECT_TRUE(settingRefusal("AtemIp", "not an address").has_value());
+    EXPECT_TRUE(settingRefusal("AtemIp", " ").has_value());
+    const EditableKey* atemIp = findEditableKey("AtemIp");
+    ASSERT_NE(atemIp, nullptr);
+    EXPECT_TRUE(fitsAddressRule(*atemIp, ""));
+    EXPECT_FALSE(fitsAddressRule(*atemIp, "1.2.3"));
+    EXPECT_FALSE(fitsAddressRule(*findEditableKey("Gateway"), ""));
+    EXPECT_TRUE(fitsAddressRule(*findEditableKey("Channel"), "anything"));
+}
+
 TEST(EditableKeys, FreeTextTakesAnythingButLineBreaks)
 {
-    EXPECT_EQ(settingRefusal("AtemIp", "not an address"), std::nullopt);
+    EXPECT_EQ(settingRefusal("AtemPort", "not a port"), std::nullopt);
     EXPECT_EQ(settingRefusal("CallMagic", ""), std::nullopt);
     EXPECT_EQ(settingRefusal("CallMagic", "x\nIPAddress:10.9.9.9"), "the value of CallMagic holds a line feed (LF)");
 }

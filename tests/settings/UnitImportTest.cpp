@@ -16,14 +16,22 @@ TEST(UnitImport, TheUnitWithTheSerialAmongSeveral)
     const Settings::Backup backup{"2026-11-23T01:00:00Z", {unit("A", "10.0.0.1"), unit("B", "10.0.0.2")}};
     const auto found = Settings::unitToImport(backup, "B");
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->address, "10.0.0.2");
+    EXPECT_EQ(found->unit.address, "10.0.0.2");
+    EXPECT_FALSE(found->otherSerial);
 }
 
-TEST(UnitImport, TheOnlyUnitWhateverItsSerial)
+TEST(UnitImport, TheOnlyUnitWithAnotherSerialIsNamedAsAnotherUnit)
 {
     const Settings::Backup backup{"2026-11-23T01:00:00Z", {unit("A", "10.0.0.1")}};
-    EXPECT_EQ(Settings::unitToImport(backup, "Z"), unit("A", "10.0.0.1"));
-    EXPECT_EQ(Settings::unitToImport(backup, ""), unit("A", "10.0.0.1"));
+    EXPECT_EQ(Settings::unitToImport(backup, "Z"), (Settings::ImportChoice{unit("A", "10.0.0.1"), true}));
+}
+
+TEST(UnitImport, TheOnlyUnitIsTakenWhenOneSideHasNoSerial)
+{
+    const Settings::Backup backup{"2026-11-23T01:00:00Z", {unit("A", "10.0.0.1")}};
+    EXPECT_EQ(Settings::unitToImport(backup, ""), (Settings::ImportChoice{unit("A", "10.0.0.1"), false}));
+    const Settings::Backup anonymous{"2026-11-23T01:00:00Z", {unit("", "10.0.0.1")}};
+    EXPECT_EQ(Settings::unitToImport(anonymous, "Z"), (Settings::ImportChoice{unit("", "10.0.0.1"), false}));
 }
 
 TEST(UnitImport, NoneWhenSeveralAndNoneHasTheSerial)
@@ -36,6 +44,16 @@ TEST(UnitImport, AnEmptySerialMatchesNoUnitWithoutOne)
 {
     const Settings::Backup backup{"2026-11-23T01:00:00Z", {unit("", "10.0.0.1"), unit("", "10.0.0.2")}};
     EXPECT_FALSE(Settings::unitToImport(backup, ""));
+}
+
+TEST(UnitImport, KeysWithoutAFieldAreListedInDisplayOrder)
+{
+    const Vorn::Config config{{"Serial", "A"},     {"Version", "2.4.1"},       {"Channel", "1"},
+                              {"Zeta", "1"},       {"SilenceThreshold", "30"}, {"ManagerIp", "10.0.0.2"},
+                              {"IPAddress", "10.0.0.1"}};
+    EXPECT_EQ(Settings::keysNotImported(config),
+              (std::vector<std::string>{"ManagerIp", "SilenceThreshold", "Zeta"}));
+    EXPECT_TRUE(Settings::keysNotImported({{"Channel", "1"}, {"Serial", "A"}}).empty());
 }
 
 TEST(UnitImport, NoneFromAnEmptyFile)

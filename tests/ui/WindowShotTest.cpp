@@ -266,7 +266,7 @@ private slots:
 
         const QStringList texts = w.visibleTexts();
         for (const char* always : {"192.168.0.50", " \u00b7 wrong subnet", "10.77.1.30", " \u00b7 address conflict",
-                                   "10.77.1.20", "2 networks"})
+                                   "10.77.1.20", "2 network(s)"})
             QVERIFY2(texts.contains(QString::fromUtf8(always)), always);
         for (const QString& text : expected)
             QVERIFY2(texts.contains(text), qPrintable(text));
@@ -284,7 +284,7 @@ private slots:
         w.shoot(QStringLiteral("networks-popup"));
 
         const QStringList texts = w.visibleTexts();
-        for (const char* expected : {"office", "192.168.50.20/24", "0 units", "studio", "10.77.1.5/24", "2 units"})
+        for (const char* expected : {"office", "192.168.50.20/24", "0 unit(s)", "studio", "10.77.1.5/24", "2 unit(s)"})
             QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
     }
 

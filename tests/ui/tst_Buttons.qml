@@ -57,6 +57,17 @@ TestCase {
         tryCompare(button, "opacity", 1);
     }
 
+    function test_disabled_ghost_has_a_muted_label_and_a_fainter_hairline() {
+        const button = createTemporaryObject(ghostComponent, testCase, { tint: Theme.ink });
+        verify(sameColour(button.contentItem.color, Theme.ink));
+        button.enabled = false;
+        verify(sameColour(button.contentItem.color, Theme.alpha(Theme.inkMuted, 0.55)));
+        verify(sameColour(button.background.border.color, Theme.alpha(Theme.stroke, 0.5)));
+        button.enabled = true;
+        verify(sameColour(button.contentItem.color, Theme.ink));
+        verify(sameColour(button.background.border.color, Theme.stroke));
+    }
+
     function test_accent_enabled_look() {
         const button = createTemporaryObject(accentComponent, testCase);
         const label = findChild(button, "accentLabel");

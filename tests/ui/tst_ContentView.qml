@@ -124,6 +124,46 @@ TestCase {
         compare(view.manualIP, "");
     }
 
+    function test_query_reads_leading_zeros_as_decimal_and_selects_the_canonical_address() {
+        const decimal = TestKit.makeProbe(client, "127.0.0.10");
+        const octal = TestKit.makeProbe(client, "127.0.0.8");
+        TestKit.setSeq(client, 3);
+        view.manualIP = "127.0.0.010";
+        mouseClick(child("queryButton"));
+        compare(decimal.receiveDiscovers(1, 3000), [4]);
+        compare(octal.totalAfter(300), 0);
+        compare(view.selection, "127.0.0.10");
+        verify(!child("addressRefusal").visible);
+    }
+
+    function test_query_of_text_that_is_not_an_address_sends_nothing_and_says_so() {
+        // The client's broadcast address: a fallback to the broadcast lands here.
+        const broadcast = TestKit.makeProbe(client, "127.0.0.3");
+        TestKit.setSeq(client, 9);
+        const field = child("addressField");
+        const refusal = child("addressRefusal");
+        verify(!refusal.visible);
+        for (const typed of ["studio-base", "127.0.0", "127.0.0.300", "127.0.0.1.", "0x7f.0.0.1"]) {
+            view.manualIP = typed;
+            mouseClick(child("queryButton"));
+            verify(refusal.visible, typed);
+            compare(refusal.text, "not an IPv4 address");
+        }
+        compare(broadcast.totalAfter(300), 0);
+        compare(TestKit.seq(client), 9);
+        compare(view.selection, "");
+        // Typing takes the message away; a good address then goes out.
+        field.forceActiveFocus();
+        field.selectAll();
+        keyClick(Qt.Key_Delete);
+        verify(!refusal.visible);
+        const unit = TestKit.makeProbe(client, "127.0.0.2");
+        view.manualIP = "127.0.0.2";
+        keyClick(Qt.Key_Return);
+        compare(unit.receiveDiscovers(1, 3000), [10]);
+        verify(!refusal.visible);
+    }
+
     function test_discover_after_65535_sends_sequence_zero_to_the_broadcast_address() {
         const probe = TestKit.makeProbe(client, "127.0.0.3");
         view.selection = "10.232.9.9";

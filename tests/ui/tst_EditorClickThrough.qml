@@ -246,6 +246,36 @@ TestCase {
         compare(sim.writes().length, 0);
     }
 
+    function test_switcher_address_must_be_empty_or_a_dotted_quad() {
+        verify(!child("atemIpInvalid").visible);
+        typeInto("atemIpField", "300.1.1.1");
+        verify(child("atemIpInvalid").visible);
+        compare(child("atemIpInvalid").text, "invalid IPv4");
+        verify(child("unsavedMark").visible);
+        verify(!child("saveButton").enabled);
+        mouseClick(child("saveButton"));
+        keyClick(Qt.Key_S, Qt.ControlModifier);
+        typeInto("atemIpField", "atem.local");
+        verify(child("atemIpInvalid").visible);
+        verify(!child("saveButton").enabled);
+        wait(300);
+        compare(sim.writes().length, 0);
+        // Empty means no switcher address: allowed.
+        const field = child("atemIpField").field;
+        mouseClick(field);
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        keyClick(Qt.Key_Delete);
+        compare(field.text, "");
+        verify(!child("atemIpInvalid").visible);
+        verify(child("saveButton").enabled);
+        typeInto("atemIpField", "192.168.10.241");
+        verify(!child("atemIpInvalid").visible);
+        mouseClick(child("saveButton"));
+        const write = theWrite();
+        compare(changedKeys(withChanges({}), write.config), ["AtemIp"]);
+        compare(write.config, withChanges({ AtemIp: "192.168.10.241" }));
+    }
+
     function test_confirmed_gateway_change_sends_exactly_the_gateway() {
         openTab(2);
         typeInto("gatewayField", "127.0.0.254");

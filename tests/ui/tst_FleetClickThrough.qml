@@ -134,7 +134,7 @@ TestCase {
         mouseClick(row(2), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
         compare(view.unitSelection.addresses, ["10.232.1.1", "10.232.1.3"]);
         verify(child("selectedUnitsLoader").active);
-        compare(child("selectedCount").text, "2 units selected");
+        compare(child("selectedCount").text, "2 unit(s) selected");
         compare(child("selectedUnitsView").editor.addresses.length, 2);
         verify(!child("detailLoader").active);
         verify(!child("emptyState").visible);
@@ -158,7 +158,7 @@ TestCase {
         mouseClick(row(3));
         mouseClick(row(1), undefined, undefined, Qt.LeftButton, Qt.ShiftModifier);
         compare(view.unitSelection.addresses, ["10.232.1.2", "10.232.1.3", "10.232.1.4"]);
-        compare(child("selectedCount").text, "3 units selected");
+        compare(child("selectedCount").text, "3 unit(s) selected");
         // The range keeps its start: Shift+click further down replaces it.
         mouseClick(row(4), undefined, undefined, Qt.LeftButton, Qt.ShiftModifier);
         compare(view.unitSelection.addresses, ["10.232.1.4", "10.232.1.5"]);
@@ -174,7 +174,7 @@ TestCase {
         verify(child("deviceList").activeFocus);
         keyClick(Qt.Key_A, Qt.ControlModifier);
         compare(view.unitSelection.count, 4);
-        compare(child("selectedCount").text, "4 units selected");
+        compare(child("selectedCount").text, "4 unit(s) selected");
         shoot("fleet-selected-units.png");
         for (let i = 0; i < 4; ++i)
             verify(row(i).selected);
@@ -260,7 +260,7 @@ TestCase {
         compare(findChild(rows.itemAtIndex(0), "matchText").text, "matched by serial");
         compare(findChild(rows.itemAtIndex(0), "differenceLines").text, "Channel: 9 \u2192 3");
         compare(findChild(rows.itemAtIndex(1), "differenceLines").text, "Channel: 8 \u2192 4");
-        compare(findChild(dialog, "restoreButton").text, "Restore 2 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 2 unit(s)");
         shoot("fleet-restore-review.png");
 
         mouseClick(findChild(dialog, "restoreButton"));
@@ -312,6 +312,65 @@ TestCase {
         compare(last.IPAddress, "127.0.0.5");
     }
 
+    function test_another_serial_at_the_files_address_is_restored_only_when_ticked() {
+        // The file's unit KT4-0000Z9 is gone; KT4-0000D1 answers at its address.
+        const file = backupFile("replaced.json", [{ ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000Z9", "6") }]);
+        simulate([{ ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000D1", "2") }]);
+        const before = writesTo(0).length;
+        view.fleet.reviewFile(file);
+        const dialog = child("restoreReview");
+        tryVerify(() => dialog.opened);
+        const rows = findChild(dialog.contentItem, "restoreRows");
+        compare(rows.count, 1);
+        rows.forceLayout();
+        const item = rows.itemAtIndex(0);
+        compare(findChild(item, "matchText").text, "Another unit answers at 127.0.0.3 (serial KT4-0000D1)");
+        compare(findChild(item, "differenceLines").text, "Channel: 2 \u2192 6");
+        const box = findChild(item, "restoreCheck");
+        const allow = findChild(item, "allowOtherUnit");
+        verify(allow.visible);
+        compare(allow.text, "Restore onto this other unit");
+        verify(!allow.checked);
+        verify(!box.checked);
+        verify(!box.enabled);
+        verify(!findChild(dialog, "restoreButton").enabled);
+        compare(dialog.review.checkedCount, 0);
+        shoot("fleet-restore-other-unit.png");
+        // Nothing goes out while the row is not allowed.
+        mouseClick(findChild(dialog, "restoreButton"));
+        wait(300);
+        compare(writesTo(0).length, before);
+
+        mouseClick(allow);
+        verify(allow.checked);
+        verify(box.checked);
+        verify(box.enabled);
+        compare(dialog.review.checkedCount, 1);
+        verify(findChild(dialog, "restoreButton").enabled);
+        mouseClick(findChild(dialog, "restoreButton"));
+        tryVerify(() => view.fleet.writer.confirmed === 1, 6000);
+        const writes = writesTo(0);
+        compare(writes.length - before, 2);
+        compare(writes[writes.length - 1].config.Channel, "6");
+        compare(writes[writes.length - 1].config.Serial, "KT4-0000D1");
+    }
+
+    function test_a_unit_at_the_address_without_a_serial_matches_by_address() {
+        const file = backupFile("anonymous.json", [{ ip: "127.0.0.3", config: unitConfig("127.0.0.3", "KT4-0000Z9", "6") }]);
+        const live = unitConfig("127.0.0.3", "", "2");
+        delete live.Serial;
+        simulate([{ ip: "127.0.0.3", config: live }]);
+        view.fleet.reviewFile(file);
+        const dialog = child("restoreReview");
+        tryVerify(() => dialog.opened);
+        const rows = findChild(dialog.contentItem, "restoreRows");
+        rows.forceLayout();
+        compare(findChild(rows.itemAtIndex(0), "matchText").text, "matched by address");
+        verify(!findChild(rows.itemAtIndex(0), "allowOtherUnit").visible);
+        verify(findChild(rows.itemAtIndex(0), "restoreCheck").checked);
+        compare(dialog.review.checkedCount, 1);
+    }
+
     function test_including_network_settings_asks_once_before_writing() {
         const other = TestKit.makeClient();
         TestKit.ingest(other, "127.0.0.9", Object.assign(unitConfig("127.0.0.9", "KT4-0000C1", "2"),
@@ -327,10 +386,10 @@ TestCase {
         const dialog = child("restoreReview");
         tryVerify(() => dialog.opened);
         // Without network settings nothing differs.
-        compare(findChild(dialog, "restoreButton").text, "Restore 0 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 0 unit(s)");
         verify(!findChild(dialog, "restoreButton").enabled);
         mouseClick(findChild(dialog, "includeNetwork"));
-        compare(findChild(dialog, "restoreButton").text, "Restore 1 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 1 unit(s)");
         const rows = findChild(dialog.contentItem, "restoreRows");
         rows.forceLayout();
         compare(findChild(rows.itemAtIndex(0), "differenceLines").text,
@@ -418,11 +477,11 @@ TestCase {
         rows.forceLayout();
         compare(findChild(rows.itemAtIndex(1), "matchText").text, "not found");
         verify(!findChild(rows.itemAtIndex(1), "restoreCheck").visible);
-        compare(findChild(dialog, "restoreButton").text, "Restore 1 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 1 unit(s)");
         // Unticking the found unit leaves nothing to restore.
         const box = findChild(rows.itemAtIndex(0), "restoreCheck");
         mouseClick(box);
-        compare(findChild(dialog, "restoreButton").text, "Restore 0 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 0 unit(s)");
         verify(!findChild(dialog, "restoreButton").enabled);
     }
 
@@ -443,7 +502,7 @@ TestCase {
         compare(findChild(rows.itemAtIndex(0), "differenceLines").text, "Channel: 7 \u2192 3");
         compare(findChild(rows.itemAtIndex(1), "differenceLines").text, "Equal: nothing to restore");
         verify(!findChild(rows.itemAtIndex(1), "restoreCheck").enabled);
-        compare(findChild(dialog, "restoreButton").text, "Restore 1 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 1 unit(s)");
         mouseClick(findChild(dialog, "restoreButton"));
         tryVerify(() => view.fleet.writer.confirmed === 1, 6000);
         compare(client.deviceData("127.0.0.3").config.Channel, "3");
@@ -506,7 +565,7 @@ TestCase {
         view.fleet.reviewFile(file);
         const dialog = child("restoreReview");
         tryVerify(() => dialog.opened);
-        compare(findChild(dialog, "restoreButton").text, "Restore 3 units");
+        compare(findChild(dialog, "restoreButton").text, "Restore 3 unit(s)");
         mouseClick(findChild(dialog, "restoreButton"));
         const verdicts = findChild(dialog.contentItem, "verdictRows");
         tryVerify(() => verdicts.count === 3 && verdicts.itemAtIndex(2) !== null);
@@ -517,7 +576,7 @@ TestCase {
         compare(findChild(verdicts.itemAtIndex(1), "verdictText").text, "Not confirmed: Channel");
         compare(findChild(verdicts.itemAtIndex(2), "verdictText").text, "No answer after saving");
         compare(view.fleet.writer.confirmed, 1);
-        compare(findChild(dialog, "reviewTitle").text, "Restored 3 units: 1 confirmed");
+        compare(findChild(dialog, "reviewTitle").text, "Restored 3 unit(s): 1 confirmed");
         shoot("fleet-verdicts-mixed.png");
         // Every unit got exactly one write (sent twice), the silent one too.
         for (let i = 0; i < 3; ++i) {

@@ -67,13 +67,17 @@ TestCase {
 
     function test_field_measures_and_placeholder() {
         const row = createTemporaryObject(fieldComponent, testCase, { mono: false });
-        const label = row.children[0];
-        compare(label.width, 116);
+        const label = findChild(row, "rowLabel");
+        // Alone, the label column is as wide as the label, in whole pixels.
+        const column = Math.ceil(label.implicitWidth);
+        compare(label.width, column);
+        compare(row.labelImplicitWidth, label.implicitWidth);
+        compare(label.lineCount, 1);
         compare(label.font.pixelSize, 13);
         verify(sameColour(label.color, Theme.inkMuted));
         compare(row.spacing, 12);
-        compare(row.field.x, 116 + 12);
-        compare(row.field.width, 480 - 116 - 12);
+        compare(row.field.x, column + 12);
+        compare(row.field.width, 480 - column - 12);
         compare(row.field.placeholderText, "192.168.10.240");
         compare([row.field.leftPadding, row.field.rightPadding, row.field.topPadding, row.field.bottomPadding], [11, 11, 7, 7]);
         compare(row.field.font.pixelSize, 13);
@@ -95,7 +99,59 @@ TestCase {
         const control = findChild(row, "control");
         const slot = findChild(row, "controlSlot");
         compare(control.width, 90);
-        compare(slot.x, 116 + 12);
+        compare(slot.x, Math.ceil(findChild(row, "rowLabel").implicitWidth) + 12);
         compare(slot.width, 90);
+    }
+
+    Component {
+        id: panelComponent
+
+        Panel {
+            id: panel
+
+            width: 480
+            title: "Communication"
+            systemImage: Glyphs.channel
+            tint: Theme.cyan
+
+            LabeledField {
+                objectName: "shortRow"
+                labelWidth: panel.labelColumn
+                label: "Wire2"
+                mono: false
+                placeholder: ""
+            }
+            LabeledControl {
+                objectName: "longRow"
+                labelWidth: panel.labelColumn
+                label: "Suppression Level"
+
+                Rectangle {
+                    implicitWidth: 90
+                    implicitHeight: 24
+                }
+            }
+        }
+    }
+
+    // The label column is the widest label at the current font: nothing wraps
+    // and every field starts at one x.
+    function test_panel_label_column_is_its_widest_label() {
+        const panel = createTemporaryObject(panelComponent, testCase);
+        const shortRow = findChild(panel, "shortRow");
+        const longRow = findChild(panel, "longRow");
+        const longLabel = findChild(longRow, "rowLabel");
+        verify(longRow.labelImplicitWidth > shortRow.labelImplicitWidth);
+        compare(panel.labelColumn, Math.ceil(longRow.labelImplicitWidth));
+        compare(findChild(shortRow, "rowLabel").width, panel.labelColumn);
+        compare(longLabel.width, panel.labelColumn);
+        compare(longLabel.lineCount, 1);
+        compare(shortRow.field.x, findChild(longRow, "controlSlot").x);
+        // A larger font widens the column with it.
+        const before = panel.labelColumn;
+        longLabel.font.pixelSize = 20;
+        verify(panel.labelColumn > before);
+        tryCompare(longLabel, "width", panel.labelColumn);
+        tryCompare(longLabel, "lineCount", 1);
     }
 }

@@ -100,7 +100,7 @@ TestCase {
         for (let i = 1; i < count; ++i)
             mouseClick(row(i), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
         verify(child("selectedUnitsLoader").active);
-        compare(child("selectedCount").text, count + " units selected");
+        compare(child("selectedCount").text, count + " unit(s) selected");
     }
 
     // Clicks into the form row `name` and types `text` over what it holds.
@@ -136,8 +136,36 @@ TestCase {
         // Not the network: addresses are per unit.
         compare(findChild(child("selectedUnitsView"), "networkPanel"), null);
         verify(!multi("multiSaveButton").enabled);
-        compare(multi("multiSaveButton").text, "Save to 3 units");
+        verify(!multi("multiReloadButton").enabled);
+        compare(multi("multiSaveButton").text, "Save to 3 unit(s)");
         shoot("multi-editor-mixed.png");
+    }
+
+    function test_first_step_of_a_mixed_stepper_starts_from_the_first_selected_unit() {
+        // Tally types 2, 2 and 5: the first unit in list order holds 2.
+        simulate(threeUnits());
+        selectAll(3);
+        const stepper = multi("tallyTypeStepper");
+        compare(findChild(stepper, "stepperTitle").text, "Mixed");
+        const before = sims.map(sim => sim.writes().length);
+        mouseClick(findChild(stepper, "increase"));
+        compare(findChild(stepper, "stepperTitle").text, "type 3");
+        verify(multi("multiSaveButton").enabled);
+        shoot("multi-editor-mixed-stepped.png");
+        mouseClick(multi("multiSaveButton"));
+        for (let i = 0; i < 3; ++i)
+            tryVerify(() => sims[i].writes().length > before[i], 3000);
+        for (let i = 0; i < 3; ++i)
+            compare(lastWrite(i).TallyType, "3", "unit " + i);
+    }
+
+    function test_a_missing_level_and_its_default_are_not_mixed() {
+        const units = threeUnits();
+        delete units[0].config.ScenarioType;
+        units.pop();
+        simulate(units);
+        selectAll(2);
+        compare(findChild(multi("scenePicker"), "pickerText").text, "1 \u00b7 Most scenes (speak loudly)");
     }
 
     function test_batch_save_writes_only_the_changed_keys_to_each_unit() {
@@ -163,10 +191,26 @@ TestCase {
         verdicts.forceLayout();
         for (let i = 0; i < 3; ++i)
             compare(findChild(verdicts.itemAtIndex(i), "verdictText").text, "Saved \u00b7 confirmed");
-        compare(multi("batchProgress").text, "3 of 3 units confirmed");
+        compare(multi("batchProgress").text, "3 of 3 unit(s) confirmed");
         // The replies carry the new values: nothing left to save.
         tryVerify(() => !multi("multiSaveButton").enabled);
         shoot("multi-editor-verdicts.png");
+    }
+
+    function test_the_verdicts_stay_readable_with_the_pointer_left_on_save_to_n_units() {
+        simulate(threeUnits());
+        selectAll(3);
+        typeInto("channelField", "7");
+        const save = multi("multiSaveButton");
+        mouseMove(save);
+        mouseClick(save);
+        const verdicts = multi("batchVerdicts");
+        tryVerify(() => verdicts.count === 3 && child("selectedUnitsView").editor.writer.waiting === 0, 6000);
+        wait(Theme.toolTipDelay + 200);
+        verify(multi("batchProgress").visible);
+        compare(multi("batchProgress").text, "3 of 3 unit(s) confirmed");
+        compare(Covering.popupsOver(multi("batchProgress")), []);
+        compare(Covering.popupsOver(verdicts), []);
     }
 
     function test_a_unit_that_already_holds_the_value_is_not_written() {
@@ -198,12 +242,14 @@ TestCase {
         compare(sims.map(sim => sim.writes().length), before);
         typeInto("passwordField", "one");
         verify(multi("multiSaveButton").enabled);
+        verify(multi("multiReloadButton").enabled);
         // Reload drops the changes: the units' values again, Mixed where they differ.
         mouseClick(multi("multiReloadButton"));
         compare(multi("channelField").text, "");
         compare(multi("channelField").field.placeholderText, "Mixed");
         compare(multi("passwordField").text, "studio");
         verify(!multi("multiSaveButton").enabled);
+        verify(!multi("multiReloadButton").enabled);
     }
 
     function test_export_then_import_round_trip() {
@@ -254,6 +300,46 @@ TestCase {
         compare(findChild(detail.item, "ipAddrField").text, "10.232.1.2");
         verify(findChild(detail.item, "applyNetworkButton").enabled);
         verify(findChild(detail.item, "saveButton").enabled);
+    }
+
+    function test_import_of_another_units_file_waits_for_the_users_word_and_lists_skipped_keys() {
+        simulate([{ ip: "127.0.0.7", config: unitConfig("127.0.0.7", "KT4-0000Y1", "4") }]);
+        const other = TestKit.makeClient();
+        TestKit.ingest(other, "10.1.1.1", Object.assign(unitConfig("10.1.1.1", "KT4-0000Z1", "8"),
+                                                        { ManagerIp: "10.1.1.250", SilenceThreshold: "30" }));
+        const exporter = Qt.createQmlObject("import VornLink; BackupExport {}", testCase);
+        exporter.client = other;
+        const file = TestKit.scratchFile("another-unit.json");
+        verify(exporter.exportAll(file));
+        exporter.destroy();
+
+        mouseClick(row(0));
+        const detail = child("detailLoader");
+        tryVerify(() => detail.item !== null);
+        const menuButton = findChild(detail.item, "editorMenuButton");
+        const message = findChild(detail.item, "transferMessage");
+        const anyway = findChild(detail.item, "importOtherUnitButton");
+        verify(!anyway.visible);
+        verify(!menuButton.importFrom(file));
+        const path = file.toString().replace("file://", "");
+        compare(message.text, path + " holds the settings of another unit (serial KT4-0000Z1); this unit reports "
+                + "serial KT4-0000Y1");
+        verify(anyway.visible);
+        compare(anyway.text, "Import onto this other unit");
+        compare(findChild(detail.item, "channelField").text, "4");
+        verify(!findChild(detail.item, "unsavedMark").visible);
+        shoot("editor-import-other-unit.png");
+
+        mouseClick(anyway);
+        verify(!anyway.visible);
+        compare(findChild(detail.item, "channelField").text, "8");
+        verify(findChild(detail.item, "unsavedMark").visible);
+        compare(message.text, "Settings of KT4-0000Z1 loaded from " + path + ": review them, then save\n"
+                + "Not imported (no field here): ManagerIp, SilenceThreshold");
+        shoot("editor-import-skipped-keys.png");
+        const sent = sims[0].writes().length;
+        wait(200);
+        compare(sims[0].writes().length, sent);
     }
 
     function test_import_of_a_file_without_this_unit_changes_nothing() {

@@ -68,9 +68,9 @@ TestCase {
 
     function test_networks_button_counts_the_networks_discovery_uses() {
         TestKit.setNetworks(client, [office, studio]);
-        compare(child("networksButton").text, "2 networks");
+        compare(child("networksButton").text, "2 network(s)");
         TestKit.setNetworks(client, [studio]);
-        compare(child("networksButton").text, "1 network");
+        compare(child("networksButton").text, "1 network(s)");
         verify(!sameColour(child("networksButton").contentItem.color, Theme.amber));
     }
 
@@ -93,9 +93,9 @@ TestCase {
         const studioEntry = findChild(popup.contentItem, "network_studio_10.77.1.5");
         compare(findChild(officeEntry, "networkName").text, "office");
         compare(findChild(officeEntry, "networkAddress").text, "192.168.50.20/24");
-        compare(findChild(officeEntry, "networkUnits").text, "0 units");
+        compare(findChild(officeEntry, "networkUnits").text, "0 unit(s)");
         compare(findChild(studioEntry, "networkAddress").text, "10.77.1.5/24");
-        compare(findChild(studioEntry, "networkUnits").text, "2 units");
+        compare(findChild(studioEntry, "networkUnits").text, "2 unit(s)");
         keyClick(Qt.Key_Escape);
         tryVerify(() => !popup.visible);
     }

@@ -102,6 +102,40 @@ TestCase {
         verify(!child("saveVerdict").visible);
     }
 
+    function test_the_verdict_stays_readable_with_the_pointer_left_on_save() {
+        openUnit({});
+        mouseClick(child("segment1"));
+        typeInto("channelField", "5");
+        const save = child("saveButton");
+        mouseMove(save);
+        mouseClick(save);
+        // The pointer stays on the button past the tooltip delay and the unit's answer.
+        tryVerify(() => child("saveVerdict").visible && verdictText() === "Saved \u00b7 confirmed", 6000);
+        wait(Theme.toolTipDelay + 200);
+        const chip = findChild(child("saveVerdict"), "verdictChip");
+        compare(Covering.popupsOver(chip), []);
+        compare(Covering.popupsOver(child("saveVerdict")), []);
+        // While the button is still enabled its hint shows, beside it, over neither mark nor verdict.
+        typeInto("channelField", "6");
+        const hint = findChild(save, "saveHint");
+        // The pointer comes from the field to the button again.
+        mouseMove(child("channelField"));
+        mouseMove(save);
+        mouseClick(save);
+        tryVerify(() => hint.visible, 3000);
+        compare(hint.text, "Save changes (" + (Qt.platform.os === "osx" ? "\u2318S" : "Ctrl+S") + ")");
+        compare(Covering.popupsOver(child("unsavedMark")), []);
+        compare(Covering.popupsOver(child("saveVerdict")), []);
+        shoot("editor-save-hint.png");
+        tryVerify(() => verdictText() === "Saved \u00b7 confirmed", 6000);
+        compare(Covering.popupsOver(chip), []);
+    }
+
+    function shoot(name) {
+        waitForRendering(view);
+        grabImage(view).save(TestKit.shotPath(name));
+    }
+
     function test_a_unit_that_ignores_writes_is_not_confirmed_with_the_keys() {
         openUnit({ ignoreWrites: true });
         editAndSave();

@@ -85,7 +85,6 @@ TestCase {
             { tag: "dialogMinimumMargin", value: 24 },
             { tag: "dialogLineHeight", value: 1.15 },
             { tag: "popupPadding", value: 14 },
-            { tag: "labelColumn", value: 116 },
             { tag: "labelGap", value: 12 },
             { tag: "verdictMaximumWidth", value: 320 },
             { tag: "buttonPaddingVertical", value: 8 },
@@ -137,27 +136,6 @@ TestCase {
     function test_the_measures(data) {
         verify(Theme[data.tag] !== undefined, data.tag + " is missing");
         compare(Theme[data.tag], data.value);
-    }
-
-    TextMetrics {
-        id: labelMetrics
-
-        font.pixelSize: Theme.fontBody
-    }
-
-    // The editor's field labels, as the panels show them beside their fields.
-    // A label wider than the column wraps between words, so each word must fit.
-    function test_the_label_column_holds_every_word_of_a_label_data() {
-        return ["ATEM IP", "ATEM port", "Switcher", "Tally Channel", "Tally / GPIO", "Channel", "Password",
-                "Scene Level", "Suppression Level", "Wire2", "IP address", "Subnet mask", "Gateway"]
-            .map(label => ({ tag: label, label: label }));
-    }
-
-    function test_the_label_column_holds_every_word_of_a_label(data) {
-        for (const word of data.label.split(" ")) {
-            labelMetrics.text = word;
-            verify(labelMetrics.advanceWidth <= Theme.labelColumn, word + " is " + labelMetrics.advanceWidth + " wide");
-        }
     }
 
     function test_alpha_keeps_the_colour_and_sets_the_opacity() {

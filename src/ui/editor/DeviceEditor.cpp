@@ -95,7 +95,7 @@ void DeviceEditor::load()
 void DeviceEditor::save()
 {
     refresh();
-    if (sendRefusal(store_.fields, store_.live))
+    if (!sending_.canSave)
         return;
     std::vector<KeyComparison> keys = tally_.comparison();
     for (auto& key : communication_.comparison())
@@ -153,7 +153,7 @@ void DeviceEditor::refresh()
     now.dirty = tally_.dirty() || communication_.dirty();
     if (const auto refused = sendRefusal(store_.fields, store_.live))
         now.refusal = tr("Cannot send: %1").arg(QString::fromStdString(*refused));
-    now.canSave = now.dirty && now.refusal.isEmpty();
+    now.canSave = now.dirty && tally_.valid() && communication_.valid() && now.refusal.isEmpty();
     now.canApplyNetwork = network_.dirty() && network_.valid() && now.refusal.isEmpty();
     const Sending before = std::exchange(sending_, std::move(now));
 

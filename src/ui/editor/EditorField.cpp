@@ -19,7 +19,7 @@ bool EditorField::valid() const
     if (Settings::valueRefusal(key_, value))
         return false;
     const Settings::EditableKey* editable = Settings::findEditableKey(key_);
-    return !editable || editable->kind != Settings::ValueKind::Address || EditorRules::isDottedQuad(value);
+    return !editable || Settings::fitsAddressRule(*editable, value);
 }
 
 void EditorField::refresh(bool dirty)

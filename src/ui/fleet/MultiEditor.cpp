@@ -77,23 +77,31 @@ Vorn::Config MultiEditor::liveOf(const QString& address) const
 
 void MultiEditor::load()
 {
+    // Mixed is decided on the values the editor compares, not the raw texts.
     std::vector<Vorn::Config> units;
     units.reserve(static_cast<std::size_t>(addresses_.size()));
     for (const QString& address : addresses_)
-        units.push_back(liveOf(address));
+        units.push_back(comparedValues(liveOf(address)));
     const std::vector<EditorField*> fields = allFields();
     std::vector<std::string_view> keys;
     keys.reserve(fields.size());
     for (const EditorField* field : fields)
         keys.push_back(field->unitKey());
     const Settings::FleetValues values = Settings::fleetValues(units, keys);
-
-    // Shared values load as one unit's would; a mixed key loads its default and shows "Mixed".
-    store_.fields = loadFields(values.equal);
-    store_.live = values.equal;
     const auto isMixed = [&](std::string_view key) {
         return std::find(values.mixed.begin(), values.mixed.end(), key) != values.mixed.end();
     };
+
+    // Shared values load as one unit's would. A mixed number, choice or
+    // switch holds the first selected unit's value, so a first step starts
+    // there; a mixed text stays empty under its "Mixed" placeholder.
+    Vorn::Config shown = values.equal;
+    for (const EditorField* field : fields) {
+        if (isMixed(field->unitKey()) && !qobject_cast<const TextField*>(field))
+            shown.insert_or_assign(std::string(field->unitKey()), units.front().at(std::string(field->unitKey())));
+    }
+    store_.fields = loadFields(shown);
+    store_.live = shown;
     // Band and model are one choice in the switcher picker: mixed together.
     const bool switcherMixed = isMixed(tally_.band->unitKey()) || isMixed(tally_.model->unitKey());
     for (EditorField* field : fields)

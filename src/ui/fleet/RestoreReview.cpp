@@ -62,6 +62,7 @@ bool RestoreReview::open(const QUrl& file)
         backup_ = std::get<Settings::Backup>(std::move(read));
     }
     checked_.assign(backup_.units.size(), true);
+    otherAllowed_.assign(backup_.units.size(), false);
     plan();
     endResetModel();
     emit planChanged();
@@ -105,10 +106,21 @@ void RestoreReview::setChecked(int row, bool checked)
     emit planChanged();
 }
 
+void RestoreReview::setOtherAllowed(int row, bool allowed)
+{
+    if (row < 0 || row >= rowCount() || otherAllowed_[static_cast<std::size_t>(row)] == allowed)
+        return;
+    otherAllowed_[static_cast<std::size_t>(row)] = allowed;
+    emit dataChanged(index(row), index(row), {CheckableRole, CheckedRole, OtherAllowedRole});
+    emit planChanged();
+}
+
 bool RestoreReview::checkable(std::size_t row) const
 {
     const auto& item = plan_[row];
-    return item.match.live && !item.changes.empty() && !item.sharesTarget;
+    // Another unit's settings never land on a unit without the user's word.
+    const bool allowed = item.match.by != Settings::MatchedBy::OtherSerial || otherAllowed_[row];
+    return item.match.live && !item.changes.empty() && !item.sharesTarget && allowed;
 }
 
 int RestoreReview::checkedCount() const
@@ -193,6 +205,9 @@ QVariant RestoreReview::data(const QModelIndex& index, int role) const
     case MatchRole: {
         if (!item.match.live)
             return tr("not found");
+        if (item.match.by == Settings::MatchedBy::OtherSerial)
+            return tr("Another unit answers at %1 (serial %2)")
+                .arg(QString::fromStdString(item.liveAddress), QString::fromStdString(Settings::reportedSerial(live)));
         QString text = item.match.by == Settings::MatchedBy::Serial ? tr("matched by serial")
                                                                     : tr("matched by address");
         if (item.liveAddress != unit.address)
@@ -209,6 +224,10 @@ QVariant RestoreReview::data(const QModelIndex& index, int role) const
         return checkable(row);
     case CheckedRole:
         return writes(row);
+    case OtherUnitRole:
+        return item.match.by == Settings::MatchedBy::OtherSerial;
+    case OtherAllowedRole:
+        return bool(otherAllowed_[row]);
     default:
         return {};
     }
@@ -218,5 +237,6 @@ QHash<int, QByteArray> RestoreReview::roleNames() const
 {
     return {{SerialRole, "serial"},           {FileAddressRole, "fileAddress"}, {FoundRole, "found"},
             {MatchRole, "match"},             {DifferencesRole, "differences"}, {HeldBackRole, "heldBack"},
-            {CheckableRole, "checkable"},     {CheckedRole, "checked"}};
+            {CheckableRole, "checkable"},     {CheckedRole, "checked"},         {OtherUnitRole, "otherUnit"},
+            {OtherAllowedRole, "otherAllowed"}};
 }

@@ -40,8 +40,11 @@ public:
         MatchRole,        // "matched by serial, now at 10.0.0.8", "matched by address", "not found"
         DifferencesRole,  // "Key: live → backup", the keys to write
         HeldBackRole,     // the same for network keys left out
-        CheckableRole,    // found, something differs, and no earlier row has the unit
+        CheckableRole,    // found, something differs, no earlier row has the unit, and
+                          // for another unit at the file's address: allowed
         CheckedRole,
+        OtherUnitRole,    // the file's serial is nowhere; another serial answers at its address
+        OtherAllowedRole, // the user ticked "Restore onto this other unit"
     };
     Q_ENUM(Role)
 
@@ -54,6 +57,8 @@ public:
     // error naming the problem) when the file cannot be read.
     Q_INVOKABLE bool open(const QUrl& file);
     Q_INVOKABLE void setChecked(int row, bool checked);
+    // Whether the other unit answering at a row's address may be restored onto.
+    Q_INVOKABLE void setOtherAllowed(int row, bool allowed);
     // Writes every ticked row's differing keys to its unit through `writer`.
     Q_INVOKABLE void restore(BatchWriter* writer);
 
@@ -87,6 +92,7 @@ private:
     std::vector<Settings::RestoreItem> plan_;
     std::vector<Settings::LiveUnit> live_;
     std::vector<bool> checked_;
+    std::vector<bool> otherAllowed_;
     QString error_;
     QString fileName_;
     bool includeNetwork_ = false;

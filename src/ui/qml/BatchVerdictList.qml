@@ -17,8 +17,8 @@ ColumnLayout {
     Text {
         objectName: "batchProgress"
         text: root.writer.waiting > 0
-            ? qsTr("%1 of %2 units confirmed, %3 waiting\u2026").arg(root.writer.confirmed).arg(root.writer.count).arg(root.writer.waiting)
-            : qsTr("%1 of %2 units confirmed").arg(root.writer.confirmed).arg(root.writer.count)
+            ? qsTr("%1 of %n unit(s) confirmed, %2 waiting\u2026", "", root.writer.count).arg(root.writer.confirmed).arg(root.writer.waiting)
+            : qsTr("%1 of %n unit(s) confirmed", "", root.writer.count).arg(root.writer.confirmed)
         textFormat: Text.PlainText
         color: Theme.ink
         font.pixelSize: Theme.fontDialogTitle

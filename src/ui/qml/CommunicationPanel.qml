@@ -16,6 +16,7 @@ Panel {
     tint: Theme.cyan
 
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "channelField"
         Layout.fillWidth: true
         label: qsTr("Channel")
@@ -26,6 +27,7 @@ Panel {
         onEdited: text => root.editor.communication.channel.text = text
     }
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "passwordField"
         Layout.fillWidth: true
         label: qsTr("Password")
@@ -36,6 +38,7 @@ Panel {
         onEdited: text => root.editor.communication.password.text = text
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Scene Level")
 
@@ -48,6 +51,7 @@ Panel {
         }
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Suppression Level")
 
@@ -60,6 +64,7 @@ Panel {
         }
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Wire2")
 

@@ -28,11 +28,13 @@ SplitView {
         return root.selection !== "" && root.client.contains(root.selection);
     }
 
-    // Sends one discover to the address in the field, blanks around it
-    // removed, and selects that address; a blank field does nothing.
+    // Sends one discover to the address in the field (blanks around it
+    // removed, read as a decimal dotted quad) and selects that address. A
+    // blank field does nothing; text that is not an address sends nothing
+    // and says so under the field.
     function query() {
-        const blanks = "[\\t \\u00a0\\u1680\\u2000-\\u200a\\u202f\\u205f\\u3000]+";
-        const ip = root.manualIP.replace(new RegExp("^" + blanks + "|" + blanks + "$", "g"), "");
+        const ip = root.client.canonicalAddress(root.manualIP);
+        sidebarFooter.addressRefused = ip === "" && root.manualIP.trim() !== "";
         if (ip === "")
             return;
         root.client.sendDiscover(ip);

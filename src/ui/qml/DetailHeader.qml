@@ -121,11 +121,17 @@ RowLayout {
                 objectName: "reloadButton"
                 text: qsTr("Reload")
                 tint: Theme.ink
-                ToolTip.visible: reloadButton.hovered
-                ToolTip.delay: Theme.toolTipDelay
+                // The hint follows the pointer wherever the platform turns hover effects off.
+                hoverEnabled: true
                 ToolTip.text: qsTr("%1 (%2)").arg(reloadButton.text).arg(reloadShortcut.nativeText)
                 Accessible.description: qsTr("Discards the edits and shows what the unit last reported")
                 onClicked: root.editor.load()
+
+                ButtonHint {
+                    objectName: "reloadHint"
+                    button: reloadButton
+                    text: reloadButton.ToolTip.text
+                }
             }
             AccentButton {
                 id: saveButton
@@ -134,12 +140,17 @@ RowLayout {
                 text: qsTr("Save changes")
                 systemImage: Glyphs.save
                 tint: Theme.cyan
-                ToolTip.visible: saveButton.hovered
-                ToolTip.delay: Theme.toolTipDelay
+                hoverEnabled: true
                 ToolTip.text: qsTr("%1 (%2)").arg(saveButton.text).arg(saveShortcut.nativeText)
                 Accessible.description: qsTr("Sends the changed settings to the unit")
                 enabled: root.editor.canSave
                 onClicked: root.editor.save()
+
+                ButtonHint {
+                    objectName: "saveHint"
+                    button: saveButton
+                    text: saveButton.ToolTip.text
+                }
             }
 
             Shortcut {
@@ -199,6 +210,16 @@ RowLayout {
             horizontalAlignment: Text.AlignRight
             color: editorMenu.transfer.failed ? Theme.tally : Theme.inkMuted
             font.pixelSize: Theme.fontSmall
+        }
+
+        // A file of another unit is imported only on this explicit press.
+        GhostButton {
+            objectName: "importOtherUnitButton"
+            Layout.alignment: Qt.AlignRight
+            visible: editorMenu.transfer.otherUnitOffered
+            text: qsTr("Import onto this other unit")
+            tint: Theme.amber
+            onClicked: editorMenu.transfer.importOtherUnit()
         }
 
         Text {

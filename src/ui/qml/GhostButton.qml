@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The secondary button: tinted label on surface2 with a hairline; dims while down.
+// The secondary button: tinted label on surface2 with a hairline; dims while
+// down. While disabled the label is muted and the hairline fainter.
 import QtQuick
 import QtQuick.Controls.Basic
 
@@ -27,7 +28,7 @@ Button {
         text: root.text
         textFormat: Text.PlainText
         font: root.font
-        color: root.tint
+        color: root.enabled ? root.tint : Theme.alpha(Theme.inkMuted, 0.55)
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
@@ -42,6 +43,6 @@ Button {
         radius: Theme.radiusButton
         color: Theme.surface2
         border.width: Theme.hairline
-        border.color: root.visualFocus ? root.tint : Theme.stroke
+        border.color: root.visualFocus ? root.tint : root.enabled ? Theme.stroke : Theme.alpha(Theme.stroke, 0.5)
     }
 }

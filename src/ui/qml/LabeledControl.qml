@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A form row: the label in the fixed 116-wide column, then the control at its
-// natural width, then free space.
+// A form row: the label in the label column (as wide as `labelWidth`, which
+// a panel sets to its widest label), then the control at its natural width,
+// then free space.
 import QtQuick
 import QtQuick.Layouts
 
@@ -10,11 +11,18 @@ RowLayout {
     required property string label
     default property alias control: slot.data
 
+    // The label's own width at the current font, for the panel to measure.
+    readonly property real labelImplicitWidth: labelText.implicitWidth
+    property real labelWidth: Math.ceil(labelText.implicitWidth)
+
     spacing: Theme.labelGap
 
     Text {
-        Layout.preferredWidth: Theme.labelColumn
-        Layout.maximumWidth: Theme.labelColumn
+        id: labelText
+
+        objectName: "rowLabel"
+        Layout.preferredWidth: root.labelWidth
+        Layout.maximumWidth: root.labelWidth
         text: root.label
         textFormat: Text.PlainText
         // A label longer than the column wraps instead of being cut.

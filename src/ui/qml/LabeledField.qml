@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A form row: the label in the fixed 116-wide column, then a text field that
-// takes the rest of the width.
+// A form row: the label in the label column (as wide as `labelWidth`, which
+// a panel sets to its widest label), then a text field that takes the rest
+// of the width.
 import QtQuick
 import QtQuick.Layouts
 
@@ -18,11 +19,18 @@ RowLayout {
     // The user changed the text (not a change made by a binding).
     signal edited(string text)
 
+    // The label's own width at the current font, for the panel to measure.
+    readonly property real labelImplicitWidth: labelText.implicitWidth
+    property real labelWidth: Math.ceil(labelText.implicitWidth)
+
     spacing: Theme.labelGap
 
     Text {
-        Layout.preferredWidth: Theme.labelColumn
-        Layout.maximumWidth: Theme.labelColumn
+        id: labelText
+
+        objectName: "rowLabel"
+        Layout.preferredWidth: root.labelWidth
+        Layout.maximumWidth: root.labelWidth
         text: root.label
         textFormat: Text.PlainText
         // A label longer than the column wraps instead of being cut.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The head of the editor of several units: how many are selected, what a
 // save does, and on the right Reload (the units' values afresh, edits
-// dropped) and "Save to <N> units", enabled while
+// dropped; only while something is changed) and "Save to <N> units", enabled while
 // some unit would be sent a change and every field set is valid.
 import QtQuick
 import VornLink
@@ -23,7 +23,7 @@ RowLayout {
         Text {
             objectName: "selectedCount"
             Layout.fillWidth: true
-            text: qsTr("%1 units selected").arg(root.count)
+            text: qsTr("%n unit(s) selected", "", root.count)
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: Theme.ink
@@ -47,13 +47,15 @@ RowLayout {
         Layout.alignment: Qt.AlignTop
         text: qsTr("Reload")
         tint: Theme.ink
+        // Nothing changed: nothing to drop.
+        enabled: root.editor.dirty
         Accessible.name: qsTr("Reload the selected units, dropping the changes")
         onClicked: root.editor.load()
     }
     AccentButton {
         objectName: "multiSaveButton"
         Layout.alignment: Qt.AlignTop
-        text: qsTr("Save to %1 units").arg(root.count)
+        text: qsTr("Save to %n unit(s)", "", root.count)
         systemImage: Glyphs.save
         tint: Theme.cyan
         enabled: root.editor.canSave

@@ -22,6 +22,7 @@ Panel {
     footer: qsTr("Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation.")
 
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "ipAddrField"
         Layout.fillWidth: true
         label: qsTr("IP address")
@@ -31,6 +32,7 @@ Panel {
         onEdited: text => root.editor.network.ipAddr.text = text
     }
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "netmaskField"
         Layout.fillWidth: true
         label: qsTr("Subnet mask")
@@ -40,6 +42,7 @@ Panel {
         onEdited: text => root.editor.network.netmask.text = text
     }
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "gatewayField"
         Layout.fillWidth: true
         label: qsTr("Gateway")
@@ -55,7 +58,7 @@ Panel {
 
         // Lines the button up with the fields, past the label column.
         Item {
-            Layout.preferredWidth: Theme.labelColumn
+            Layout.preferredWidth: root.labelColumn
         }
         AccentButton {
             objectName: "applyNetworkButton"

@@ -13,9 +13,7 @@ Button {
     required property var networks
     readonly property int count: root.networks.length
 
-    text: root.count === 0 ? qsTr("No network")
-        : root.count === 1 ? qsTr("1 network")
-        : qsTr("%1 networks").arg(root.count)
+    text: root.count === 0 ? qsTr("No network") : qsTr("%n network(s)", "", root.count)
     leftPadding: Theme.smallPillPaddingHorizontal
     rightPadding: Theme.smallPillPaddingHorizontal
     topPadding: Theme.smallPillPaddingVertical

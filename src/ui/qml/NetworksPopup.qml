@@ -92,7 +92,7 @@ Popup {
                 Text {
                     objectName: "networkUnits"
                     Layout.alignment: Qt.AlignTop
-                    text: entry.modelData.units === 1 ? qsTr("1 unit") : qsTr("%1 units").arg(entry.modelData.units)
+                    text: qsTr("%n unit(s)", "", entry.modelData.units)
                     textFormat: Text.PlainText
                     color: Theme.inkMuted
                     font.pixelSize: Theme.fontSmall

@@ -13,6 +13,17 @@ Rectangle {
     // No footer row at all while empty.
     property string footer: ""
     default property alias content: contentColumn.data
+    // The label column of the panel's form rows: their widest label as the
+    // current font draws it, so no label wraps. The rows take it as labelWidth.
+    readonly property real labelColumn: {
+        const rows = contentColumn.children;
+        let widest = 0;
+        for (let i = 0; i < rows.length; ++i) {
+            if (rows[i].labelImplicitWidth !== undefined)
+                widest = Math.max(widest, rows[i].labelImplicitWidth);
+        }
+        return Math.ceil(widest);
+    }
 
     implicitWidth: column.implicitWidth + 2 * column.anchors.margins
     implicitHeight: column.implicitHeight + 2 * column.anchors.margins

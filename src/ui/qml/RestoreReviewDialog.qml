@@ -53,10 +53,9 @@ Dialog {
             Layout.rightMargin: Theme.fleetDialogPadding
             Layout.topMargin: Theme.fleetDialogPadding
             text: !root.writing ? qsTr("Restore from backup")
-                : root.writer.waiting > 0 ? qsTr("Restoring %1 units: %2 answered")
-                                                .arg(root.writer.count)
+                : root.writer.waiting > 0 ? qsTr("Restoring %n unit(s): %1 answered", "", root.writer.count)
                                                 .arg(root.writer.count - root.writer.waiting)
-                : qsTr("Restored %1 units: %2 confirmed").arg(root.writer.count).arg(root.writer.confirmed)
+                : qsTr("Restored %n unit(s): %1 confirmed", "", root.writer.count).arg(root.writer.confirmed)
             textFormat: Text.PlainText
             color: Theme.ink
             font.pixelSize: Theme.fontDialogTitle
@@ -100,6 +99,7 @@ Dialog {
             delegate: RestoreRow {
                 width: ListView.view.width
                 onToggled: (row, checked) => root.review.setChecked(row, checked)
+                onOtherAllowedToggled: (row, allowed) => root.review.setOtherAllowed(row, allowed)
             }
         }
 
@@ -151,7 +151,7 @@ Dialog {
             Layout.rightMargin: Theme.fleetDialogPadding
             visible: !root.writing
             enabled: root.review.error === "" && root.review.checkedCount > 0
-            text: qsTr("Restore %1 units").arg(root.review.checkedCount)
+            text: qsTr("Restore %n unit(s)", "", root.review.checkedCount)
             systemImage: Glyphs.restore
             tint: Theme.cyan
             onClicked: root.review.writesNetwork ? networkConfirm.open() : root.restoreNow()

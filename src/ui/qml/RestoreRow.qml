@@ -17,8 +17,11 @@ Rectangle {
     required property var heldBack
     required property bool checkable
     required property bool checked
+    required property bool otherUnit
+    required property bool otherAllowed
 
     signal toggled(int row, bool checked)
+    signal otherAllowedToggled(int row, bool allowed)
 
     implicitHeight: layout.implicitHeight + 2 * Theme.gapMedium
     radius: Theme.radiusRow
@@ -61,8 +64,15 @@ Rectangle {
                 objectName: "matchText"
                 text: root.match
                 textFormat: Text.PlainText
-                color: root.found ? Theme.inkMuted : Theme.amber
+                color: root.found && !root.otherUnit ? Theme.inkMuted : Theme.amber
                 font.pixelSize: Theme.fontSmall
+            }
+            TickBox {
+                objectName: "allowOtherUnit"
+                visible: root.otherUnit
+                checked: root.otherAllowed
+                text: qsTr("Restore onto this other unit")
+                onToggled: root.otherAllowedToggled(root.index, checked)
             }
             Text {
                 objectName: "differenceLines"

@@ -25,6 +25,8 @@ Rectangle {
     // What the last export or restore said, under the address row; "" for nothing.
     property string fleetMessage: ""
     property bool fleetMessageFailed: false
+    // The last query was refused: the field held no address. Editing clears it.
+    property bool addressRefused: false
 
     signal queryRequested()
     signal discoverRequested()
@@ -67,6 +69,7 @@ Rectangle {
                 topPadding: Theme.compactPaddingVertical
                 bottomPadding: Theme.compactPaddingVertical
                 onAccepted: root.queryRequested()
+                onTextEdited: root.addressRefused = false
                 ToolTip.visible: addressField.hovered
                 ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(addressField.placeholderText).arg(addressShortcut.nativeText)
@@ -98,6 +101,18 @@ Rectangle {
                 onExportAllRequested: root.exportAllRequested()
                 onRestoreRequested: root.restoreRequested()
             }
+        }
+
+        Text {
+            objectName: "addressRefusal"
+            Layout.fillWidth: true
+            visible: root.addressRefused
+            text: qsTr("not an IPv4 address")
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+            color: Theme.tally
+            font.pixelSize: Theme.fontSmall
         }
 
         Text {
@@ -167,8 +182,7 @@ Rectangle {
                 objectName: "unitCount"
                 text: String(root.client.deviceCount)
                 textFormat: Text.PlainText
-                Accessible.name: root.client.deviceCount === 1 ? qsTr("1 unit known")
-                                                               : qsTr("%1 units known").arg(root.client.deviceCount)
+                Accessible.name: qsTr("%n unit(s) known", "", root.client.deviceCount)
                 color: Theme.inkMuted
                 font.pixelSize: Theme.fontSmall
                 font.weight: Font.DemiBold

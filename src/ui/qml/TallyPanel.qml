@@ -17,6 +17,7 @@ Panel {
     footer: qsTr("A base station drives 12 tally channels at a time. Tally bank selects which 12 \u2014 13\u201324 for cameras beyond 12. One unit can\u2019t span more than 12 at once (firmware limit); use a second base station on the next bank.")
 
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "atemIpField"
         Layout.fillWidth: true
         label: qsTr("ATEM IP")
@@ -26,7 +27,20 @@ Panel {
         mixed: root.editor.tally.atemIp.mixed
         onEdited: text => root.editor.tally.atemIp.text = text
     }
+    // The switcher's address is empty or a dotted quad; anything else keeps Save off.
+    Text {
+        objectName: "atemIpInvalid"
+        Layout.leftMargin: root.labelColumn + Theme.labelGap
+        visible: !root.editor.tally.atemIp.valid && !root.editor.tally.atemIp.mixed
+        text: qsTr("invalid IPv4")
+        textFormat: Text.PlainText
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+        color: Theme.tally
+        font.pixelSize: Theme.fontSmall
+    }
     LabeledField {
+        labelWidth: root.labelColumn
         objectName: "atemPortField"
         Layout.fillWidth: true
         label: qsTr("ATEM port")
@@ -37,6 +51,7 @@ Panel {
         onEdited: text => root.editor.tally.atemPort.text = text
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Switcher")
 
@@ -50,6 +65,7 @@ Panel {
         }
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Tally Channel")
 
@@ -62,6 +78,7 @@ Panel {
         }
     }
     LabeledControl {
+        labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Tally / GPIO")
 

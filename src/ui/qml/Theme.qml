@@ -100,7 +100,6 @@ QtObject {
     // The dialog's message, in line heights.
     readonly property real dialogLineHeight: 1.15
     readonly property int popupPadding: 14
-    readonly property int labelColumn: 116
     readonly property int labelGap: 12
     readonly property int verdictMaximumWidth: 320
     // Paddings inside controls.
