@@ -14,6 +14,7 @@
 #include "LatencyProbe.h"
 #include "SharedClient.h"
 #include "SingleInstance.h"
+#include "Translations.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
@@ -60,6 +61,7 @@ int runWindowApp(int& argc, char** argv)
 
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("VornLink"));
+    installTranslations(app);
     // The desktop entry, the metadata and the icon are all named by the application id.
     QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
     QGuiApplication::setWindowIcon(

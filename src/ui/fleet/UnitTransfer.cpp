@@ -5,6 +5,7 @@
 
 #include "BackupExport.h"
 #include "BackupFile.h"
+#include "TranslatedMessage.h"
 #include "SettingKeys.h"
 #include "UnitImport.h"
 
@@ -37,7 +38,7 @@ bool UnitTransfer::importFrom(const QUrl& file)
         return finish(true, tr("No unit to import into"));
     const auto read = Settings::readBackupFile(path.toStdString());
     if (const auto* error = std::get_if<Settings::BackupError>(&read))
-        return finish(true, QString::fromStdString(error->message));
+        return finish(true, translatedText(error->message));
     const auto& backup = std::get<Settings::Backup>(read);
     const auto live = editor_->liveConfig().find(std::string(SettingKeys::kSerial));
     const std::string serial = live == editor_->liveConfig().end() ? std::string() : live->second;
