@@ -4,12 +4,15 @@
 # X display and D-Bus session, and everything here goes through AT-SPI. The
 # unit rows are read by name, a row is pressed through its action, the status
 # line and the tab list are read, a tab is clicked where AT-SPI places it, Tab
-# moves the focus from the last tab into the shown tab's first field, and the
-# Wire2 switch is read. run.sh starts it inside the LAN harness with three
-# simulated units, under xvfb-run and then dbus-run-session (so that the
-# AT-SPI registry sees the display).
-#   read-window.py VORNLINK
+# moves the focus from the last tab into the shown tab's first field, the
+# Wire2 switch is read, then flipped and saved as a keyboard user does it
+# (focus through AT-SPI, Space), and the simulator's log must hold that write.
+# run.sh starts it inside the LAN harness with three simulated units logging
+# to SIMLOG, under xvfb-run and then dbus-run-session (so that the AT-SPI
+# registry sees the display).
+#   read-window.py VORNLINK SIMLOG
 import os
+import json
 import re
 import shutil
 import subprocess
@@ -75,11 +78,28 @@ def click(node):
     pyatspi.Registry.generateMouseEvent(box.x + box.width // 2, box.y + box.height // 2, "b1c")
 
 
+def writes_to(log, address):
+    """The Key:Value pairs of every write the simulator received for address."""
+    writes = []
+    if not os.path.exists(log):
+        return writes
+    with open(log) as lines:
+        for line in lines:
+            record = json.loads(line)
+            if record.get("dst") != address:
+                continue
+            text = bytes.fromhex(record["bytes"]).decode("latin-1")
+            pairs = dict(item.split(":", 1) for item in text.split("\n") if ":" in item)
+            if "Wire2Enable" in pairs:
+                writes.append(pairs)
+    return writes
+
+
 def main():
-    if len(sys.argv) != 2:
-        print("usage: read-window.py VORNLINK", file=sys.stderr)
+    if len(sys.argv) != 3:
+        print("usage: read-window.py VORNLINK SIMLOG", file=sys.stderr)
         return 2
-    program = sys.argv[1]
+    program, simlog = sys.argv[1], sys.argv[2]
     scratch = tempfile.mkdtemp()
     runtime = os.path.join(scratch, "run")
     os.mkdir(runtime, 0o700)
@@ -91,7 +111,7 @@ def main():
     window = subprocess.Popen([program], env=environment, cwd=scratch,
                               stderr=open(os.path.join(scratch, "stderr"), "w"))
     try:
-        status = read_and_drive()
+        status = read_and_drive(simlog)
     except SystemExit:
         with open(os.path.join(scratch, "stderr")) as log:
             print(log.read(), file=sys.stderr)
@@ -103,7 +123,7 @@ def main():
     return status
 
 
-def read_and_drive():
+def read_and_drive(simlog):
     def application():
         for candidate in pyatspi.Registry.getDesktop(0):
             if candidate is not None and candidate.name == "VornLink":
@@ -125,6 +145,7 @@ def read_and_drive():
     print("read-window: status line %r" % status[0].name)
 
     chosen = listed[1]
+    address = ROW.match(chosen.name).group(1)
     action(chosen, "Press")
     wait_for("the pressed row to be selected", lambda: has(chosen, pyatspi.STATE_SELECTED))
 
@@ -171,6 +192,23 @@ def read_and_drive():
         fail("Tab from the last tab went to %s %r, not the Communication tab's Channel field"
              % (after_tab.getRoleName(), after_tab.name))
 
+    # Flipped and saved from the keyboard; the unit must receive the write.
+    before = len(writes_to(simlog, address))
+    action(wire2, "SetFocus")
+    wait_for("the focus on the Wire2 switch", lambda: has(wire2, pyatspi.STATE_FOCUSED))
+    key(0x20)
+    wait_for("the switch to flip", lambda: has(wire2, pyatspi.STATE_CHECKED) != was_on)
+    save = [node for node in nodes_of(app) if node.getRoleName() == "push button" and node.name == "Save changes"]
+    if len(save) != 1:
+        fail("no single Save changes button")
+    action(save[0], "SetFocus")
+    wait_for("the focus on Save changes", lambda: has(save[0], pyatspi.STATE_FOCUSED))
+    key(0x20)
+    sent = wait_for("the write to reach %s" % address, lambda: writes_to(simlog, address)[before:])
+    expected = "0" if was_on else "1"
+    if sent[-1].get("Wire2Enable") != expected:
+        fail("the unit received Wire2Enable=%s, not %s" % (sent[-1].get("Wire2Enable"), expected))
+    print("read-window: %s received Wire2Enable=%s" % (address, expected))
     print("read-window: the AT-SPI tree holds %d objects" % len(nodes_of(app)))
     return 0
 

@@ -16,5 +16,5 @@ command -v dbus-run-session >/dev/null 2>&1 || skip "no D-Bus session (Debian: d
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-"$harness" run --sim-bin "$sim" --sim "--count 3" -- \
-  xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- /usr/bin/python3 "$here/read-window.py" "$program"
+"$harness" run --sim-bin "$sim" --sim "--count 3 --log $scratch/sim.log" -- \
+  xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- /usr/bin/python3 "$here/read-window.py" "$program" "$scratch/sim.log"
