@@ -47,7 +47,7 @@ std::string selfTestLine(const std::string& address, const Vorn::Config& config)
     using namespace SettingKeys;
     return "  " + address + "  ATEM=" + valueOrQuestionMark(config, kAtemIp) + ":" +
            valueOrQuestionMark(config, kAtemPort) + "  Switcher=" +
-           SwitcherCatalog::label(switcherCode(config, kSwitcherBand), switcherCode(config, kSwitcherModel)) +
+           Settings::english(SwitcherCatalog::label(switcherCode(config, kSwitcherBand), switcherCode(config, kSwitcherModel))) +
            "  Channel=" + valueOrQuestionMark(config, kChannel);
 }
 

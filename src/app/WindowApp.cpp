@@ -8,12 +8,15 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
+#include <QSettings>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "AppLogging.h"
 #include "LatencyProbe.h"
 #include "SharedClient.h"
 #include "SingleInstance.h"
+#include "Translations.h"
+#include "WindowMemory.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
@@ -59,7 +62,10 @@ int runWindowApp(int& argc, char** argv)
     }
 
     QGuiApplication app(argc, argv);
+    // The user's settings: ~/.config/vornlink/VornLink.conf on Linux.
+    QGuiApplication::setOrganizationName(QStringLiteral("vornlink"));
     QGuiApplication::setApplicationName(QStringLiteral("VornLink"));
+    installTranslations(app);
     // The desktop entry, the metadata and the icon are all named by the application id.
     QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
     QGuiApplication::setWindowIcon(
@@ -76,6 +82,7 @@ int runWindowApp(int& argc, char** argv)
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     QQmlApplicationEngine engine;
     SharedClient::provide(engine, SharedClient::deviceFactory());
+    WindowMemory::provide(engine, std::make_unique<QSettings>());
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
@@ -83,6 +90,18 @@ int runWindowApp(int& argc, char** argv)
                    stderr);
         return 1;
     }
+
+    WindowMemory* memory = WindowMemory::of(engine);
+    memory->restoreGeometry(*window);
+    // Kept when the window closes (the program goes on) and when the program quits.
+    QObject::connect(window, &QWindow::visibleChanged, memory, [memory, window](bool visible) {
+        if (!visible)
+            memory->saveGeometry(*window);
+    });
+    QObject::connect(&app, &QCoreApplication::aboutToQuit, memory, [memory, window] {
+        if (window->isVisible())
+            memory->saveGeometry(*window);
+    });
 
     reportFirstFrame(window);
     startLatencyProbe(window);

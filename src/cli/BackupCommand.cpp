@@ -47,7 +47,7 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
     for (const auto& unit : units) {
         // Kept as reported; a restore refuses such a file, so say so now.
         if (auto refused = Settings::configRefusal(unit.config))
-            context.err << "vornctl: warning: " << unit.address << ": " << *refused << '\n';
+            context.err << "vornctl: warning: " << unit.address << ": " << Settings::english(*refused) << '\n';
         backup.units.push_back(Settings::backupUnitOf(unit.address, unit.config));
     }
     if (outputPath.empty()) {

@@ -132,7 +132,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     if (restore->parsed()) {
         auto read = Settings::readBackupFile(arguments.file);
         if (const auto* problem = std::get_if<Settings::BackupError>(&read)) {
-            err << "vornctl: " << problem->message << '\n';
+            err << "vornctl: " << Settings::english(problem->message) << '\n';
             return kExitFailure;
         }
         backupFile = std::get<Settings::Backup>(std::move(read));

@@ -25,7 +25,7 @@ std::string switcherName(const Vorn::Config& config)
     // As the window's header shows it: missing or unparsable numbers are the defaults.
     const auto band = EditorRules::liveInteger(config, SettingKeys::kSwitcherBand, Settings::kBandDefault);
     const auto model = EditorRules::liveInteger(config, SettingKeys::kSwitcherModel, 0);
-    return SwitcherCatalog::label(band, model);
+    return Settings::english(SwitcherCatalog::label(band, model));
 }
 
 std::string joined(const std::vector<std::string>& parts, std::string_view separator)

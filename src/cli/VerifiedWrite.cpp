@@ -31,7 +31,7 @@ WriteResult writeAndVerify(UnitLink& link, const Sighting& live, const Vorn::Con
     const Vorn::Config full = Settings::overlay(live.config, changes);
     WriteResult result;
     if (auto refused = Settings::writeRefusal(changes, full)) {
-        result.refused = std::move(refused);
+        result.refused = Settings::english(*refused);
         result.exitCode = kExitFailure;
         return result;
     }
@@ -58,7 +58,7 @@ void printOutcome(std::ostream& out, const WriteResult& result, const std::strin
     }
     for (const auto& check : result.checks) {
         if (check.outcome != Settings::KeyOutcome::Confirmed)
-            out << indent << Settings::describeCheck(check) << '\n';
+            out << indent << Settings::english(Settings::describeCheck(check)) << '\n';
     }
 }
 

@@ -10,6 +10,7 @@
 #include "ConfigConversion.h"
 #include "FleetValues.h"
 #include "Ipv4.h"
+#include "TranslatedMessage.h"
 #include "ValueSafety.h"
 #include "VornClient.h"
 
@@ -51,7 +52,7 @@ void VornClient::writeChanges(const std::string& ip, const Vorn::Config& changes
     // The last gate before the codec: a line break would become a line of its own.
     if (const auto refused = Settings::writeRefusal(changes, full)) {
         addLog(tr("write refused \u2192 %1: %2")
-                   .arg(QString::fromStdString(ip), QString::fromStdString(*refused)));
+                   .arg(QString::fromStdString(ip), translatedText(*refused)));
         return;
     }
 

@@ -17,58 +17,70 @@ using Json = nlohmann::ordered_json;
 
 // Thrown inside this file only; readBackup turns it into a BackupError.
 struct Invalid {
-    std::string message;
+    Message message;
 };
 
-std::string unitPlace(std::size_t index)
+// "PLACE: PROBLEM", where the place is the file, a unit or one of its keys.
+[[noreturn]] void fail(Message place, Message problem)
 {
-    return "unit " + std::to_string(index);
+    throw Invalid{Message(SETTINGS_TEXT("BackupFile", "%1: %2"), {std::move(place), std::move(problem)})};
 }
 
-const Json& field(const Json& object, std::string_view name, const std::string& place)
+Message filePlace()
+{
+    return SETTINGS_TEXT("BackupFile", "file");
+}
+
+Message unitPlace(std::size_t index)
+{
+    return Message(SETTINGS_TEXT("BackupFile", "unit %1"), {Message::plain(std::to_string(index))});
+}
+
+const Json& field(const Json& object, std::string_view name, const Message& place)
 {
     const auto found = object.find(name);
     if (found == object.end())
-        throw Invalid{place + ": \"" + std::string(name) + "\" is missing"};
+        fail(place, Message(SETTINGS_TEXT("BackupFile", "\"%1\" is missing"), {Message::plain(std::string(name))}));
     return *found;
 }
 
-std::string textField(const Json& object, std::string_view name, const std::string& place)
+std::string textField(const Json& object, std::string_view name, const Message& place)
 {
     const Json& value = field(object, name, place);
     if (!value.is_string())
-        throw Invalid{place + ": \"" + std::string(name) + "\" must be text"};
+        fail(place, Message(SETTINGS_TEXT("BackupFile", "\"%1\" must be text"), {Message::plain(std::string(name))}));
     return value.get<std::string>();
 }
 
 void checkVersion(const Json& document)
 {
-    const Json& version = field(document, "version", "file");
+    const Json& version = field(document, "version", filePlace());
     if (!version.is_number_integer())
-        throw Invalid{"file: \"version\" must be a whole number"};
-    const auto number = version.get<std::int64_t>();
-    if (number > kBackupVersion)
-        throw Invalid{"file: version " + std::to_string(number) + " is newer than this program reads ("
-                      + std::to_string(kBackupVersion) + ")"};
-    if (number < kBackupVersion)
-        throw Invalid{"file: version " + std::to_string(number) + " is not a version of this format"};
+        fail(filePlace(), SETTINGS_TEXT("BackupFile", "\"version\" must be a whole number"));
+    const auto number = Message::plain(std::to_string(version.get<std::int64_t>()));
+    if (version.get<std::int64_t>() > kBackupVersion)
+        fail(filePlace(), Message(SETTINGS_TEXT("BackupFile", "version %1 is newer than this program reads (%2)"),
+                                  {number, Message::plain(std::to_string(kBackupVersion))}));
+    if (version.get<std::int64_t>() < kBackupVersion)
+        fail(filePlace(), Message(SETTINGS_TEXT("BackupFile", "version %1 is not a version of this format"), {number}));
 }
 
-Vorn::Config readConfig(const Json& unit, const std::string& place)
+Vorn::Config readConfig(const Json& unit, std::size_t index)
 {
-    const Json& config = field(unit, "config", place);
+    const Json& config = field(unit, "config", unitPlace(index));
     if (!config.is_object())
-        throw Invalid{place + ": \"config\" must be an object"};
+        fail(unitPlace(index), SETTINGS_TEXT("BackupFile", "\"config\" must be an object"));
     Vorn::Config result;
     result.reserve(config.size());
     for (const auto& [key, value] : config.items()) {
         if (auto refused = keyRefusal(key))
-            throw Invalid{place + ": " + *refused};
-        const std::string keyPlace = place + ", key \"" + key + "\"";
+            fail(unitPlace(index), std::move(*refused));
+        const Message keyPlace(SETTINGS_TEXT("BackupFile", "unit %1, key \"%2\""),
+                               {Message::plain(std::to_string(index)), Message::plain(key)});
         if (!value.is_string())
-            throw Invalid{keyPlace + ": the value must be text"};
+            fail(keyPlace, SETTINGS_TEXT("BackupFile", "the value must be text"));
         if (auto refused = valueRefusal(key, value.get_ref<const std::string&>()))
-            throw Invalid{keyPlace + ": " + *refused};
+            fail(keyPlace, std::move(*refused));
         result.emplace(key, value.get<std::string>());
     }
     return result;
@@ -76,36 +88,44 @@ Vorn::Config readConfig(const Json& unit, const std::string& place)
 
 BackupUnit readUnit(const Json& unit, std::size_t index)
 {
-    const std::string place = unitPlace(index);
+    const Message place = unitPlace(index);
     if (!unit.is_object())
-        throw Invalid{place + ": must be an object"};
+        fail(place, SETTINGS_TEXT("BackupFile", "must be an object"));
     BackupUnit result;
     result.serial = textField(unit, "serial", place);
     result.address = textField(unit, "address", place);
     if (!Ipv4::parse(result.address))
-        throw Invalid{place + ": \"address\" \"" + result.address + "\" is not an IPv4 address"};
+        fail(place, Message(SETTINGS_TEXT("BackupFile", "\"address\" \"%1\" is not an IPv4 address"),
+                            {Message::plain(result.address)}));
     result.firmware = textField(unit, "firmware", place);
-    result.config = readConfig(unit, place);
+    result.config = readConfig(unit, index);
     return result;
 }
 
 Backup readDocument(const Json& document)
 {
     if (!document.is_object())
-        throw Invalid{"file: must be a JSON object"};
-    const Json& format = field(document, "format", "file");
+        fail(filePlace(), SETTINGS_TEXT("BackupFile", "must be a JSON object"));
+    const Json& format = field(document, "format", filePlace());
     if (!format.is_string() || format.get<std::string>() != kBackupFormat)
-        throw Invalid{"file: \"format\" is not \"" + std::string(kBackupFormat) + "\""};
+        fail(filePlace(), Message(SETTINGS_TEXT("BackupFile", "\"format\" is not \"%1\""),
+                                  {Message::plain(std::string(kBackupFormat))}));
     checkVersion(document);
     Backup backup;
-    backup.taken = textField(document, "taken", "file");
-    const Json& units = field(document, "units", "file");
+    backup.taken = textField(document, "taken", filePlace());
+    const Json& units = field(document, "units", filePlace());
     if (!units.is_array())
-        throw Invalid{"file: \"units\" must be an array"};
+        fail(filePlace(), SETTINGS_TEXT("BackupFile", "\"units\" must be an array"));
     backup.units.reserve(units.size());
     for (std::size_t i = 0; i < units.size(); ++i)
         backup.units.push_back(readUnit(units[i], i));
     return backup;
+}
+
+// The error of reading the file: "file: PROBLEM".
+BackupError fileError(Message problem)
+{
+    return BackupError{Message(SETTINGS_TEXT("BackupFile", "%1: %2"), {filePlace(), std::move(problem)})};
 }
 
 }  // namespace
@@ -152,15 +172,17 @@ std::string writeBackup(const Backup& backup)
 std::variant<Backup, BackupError> readBackup(std::string_view text)
 {
     if (text.size() > kBackupMaxBytes)
-        return BackupError{"file: larger than " + std::to_string(kBackupMaxBytes >> 20) + " MiB"};
+        return fileError(Message(SETTINGS_TEXT("BackupFile", "larger than %1 MiB"),
+                                 {Message::plain(std::to_string(kBackupMaxBytes >> 20))}));
     Json document;
     try {
         document = Json::parse(text);
     } catch (const Json::parse_error& error) {
-        return BackupError{"file: not valid JSON (at byte " + std::to_string(error.byte) + ")"};
+        return fileError(Message(SETTINGS_TEXT("BackupFile", "not valid JSON (at byte %1)"),
+                                 {Message::plain(std::to_string(error.byte))}));
     } catch (const Json::exception&) {
         // A number beyond what JSON readers hold, e.g. 1e400.
-        return BackupError{"file: not valid JSON (a number out of range)"};
+        return fileError(SETTINGS_TEXT("BackupFile", "not valid JSON (a number out of range)"));
     }
     try {
         return readDocument(document);
@@ -173,7 +195,7 @@ std::variant<Backup, BackupError> readBackupFile(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
-        return BackupError{path + ": cannot be read"};
+        return BackupError{Message(SETTINGS_TEXT("BackupFile", "%1: cannot be read"), {Message::plain(path)})};
     // One byte more than allowed, so that readBackup sees a file too large.
     std::string text;
     text.resize(kBackupMaxBytes + 1);
@@ -181,7 +203,7 @@ std::variant<Backup, BackupError> readBackupFile(const std::string& path)
     text.resize(static_cast<std::size_t>(file.gcount()));
     auto read = readBackup(text);
     if (auto* error = std::get_if<BackupError>(&read))
-        error->message = path + ": " + error->message;
+        error->message = Message(SETTINGS_TEXT("BackupFile", "%1: %2"), {Message::plain(path), std::move(error->message)});
     return read;
 }
 

@@ -13,6 +13,7 @@
 #include <variant>
 #include <vector>
 
+#include "Message.h"
 #include "VornConfig.h"
 
 namespace Settings {
@@ -39,7 +40,7 @@ struct Backup {
 };
 
 struct BackupError {
-    std::string message;  // names the problem and where: "unit 2, key \"Channel\": ..."
+    Message message;  // names the problem and where: "unit 2, key \"Channel\": ..."
 };
 
 // A unit as it reported: serial and firmware are its Serial and Version

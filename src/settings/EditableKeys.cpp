@@ -42,7 +42,7 @@ std::optional<std::string> settingRefusal(std::string_view key, std::string_view
     if (!entry)
         return "unknown key " + std::string(key);
     if (auto refused = valueRefusal(key, value))
-        return refused;
+        return english(*refused);
     const std::string quoted = "\"" + std::string(value) + "\"";
     switch (entry->kind) {
     case ValueKind::Text:

@@ -42,7 +42,7 @@ KeyComparison byInteger(const Vorn::Config& live, std::string_view key, std::int
 }
 
 // The first text field that holds a line break or NUL.
-std::optional<std::string> fieldsRefusal(const EditorFields& fields)
+std::optional<Settings::Message> fieldsRefusal(const EditorFields& fields)
 {
     const std::pair<std::string_view, const std::string*> texts[] = {
         {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
@@ -147,7 +147,7 @@ bool networkValid(const EditorFields& fields)
         && EditorRules::isDottedQuad(fields.gateway);
 }
 
-std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
+std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
 {
     if (auto refused = fieldsRefusal(fields))
         return refused;

@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "EditableKeys.h"
+#include "Message.h"
 #include "SettingKeys.h"
 #include "VornConfig.h"
 
@@ -74,4 +75,4 @@ bool networkValid(const EditorFields& fields);
 // field holding a line break or NUL, or such a value among the unit's own
 // reported write keys that the write would carry unchanged (a write carries
 // the whole configuration).
-std::optional<std::string> sendRefusal(const EditorFields& fields, const Vorn::Config& live);
+std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live);

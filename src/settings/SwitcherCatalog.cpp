@@ -3,16 +3,26 @@
 
 namespace SwitcherCatalog {
 
-std::string label(std::int64_t band, std::int64_t model)
+using Settings::Message;
+
+Message presetLabel(const SwitcherPreset& preset)
+{
+    if (preset.label == kOtherLabel.text)
+        return kOtherLabel;
+    return Message::plain(std::string(preset.label));
+}
+
+Message label(std::int64_t band, std::int64_t model)
 {
     for (const auto& preset : presets) {
         if (preset.band == band && preset.model == model)
-            return std::string(preset.label);
+            return presetLabel(preset);
     }
     // Every model of the ATEM family is an ATEM.
     if (band == presets.front().band)
-        return std::string(presets.front().label);
-    return "Band " + std::to_string(band) + " / Model " + std::to_string(model);
+        return presetLabel(presets.front());
+    return Message(SETTINGS_TEXT("SwitcherCatalog", "Band %1 / Model %2"),
+                   {Message::plain(std::to_string(band)), Message::plain(std::to_string(model))});
 }
 
 }  // namespace SwitcherCatalog

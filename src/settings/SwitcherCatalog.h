@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "Message.h"
+
 namespace SwitcherCatalog {
 
 struct SwitcherPreset {
@@ -17,6 +19,9 @@ struct SwitcherPreset {
 
     bool operator==(const SwitcherPreset&) const = default;
 };
+
+// The one preset named in words rather than by product: the window translates it.
+inline constexpr Settings::MessageText kOtherLabel = SETTINGS_TEXT("SwitcherCatalog", "Other");
 
 inline constexpr std::array<SwitcherPreset, 12> presets = {{
     {"Blackmagic ATEM", 7, 0},
@@ -30,10 +35,13 @@ inline constexpr std::array<SwitcherPreset, 12> presets = {{
     {"NewTek TriCaster TC1", 6, 2},
     {"DeviceWell HDS7105", 9, 2},
     {"vMix", 16, 0},
-    {"Other", 0, 0},
+    {kOtherLabel.text, 0, 0},
 }};
 
+// The preset's name as a message: product names as they are, "Other" translatable.
+Settings::Message presetLabel(const SwitcherPreset& preset);
+
 // The preset's name; any model of band 7 is an ATEM; otherwise "Band B / Model M".
-std::string label(std::int64_t band, std::int64_t model);
+Settings::Message label(std::int64_t band, std::int64_t model);
 
 }  // namespace SwitcherCatalog

@@ -7,15 +7,15 @@ namespace Settings {
 namespace {
 
 // The name of the first line-breaking character in `text`, or nothing.
-std::optional<std::string_view> lineBreakIn(std::string_view text)
+std::optional<Message> lineBreakIn(std::string_view text)
 {
     for (const char c : text) {
         if (c == '\n')
-            return "a line feed (LF)";
+            return SETTINGS_TEXT("ValueSafety", "a line feed (LF)");
         if (c == '\r')
-            return "a carriage return (CR)";
+            return SETTINGS_TEXT("ValueSafety", "a carriage return (CR)");
         if (c == '\0')
-            return "a NUL character";
+            return SETTINGS_TEXT("ValueSafety", "a NUL character");
     }
     return std::nullopt;
 }
@@ -39,25 +39,25 @@ std::string shown(std::string_view key)
 
 }  // namespace
 
-std::optional<std::string> keyRefusal(std::string_view key)
+std::optional<Message> keyRefusal(std::string_view key)
 {
     if (key.empty())
-        return std::string("a key is empty");
+        return SETTINGS_TEXT("ValueSafety", "a key is empty");
     if (key.find(':') != std::string_view::npos)
-        return "key \"" + shown(key) + "\" holds a colon (:)";
-    if (const auto what = lineBreakIn(key))
-        return "key \"" + shown(key) + "\" holds " + std::string(*what);
+        return Message(SETTINGS_TEXT("ValueSafety", "key \"%1\" holds a colon (:)"), {Message::plain(shown(key))});
+    if (auto what = lineBreakIn(key))
+        return Message(SETTINGS_TEXT("ValueSafety", "key \"%1\" holds %2"), {Message::plain(shown(key)), std::move(*what)});
     return std::nullopt;
 }
 
-std::optional<std::string> valueRefusal(std::string_view key, std::string_view value)
+std::optional<Message> valueRefusal(std::string_view key, std::string_view value)
 {
-    if (const auto what = lineBreakIn(value))
-        return "the value of " + shown(key) + " holds " + std::string(*what);
+    if (auto what = lineBreakIn(value))
+        return Message(SETTINGS_TEXT("ValueSafety", "the value of %1 holds %2"), {Message::plain(shown(key)), std::move(*what)});
     return std::nullopt;
 }
 
-std::optional<std::string> configRefusal(const Vorn::Config& config)
+std::optional<Message> configRefusal(const Vorn::Config& config)
 {
     for (const auto& [key, value] : config) {
         if (auto refused = keyRefusal(key))
@@ -68,7 +68,7 @@ std::optional<std::string> configRefusal(const Vorn::Config& config)
     return std::nullopt;
 }
 
-std::optional<std::string> writeRefusal(const Vorn::Config& changes, const Vorn::Config& full)
+std::optional<Message> writeRefusal(const Vorn::Config& changes, const Vorn::Config& full)
 {
     for (const auto& entry : changes) {
         if (auto refused = keyRefusal(entry.first))

@@ -9,20 +9,21 @@
 #include <string>
 #include <string_view>
 
+#include "Message.h"
 #include "VornConfig.h"
 
 namespace Settings {
 
 // Why `key` cannot be written, or nothing.
-std::optional<std::string> keyRefusal(std::string_view key);
+std::optional<Message> keyRefusal(std::string_view key);
 // Why `value` cannot be written under `key`, or nothing.
-std::optional<std::string> valueRefusal(std::string_view key, std::string_view value);
+std::optional<Message> valueRefusal(std::string_view key, std::string_view value);
 // The first refusal among the entries of `config`, in key order, or nothing.
-std::optional<std::string> configRefusal(const Vorn::Config& config);
+std::optional<Message> configRefusal(const Vorn::Config& config);
 
 // Why the full configuration of a write cannot go out: a changed key that
 // cannot be written, or a value of the write key table holding a line break
 // or NUL (whether the user typed it or the unit reported it). Nothing when it can.
-std::optional<std::string> writeRefusal(const Vorn::Config& changes, const Vorn::Config& full);
+std::optional<Message> writeRefusal(const Vorn::Config& changes, const Vorn::Config& full);
 
 }  // namespace Settings

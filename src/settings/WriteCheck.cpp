@@ -28,18 +28,22 @@ bool allConfirmed(const std::vector<KeyCheck>& checks)
                        [](const KeyCheck& check) { return check.outcome == KeyOutcome::Confirmed; });
 }
 
-std::string describeCheck(const KeyCheck& check)
+Message describeCheck(const KeyCheck& check)
 {
-    const std::string start = check.key + ": wrote " + check.written + ", ";
+    const Message key = Message::plain(check.key);
+    const Message written = Message::plain(check.written);
     switch (check.outcome) {
     case KeyOutcome::Confirmed:
-        return check.key + ": confirmed";
+        return Message(SETTINGS_TEXT("WriteCheck", "%1: confirmed"), {key});
     case KeyOutcome::ReportsOther:
-        return start + (check.reported ? "unit reports " + *check.reported : std::string("unit reports no value"));
+        if (check.reported)
+            return Message(SETTINGS_TEXT("WriteCheck", "%1: wrote %2, unit reports %3"),
+                           {key, written, Message::plain(*check.reported)});
+        return Message(SETTINGS_TEXT("WriteCheck", "%1: wrote %2, unit reports no value"), {key, written});
     case KeyOutcome::NoReply:
         break;
     }
-    return start + "no reply";
+    return Message(SETTINGS_TEXT("WriteCheck", "%1: wrote %2, no reply"), {key, written});
 }
 
 }  // namespace Settings

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "Message.h"
 #include "VornConfig.h"
 
 namespace Settings {
@@ -36,6 +37,6 @@ bool allConfirmed(const std::vector<KeyCheck>& checks);
 // One line for a key that is not confirmed, e.g.
 // "Channel: wrote 5, unit reports 3", "Channel: wrote 5, unit reports no value",
 // "Channel: wrote 5, no reply".
-std::string describeCheck(const KeyCheck& check);
+Message describeCheck(const KeyCheck& check);
 
 }  // namespace Settings

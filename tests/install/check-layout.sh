@@ -47,5 +47,8 @@ for size in 16 24 32 48 64 128 256; do
   [ "$dimensions" = "${size}x${size}" ] || fail "icon $png is '$dimensions', not ${size}x${size}"
 done
 
+[ -f "$prefix/share/bash-completion/completions/vornctl" ] || fail "no bash completion for vornctl"
+[ -f "$prefix/share/zsh/vendor-completions/_vornctl" ] || fail "no zsh completion for vornctl"
+
 [ "$failures" -eq 0 ] && echo "check-layout: $prefix is complete ($# programs)"
 [ "$failures" -eq 0 ]

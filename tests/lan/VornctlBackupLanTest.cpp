@@ -27,7 +27,7 @@ protected:
     {
         auto backup = Settings::readBackup(text);
         if (auto* error = std::get_if<Settings::BackupError>(&backup))
-            throw std::runtime_error(error->message);
+            throw std::runtime_error(Settings::english(error->message));
         return std::get<Settings::Backup>(std::move(backup));
     }
 

@@ -23,7 +23,7 @@ std::string errorOf(const std::string& text)
 {
     const auto read = readBackup(text);
     if (const auto* error = std::get_if<BackupError>(&read))
-        return error->message;
+        return english(error->message);
     return "(read without error)";
 }
 
@@ -66,7 +66,7 @@ TEST(BackupFile, WriteThenReadGivesTheSameBackup)
 {
     const Backup backup = sampleBackup();
     const auto read = readBackup(writeBackup(backup));
-    ASSERT_TRUE(std::holds_alternative<Backup>(read)) << std::get<BackupError>(read).message;
+    ASSERT_TRUE(std::holds_alternative<Backup>(read)) << english(std::get<BackupError>(read).message);
     EXPECT_EQ(std::get<Backup>(read), backup);
 }
 
@@ -194,7 +194,7 @@ std::string fileErrorOf(const std::string& path)
 {
     const auto read = readBackupFile(path);
     if (const auto* error = std::get_if<BackupError>(&read))
-        return error->message;
+        return english(error->message);
     return "(read without error)";
 }
 

@@ -7,16 +7,16 @@
 
 using SwitcherCatalog::label;
 
-TEST(SwitcherCatalog, UnknownAtemModelIsStillBlackmagicAtem) { EXPECT_EQ(label(7, 3), "Blackmagic ATEM"); }
-TEST(SwitcherCatalog, UnknownCombinationReadsBandAndModel) { EXPECT_EQ(label(5, 2), "Band 5 / Model 2"); }
-TEST(SwitcherCatalog, BandZeroModelZeroIsOther) { EXPECT_EQ(label(0, 0), "Other"); }
-TEST(SwitcherCatalog, MissingKeysValueReadsMinusOne) { EXPECT_EQ(label(-1, -1), "Band -1 / Model -1"); }
-TEST(SwitcherCatalog, DatavideoSe2200IsBandOneModelFifteen) { EXPECT_EQ(label(1, 15), "Datavideo SE-2200"); }
-TEST(SwitcherCatalog, BandOneModelOneHasNoPreset) { EXPECT_EQ(label(1, 1), "Band 1 / Model 1"); }
+TEST(SwitcherCatalog, UnknownAtemModelIsStillBlackmagicAtem) { EXPECT_EQ(Settings::english(label(7, 3)), "Blackmagic ATEM"); }
+TEST(SwitcherCatalog, UnknownCombinationReadsBandAndModel) { EXPECT_EQ(Settings::english(label(5, 2)), "Band 5 / Model 2"); }
+TEST(SwitcherCatalog, BandZeroModelZeroIsOther) { EXPECT_EQ(Settings::english(label(0, 0)), "Other"); }
+TEST(SwitcherCatalog, MissingKeysValueReadsMinusOne) { EXPECT_EQ(Settings::english(label(-1, -1)), "Band -1 / Model -1"); }
+TEST(SwitcherCatalog, DatavideoSe2200IsBandOneModelFifteen) { EXPECT_EQ(Settings::english(label(1, 15)), "Datavideo SE-2200"); }
+TEST(SwitcherCatalog, BandOneModelOneHasNoPreset) { EXPECT_EQ(Settings::english(label(1, 1)), "Band 1 / Model 1"); }
 TEST(SwitcherCatalog, BandsWithoutPresetReadAsNumbers)
 {
-    EXPECT_EQ(label(4, 3), "Band 4 / Model 3");
-    EXPECT_EQ(label(8, 0), "Band 8 / Model 0");
+    EXPECT_EQ(Settings::english(label(4, 3)), "Band 4 / Model 3");
+    EXPECT_EQ(Settings::english(label(8, 0)), "Band 8 / Model 0");
 }
 
 TEST(SwitcherCatalog, PresetsKeepTheirOrderAndCodes)
@@ -39,7 +39,7 @@ TEST(SwitcherCatalog, PresetsKeepTheirOrderAndCodes)
 TEST(SwitcherCatalog, EveryPresetLabelsItsOwnCodes)
 {
     for (const auto& preset : SwitcherCatalog::presets)
-        EXPECT_EQ(label(preset.band, preset.model), preset.label);
+        EXPECT_EQ(Settings::english(label(preset.band, preset.model)), preset.label);
 }
 
 TEST(SwitcherCatalog, PresetCodesAreUnique)

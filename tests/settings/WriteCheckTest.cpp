@@ -23,14 +23,14 @@ TEST(WriteCheck, KeyTheUnitReportsOtherwiseIsNotConfirmed)
     EXPECT_EQ(checks[0], (KeyCheck{"Channel", "5", KeyOutcome::ReportsOther, "3"}));
     EXPECT_EQ(checks[1].outcome, KeyOutcome::Confirmed);
     EXPECT_FALSE(allConfirmed(checks));
-    EXPECT_EQ(describeCheck(checks[0]), "Channel: wrote 5, unit reports 3");
+    EXPECT_EQ(english(describeCheck(checks[0])), "Channel: wrote 5, unit reports 3");
 }
 
 TEST(WriteCheck, KeyMissingFromTheReplyIsNotConfirmed)
 {
     const auto checks = checkWrite({{"CallMagic", "1234"}}, Vorn::Config{});
     EXPECT_EQ(checks[0], (KeyCheck{"CallMagic", "1234", KeyOutcome::ReportsOther, std::nullopt}));
-    EXPECT_EQ(describeCheck(checks[0]), "CallMagic: wrote 1234, unit reports no value");
+    EXPECT_EQ(english(describeCheck(checks[0])), "CallMagic: wrote 1234, unit reports no value");
 }
 
 TEST(WriteCheck, NoReplyLeavesEveryKeyUnconfirmed)
@@ -40,7 +40,7 @@ TEST(WriteCheck, NoReplyLeavesEveryKeyUnconfirmed)
     EXPECT_EQ(checks[0].outcome, KeyOutcome::NoReply);
     EXPECT_EQ(checks[1].outcome, KeyOutcome::NoReply);
     EXPECT_FALSE(allConfirmed(checks));
-    EXPECT_EQ(describeCheck(checks[1]), "TallyType: wrote 2, no reply");
+    EXPECT_EQ(english(describeCheck(checks[1])), "TallyType: wrote 2, no reply");
 }
 
 TEST(WriteCheck, EmptyValueIsConfirmedOnlyByAnEmptyReportedValue)

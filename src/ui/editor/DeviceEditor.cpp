@@ -5,6 +5,7 @@
 
 #include "ConfigConversion.h"
 #include "FleetValues.h"
+#include "TranslatedMessage.h"
 #include "SettingKeys.h"
 
 DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
@@ -152,7 +153,7 @@ void DeviceEditor::refresh()
     Sending now;
     now.dirty = tally_.dirty() || communication_.dirty();
     if (const auto refused = sendRefusal(store_.fields, store_.live))
-        now.refusal = tr("Cannot send: %1").arg(QString::fromStdString(*refused));
+        now.refusal = tr("Cannot send: %1").arg(translatedText(*refused));
     now.canSave = now.dirty && tally_.valid() && communication_.valid() && now.refusal.isEmpty();
     now.canApplyNetwork = network_.dirty() && network_.valid() && now.refusal.isEmpty();
     const Sending before = std::exchange(sending_, std::move(now));

@@ -6,6 +6,7 @@
 
 #include "EditorRules.h"
 #include "SwitcherCatalog.h"
+#include "TranslatedMessage.h"
 
 namespace EditorOptions {
 namespace {
@@ -16,9 +17,9 @@ QString text(const char* source)
     return QCoreApplication::translate("EditorOptions", source);
 }
 
-QVariantMap entry(const std::string& label, const std::string& tag)
+QVariantMap entry(const QString& label, const std::string& tag)
 {
-    return {{QStringLiteral("label"), QString::fromStdString(label)}, {QStringLiteral("tag"), QString::fromStdString(tag)}};
+    return {{QStringLiteral("label"), label}, {QStringLiteral("tag"), QString::fromStdString(tag)}};
 }
 
 // The row of the preset with this tag, or the row after the presets.
@@ -57,10 +58,10 @@ QStringList suppressOptions()
 QStringList tallyBankOptions()
 {
     return {
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 1\u201312")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 13\u201324")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 25\u201336")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 37\u201340")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 1\u2013" "12")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 13\u2013" "24")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 25\u2013" "36")),
+        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 37\u2013" "40")),
     };
 }
 
@@ -73,9 +74,10 @@ QVariantList switcherEntries(std::int64_t band, std::int64_t model)
 {
     QVariantList entries;
     for (const auto& preset : SwitcherCatalog::presets)
-        entries.append(entry(std::string(preset.label), EditorRules::switcherTag(preset.band, preset.model)));
+        entries.append(
+            entry(translatedText(SwitcherCatalog::presetLabel(preset)), EditorRules::switcherTag(preset.band, preset.model)));
     if (presetRow(band, model) == static_cast<int>(SwitcherCatalog::presets.size()))
-        entries.append(entry(SwitcherCatalog::label(band, model), EditorRules::switcherTag(band, model)));
+        entries.append(entry(translatedText(SwitcherCatalog::label(band, model)), EditorRules::switcherTag(band, model)));
     return entries;
 }
 

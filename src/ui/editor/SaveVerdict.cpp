@@ -2,6 +2,7 @@
 #include "SaveVerdict.h"
 
 #include "SettingKeys.h"
+#include "TranslatedMessage.h"
 
 SaveVerdict::SaveVerdict(QObject* parent) : QObject(parent) {}
 
@@ -93,7 +94,7 @@ QStringList SaveVerdict::details() const
         return lines;
     for (const auto& check : checks_)
         if (check.outcome != Settings::KeyOutcome::Confirmed)
-            lines << QString::fromStdString(Settings::describeCheck(check));
+            lines << translatedText(Settings::describeCheck(check));
     return lines;
 }
 

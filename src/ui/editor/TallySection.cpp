@@ -3,6 +3,7 @@
 
 #include "EditorRules.h"
 #include "SwitcherCatalog.h"
+#include "TranslatedMessage.h"
 
 TallySection::TallySection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
 
@@ -41,7 +42,7 @@ void TallySection::setSwitcherSelection(const QString& tag)
 
 QString TallySection::switcherLabel() const
 {
-    return QString::fromStdString(SwitcherCatalog::label(band->value(), model->value()));
+    return translatedText(SwitcherCatalog::label(band->value(), model->value()));
 }
 
 std::vector<KeyComparison> TallySection::coreComparison() const

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "FleetValues.h"
+#include "TranslatedMessage.h"
 #include "ValueSafety.h"
 
 BatchWriter::BatchWriter(QObject* parent) : QAbstractListModel(parent) {}
@@ -58,7 +59,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         // The client would refuse it too, silently; the list says why.
         const Vorn::Config live = device ? device->config : Vorn::Config{};
         if (auto refused = Settings::writeRefusal(unit.changes, Settings::overlay(live, unit.changes)))
-            row.refused = QString::fromStdString(*refused);
+            row.refused = translatedText(*refused);
         row.verdict = std::make_unique<SaveVerdict>();
         row.verdict->setLink(link);
         rows_.push_back(std::move(row));

@@ -3,6 +3,7 @@
 
 #include "BackupExport.h"
 #include "BatchWriter.h"
+#include "TranslatedMessage.h"
 #include "EditorHeader.h"
 #include "EditorRules.h"
 #include "FleetUnits.h"
@@ -55,7 +56,7 @@ bool RestoreReview::open(const QUrl& file)
     beginResetModel();
     fileName_ = path;
     if (const auto* problem = std::get_if<Settings::BackupError>(&read)) {
-        error_ = QString::fromStdString(problem->message);
+        error_ = translatedText(problem->message);
         backup_ = {};
     } else {
         error_.clear();

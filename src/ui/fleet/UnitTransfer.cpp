@@ -8,6 +8,7 @@
 #include "BackupExport.h"
 #include "BackupFile.h"
 #include "BackupMatch.h"
+#include "TranslatedMessage.h"
 #include "UnitImport.h"
 
 UnitTransfer::UnitTransfer(QObject* parent) : QObject(parent) {}
@@ -55,7 +56,7 @@ bool UnitTransfer::importFile(const QUrl& file, bool allowOtherSerial)
         return finish(true, tr("No unit to import into"));
     const auto read = Settings::readBackupFile(path.toStdString());
     if (const auto* error = std::get_if<Settings::BackupError>(&read))
-        return finish(true, QString::fromStdString(error->message));
+        return finish(true, translatedText(error->message));
     const auto& backup = std::get<Settings::Backup>(read);
     const std::string serial = Settings::reportedSerial(editor_->liveConfig());
     const auto choice = Settings::unitToImport(backup, serial);

@@ -3,8 +3,10 @@
 // The dialog comes by URL, so its module loads only then: the file dialogs
 // cost start-up time and memory the window should not pay up front.
 // `saving` asks for a new file (".json" added when missing), else an
-// existing one; `chosen` gives the file picked.
+// existing one; `chosen` gives the file picked. It opens in the folder of
+// the last backup file chosen in any of them, in this run or an earlier one.
 import QtQuick
+import VornLink
 
 Item {
     id: root
@@ -23,6 +25,8 @@ Item {
                 acceptLabel: root.acceptLabel,
                 saving: root.saving
             });
+        if (WindowMemory.backupFolder.toString() !== "")
+            loader.item.currentFolder = WindowMemory.backupFolder;
         loader.item.open();
     }
     function close() {
@@ -37,6 +41,7 @@ Item {
         target: loader.item
 
         function onAccepted() {
+            WindowMemory.rememberBackupFile(loader.item.selectedFile);
             root.chosen(loader.item.selectedFile);
         }
     }

@@ -17,6 +17,10 @@ SplitView {
     // The activity pane under the detail; the split view keeps the height
     // the user drags it to for as long as the window lives.
     property bool activityShown: false
+    // The sidebar's width as the user last dragged it (the theme's at first).
+    property real sidebarWidth: Theme.sidebarWidth
+    // The editor's tab, kept while the selection moves from unit to unit.
+    property int detailTab: DeviceDetailView.Tally
     readonly property color statusColor: root.client.listening ? Theme.online : Theme.amber
     // Units picked with Ctrl, Shift or select-all; with two or more the
     // detail lists them instead of one unit's editor.
@@ -127,7 +131,8 @@ SplitView {
 
         objectName: "sidebar"
         SplitView.minimumWidth: Theme.sidebarMinimumWidth
-        SplitView.preferredWidth: Theme.sidebarWidth
+        SplitView.preferredWidth: root.sidebarWidth
+        onWidthChanged: if (root.resizing) root.sidebarWidth = sidebar.width
         spacing: 0
 
         Rectangle {
@@ -333,7 +338,8 @@ SplitView {
                     if (detailLoader.active)
                         detailLoader.setSource("DeviceDetailView.qml", {
                             client: root.client,
-                            ip: Qt.binding(() => root.selection)
+                            ip: Qt.binding(() => root.selection),
+                            tab: root.detailTab
                         });
                     else
                         detailLoader.setSource("");
@@ -353,6 +359,9 @@ SplitView {
 
                 function onShowUnit(ip: string) {
                     root.selection = ip;
+                }
+                function onTabChanged() {
+                    root.detailTab = detailLoader.item.tab;
                 }
             }
         }

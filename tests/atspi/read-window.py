@@ -1,0 +1,217 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
+# The real window as a screen reader meets it: vornlink runs on the caller's
+# X display and D-Bus session, and everything here goes through AT-SPI. The
+# unit rows are read by name, a row is pressed through its action, the status
+# line and the tab list are read, a tab is clicked where AT-SPI places it, Tab
+# moves the focus from the last tab into the shown tab's first field, the
+# Wire2 switch is read, then flipped and saved as a keyboard user does it
+# (focus through AT-SPI, Space), and the simulator's log must hold that write.
+# run.sh starts it inside the LAN harness with three simulated units logging
+# to SIMLOG, under xvfb-run and then dbus-run-session (so that the AT-SPI
+# registry sees the display).
+#   read-window.py VORNLINK SIMLOG
+import os
+import json
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+try:
+    import pyatspi
+except ImportError:
+    print("read-window: python3-pyatspi is missing: skipped")
+    sys.exit(77)
+
+ROW = re.compile(r"^KT400 \u00b7\w{6}, (10\.232\.1\.[123]), online$")
+
+
+def fail(message):
+    print("read-window: " + message, file=sys.stderr)
+    sys.exit(1)
+
+
+def wait_for(what, probe, seconds=15):
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        found = probe()
+        if found:
+            return found
+        time.sleep(0.1)
+    fail("timed out waiting for " + what)
+
+
+def nodes_of(root):
+    found = []
+    stack = [root]
+    while stack:
+        node = stack.pop()
+        if node is None:
+            continue
+        found.append(node)
+        stack.extend(reversed([child for child in node]))
+    return found
+
+
+def has(node, state):
+    return node.getState().contains(state)
+
+
+def action(node, name):
+    actions = node.queryAction()
+    for index in range(actions.nActions):
+        if actions.getName(index) == name:
+            return actions.doAction(index)
+    fail("%s %r has no action %s" % (node.getRoleName(), node.name, name))
+
+
+def key(keysym):
+    pyatspi.Registry.generateKeyboardEvent(keysym, None, pyatspi.KEY_SYM)
+
+
+def click(node):
+    """A left click at the middle of node, synthesized by AT-SPI."""
+    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    pyatspi.Registry.generateMouseEvent(box.x + box.width // 2, box.y + box.height // 2, "b1c")
+
+
+def writes_to(log, address):
+    """The Key:Value pairs of every write the simulator received for address."""
+    writes = []
+    if not os.path.exists(log):
+        return writes
+    with open(log) as lines:
+        for line in lines:
+            record = json.loads(line)
+            if record.get("dst") != address:
+                continue
+            text = bytes.fromhex(record["bytes"]).decode("latin-1")
+            pairs = dict(item.split(":", 1) for item in text.split("\n") if ":" in item)
+            if "Wire2Enable" in pairs:
+                writes.append(pairs)
+    return writes
+
+
+def main():
+    if len(sys.argv) != 3:
+        print("usage: read-window.py VORNLINK SIMLOG", file=sys.stderr)
+        return 2
+    program, simlog = sys.argv[1], sys.argv[2]
+    scratch = tempfile.mkdtemp()
+    runtime = os.path.join(scratch, "run")
+    os.mkdir(runtime, 0o700)
+    # Its own runtime and temporary folders: a window of another session
+    # (single instance) must not take this launch over.
+    environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", HOME=scratch, TMPDIR=scratch,
+                       XDG_RUNTIME_DIR=runtime, XDG_CONFIG_HOME=scratch + "/config",
+                       XDG_DATA_HOME=scratch + "/data", LANG="C.UTF-8", LC_ALL="C.UTF-8")
+    window = subprocess.Popen([program], env=environment, cwd=scratch,
+                              stderr=open(os.path.join(scratch, "stderr"), "w"))
+    try:
+        status = read_and_drive(simlog)
+    except SystemExit:
+        with open(os.path.join(scratch, "stderr")) as log:
+            print(log.read(), file=sys.stderr)
+        raise
+    finally:
+        window.terminate()
+        window.wait(10)
+        shutil.rmtree(scratch, ignore_errors=True)
+    return status
+
+
+def read_and_drive(simlog):
+    def application():
+        for candidate in pyatspi.Registry.getDesktop(0):
+            if candidate is not None and candidate.name == "VornLink":
+                return candidate
+        return None
+
+    app = wait_for("the VornLink application on the AT-SPI bus", application)
+
+    def rows():
+        found = [node for node in nodes_of(app) if node.getRoleName() == "list item" and ROW.match(node.name or "")]
+        return found if len(found) == 3 else None
+
+    listed = wait_for("three unit rows", rows)
+    for row in listed:
+        print("read-window: row %r" % row.name)
+    status = [node for node in nodes_of(app) if node.getRoleName() == "status bar"]
+    if len(status) != 1 or not status[0].name.startswith("listening on 23457"):
+        fail("status line: %r" % [node.name for node in status])
+    print("read-window: status line %r" % status[0].name)
+
+    chosen = listed[1]
+    address = ROW.match(chosen.name).group(1)
+    action(chosen, "Press")
+    wait_for("the pressed row to be selected", lambda: has(chosen, pyatspi.STATE_SELECTED))
+
+    def tabs():
+        found = [node for node in nodes_of(app) if node.getRoleName() == "page tab"]
+        return found if found else None
+
+    tab_list = wait_for("the editor's tabs", tabs)
+    names = [tab.name for tab in tab_list]
+    print("read-window: tabs %s" % names)
+    for expected in ("Tally", "Communication", "Network", "Details"):
+        if expected not in names:
+            fail("no tab %r among %s" % (expected, names))
+    if not has(tab_list[0], pyatspi.STATE_SELECTED):
+        fail("the first tab is not the selected one")
+
+    # The Communication tab, clicked where AT-SPI says it is.
+    communication = tab_list[names.index("Communication")]
+    click(communication)
+    wait_for("the Communication tab to be selected", lambda: has(communication, pyatspi.STATE_SELECTED))
+    # Tab goes through the tabs, then into the fields of the shown one.
+    last = tab_list[-1]
+    action(last, "SetFocus")
+    wait_for("the focus on the last tab", lambda: has(last, pyatspi.STATE_FOCUSED))
+
+    def switch():
+        found = [node for node in nodes_of(app)
+                 if node.getRoleName() == "check box" and node.name == "Wire2" and has(node, pyatspi.STATE_SHOWING)]
+        return found[0] if found else None
+
+    wire2 = wait_for("the Wire2 switch on screen", switch)
+    was_on = has(wire2, pyatspi.STATE_CHECKED)
+    print("read-window: Wire2 is %s" % ("on" if was_on else "off"))
+
+    key(0xFF09)  # Tab
+
+    def focused():
+        found = [node for node in nodes_of(app) if has(node, pyatspi.STATE_FOCUSED)]
+        return found[0] if found and found[0] is not last else None
+
+    after_tab = wait_for("the focus to move on Tab", focused)
+    print("read-window: after Tab the focus is on %s %r" % (after_tab.getRoleName(), after_tab.name))
+    if after_tab.getRoleName() != "text" or after_tab.name != "Channel":
+        fail("Tab from the last tab went to %s %r, not the Communication tab's Channel field"
+             % (after_tab.getRoleName(), after_tab.name))
+
+    # Flipped and saved from the keyboard; the unit must receive the write.
+    before = len(writes_to(simlog, address))
+    action(wire2, "SetFocus")
+    wait_for("the focus on the Wire2 switch", lambda: has(wire2, pyatspi.STATE_FOCUSED))
+    key(0x20)
+    wait_for("the switch to flip", lambda: has(wire2, pyatspi.STATE_CHECKED) != was_on)
+    save = [node for node in nodes_of(app) if node.getRoleName() == "push button" and node.name == "Save changes"]
+    if len(save) != 1:
+        fail("no single Save changes button")
+    action(save[0], "SetFocus")
+    wait_for("the focus on Save changes", lambda: has(save[0], pyatspi.STATE_FOCUSED))
+    key(0x20)
+    sent = wait_for("the write to reach %s" % address, lambda: writes_to(simlog, address)[before:])
+    expected = "0" if was_on else "1"
+    if sent[-1].get("Wire2Enable") != expected:
+        fail("the unit received Wire2Enable=%s, not %s" % (sent[-1].get("Wire2Enable"), expected))
+    print("read-window: %s received Wire2Enable=%s" % (address, expected))
+    print("read-window: the AT-SPI tree holds %d objects" % len(nodes_of(app)))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,20 @@
+#!/bin/sh
+# SPDX-License-Identifier: Apache-2.0
+# Runs read-window.py on the real window: three simulated units on a private
+# LAN of the harness, an Xvfb display, a D-Bus session with the AT-SPI
+# registry. Skips (77) with the reason where one of them cannot be had.
+#   run.sh LAN_HARNESS VORN_SIM VORNLINK
+set -u
+[ $# -eq 3 ] || { echo "usage: run.sh LAN_HARNESS VORN_SIM VORNLINK" >&2; exit 2; }
+harness=$1 sim=$2 program=$3
+here=$(cd "$(dirname "$0")" && pwd)
+skip() { echo "atspi: skipped: $*"; exit 77; }
+command -v xvfb-run >/dev/null 2>&1 || skip "no xvfb-run (Debian: xvfb)"
+command -v dbus-run-session >/dev/null 2>&1 || skip "no D-Bus session (Debian: dbus)"
+[ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || skip "no AT-SPI bus (Debian: at-spi2-core)"
+/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || skip "no python3-pyatspi"
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+cd "$scratch"
+"$harness" run --sim-bin "$sim" --sim "--count 3 --log $scratch/sim.log" -- \
+  xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- /usr/bin/python3 "$here/read-window.py" "$program" "$scratch/sim.log"
