@@ -3,8 +3,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <set>
+
 #include "Commands.h"
 #include "ExitCodes.h"
+#include "AddressBlock.h"
 #include "Ipv4.h"
 
 namespace VornCtl {
@@ -27,6 +30,7 @@ struct Arguments {
     std::vector<std::string> addresses;
     std::string output;
     std::string file;
+    std::vector<std::string> ranges;
 };
 
 // A usage problem found after parsing: one line, exit 2.
@@ -38,6 +42,33 @@ int usageError(std::ostream& err, const std::string& message)
 {
     err << "vornctl: " << message << "; try 'vornctl --help'\n";
     return kExitUsage;
+}
+
+// Every address of the --range blocks, in the order given, each once.
+std::vector<std::string> scanAddresses(const std::vector<std::string>& ranges)
+{
+    std::vector<std::string> addresses;
+    std::set<std::uint32_t> seen;
+    for (const auto& text : ranges) {
+        const auto parsed = Settings::parseAddressBlock(text);
+        if (const auto* problem = std::get_if<Settings::AddressBlockProblem>(&parsed)) {
+            using Kind = Settings::AddressBlockProblem::Kind;
+            if (problem->kind == Kind::Reversed)
+                throw UsageError{"the range '" + text + "' ends before it starts"};
+            if (problem->kind == Kind::TooLarge)
+                throw UsageError{"'" + text + "' covers " + std::to_string(problem->size) + " addresses; at most " +
+                                 std::to_string(Settings::kMaxScanAddresses) + " can be scanned"};
+            throw UsageError{"'" + text + "' is neither a CIDR block (10.78.5.0/24) nor a range (10.78.5.10-10.78.5.99)"};
+        }
+        for (const auto address : std::get<Settings::AddressBlock>(parsed).addresses()) {
+            if (seen.insert(address.value()).second)
+                addresses.push_back(address.toString());
+        }
+    }
+    if (addresses.size() > Settings::kMaxScanAddresses)
+        throw UsageError{"the ranges cover " + std::to_string(addresses.size()) + " addresses; at most " +
+                         std::to_string(Settings::kMaxScanAddresses) + " can be scanned"};
+    return addresses;
 }
 
 std::string canonicalAddress(const std::string& text)
@@ -72,6 +103,10 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         ->check(CLI::NonNegativeNumber)
         ->option_text("N");
     discover->add_flag("--json", arguments.json, "a JSON array of units, sorted by address");
+    discover->add_option("--range", arguments.ranges,
+                         "instead of broadcasting, ask each address of a CIDR block or an A-B range by unicast "
+                         "(repeatable, at most 4096 addresses in all)")
+        ->option_text("CIDR|A-B");
 
     auto* show = app.add_subcommand("show", "Print one unit's configuration.");
     show->add_option("ADDRESS", arguments.address, "the unit's IPv4 address")->required();
@@ -111,7 +146,9 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
 
     std::variant<SetRequest, std::string> setRequest;
     Settings::Backup backupFile;
+    std::vector<std::string> scanned;
     try {
+        scanned = scanAddresses(arguments.ranges);
         if (show->parsed() || set->parsed())
             arguments.address = canonicalAddress(arguments.address);
         for (auto& address : arguments.addresses)
@@ -143,7 +180,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
     Context context{out, err, link, timeout};
     if (discover->parsed())
-        return runDiscover(context, arguments.expect, arguments.json);
+        return runDiscover(context, scanned, arguments.expect, arguments.json);
     if (show->parsed())
         return runShow(context, arguments.address, arguments.json);
     if (set->parsed())

@@ -23,7 +23,9 @@ struct Context {
     std::chrono::milliseconds timeout;
 };
 
-int runDiscover(Context& context, std::optional<int> expect, bool json);
+// `scanned` empty: every unit that answers broadcasts; otherwise the units
+// that answer a unicast discover to one of these addresses.
+int runDiscover(Context& context, const std::vector<std::string>& scanned, std::optional<int> expect, bool json);
 
 int runShow(Context& context, const std::string& address, bool json);
 

@@ -20,6 +20,14 @@ VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject
       seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001))),
       drainTimer_(new QTimer(this))
 {
+    answerWindowTimer_ = new QTimer(this);
+    answerWindowTimer_->setSingleShot(true);
+    answerWindowTimer_->setInterval(kBroadcastAnswerMs);
+    connect(answerWindowTimer_, &QTimer::timeout, this, &VornClient::queryUnansweredRemembered);
+    pacingTimer_ = new QTimer(this);
+    pacingTimer_->setTimerType(Qt::PreciseTimer);
+    pacingTimer_->setInterval(Vorn::PacedQueue::kInterval);
+    connect(pacingTimer_, &QTimer::timeout, this, &VornClient::sendDiscoverBurst);
     drainTimer_->setSingleShot(true);
     connect(drainTimer_, &QTimer::timeout, this, &VornClient::drainWhenSettled);
     connect(clock_, &PresenceClock::ticked, this, &VornClient::rejudgeConflicts);

@@ -24,6 +24,8 @@
 #include "Device.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
+#include "PacedQueue.h"
+#include "Routes.h"
 #include "ReplyInbox.h"
 #include "SerialSightings.h"
 #include "VornSocket.h"
@@ -46,6 +48,10 @@ class VornClient : public QObject {
 public:
     static constexpr int kDiscoveryIntervalMs = 5000;
     static constexpr int kRequeryDelayMs = 1500;
+    // How long after a round's broadcast the remembered units that have not
+    // answered it are asked by unicast: those answers then tell the units
+    // that broadcasts reach from those behind a router.
+    static constexpr int kBroadcastAnswerMs = 1000;
     static constexpr qsizetype kLogLimit = 200;
     // When the main thread takes the decoded replies (see ReplyInbox): after
     // 20 ms without a reply, at the latest 100 ms after the first, or at once
@@ -65,6 +71,22 @@ public:
     Q_INVOKABLE void start();
 
     using InterfaceReader = std::function<std::vector<Vorn::InterfaceAddress>()>;
+    using RouteReader = std::function<std::vector<Vorn::Route>()>;
+
+    // The units remembered from earlier runs or scans, by address: each
+    // round asks those that did not answer its broadcast by unicast, paced,
+    // so a unit behind a router comes back without being typed again.
+    void setRemembered(const std::vector<std::string>& addresses);
+    // Adds one address to the remembered units (a unit found by a scan).
+    void remember(const std::string& address);
+    const std::vector<std::string>& remembered() const { return remembered_; }
+
+    // Queues one unicast discover to each address, sent at most
+    // Vorn::PacedQueue::kBurst every Vorn::PacedQueue::kInterval; an address
+    // already waiting waits once.
+    void queueDiscovers(const std::vector<std::string>& addresses);
+    // Drops the waiting discovers for which `drop` is true (a cancelled scan).
+    void dropQueuedDiscovers(const std::function<bool(const std::string&)>& drop);
 
     // Takes the next sequence number and sends one discover to `address`: a
     // broadcast address goes out on every eligible interface, a listed unit's
@@ -94,6 +116,8 @@ public:
 
     // Replaces how the host's interfaces are read, for tests; reads at once.
     void setInterfaceReader(InterfaceReader reader);
+    // Replaces how the routing table is read, for tests; reads at once.
+    void setRouteReader(RouteReader reader);
 
     std::optional<Device> device(std::string_view ip) const;
     // Whether a unit answered from `ip` (the address text exactly).
@@ -131,6 +155,8 @@ signals:
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);
     void networksChanged();
+    // One paced burst of queued unicast discovers has just been sent.
+    void discoversSent(const QStringList& addresses);
 
 private:
     void installPacketHandler();
@@ -138,6 +164,8 @@ private:
     void ingestInbox();
     void discoverTo(const std::string& address);
     void broadcastDiscover();
+    void queryUnansweredRemembered();
+    void sendDiscoverBurst();
     unsigned interfaceFor(const std::string& ip) const;
     std::optional<Vorn::InterfaceAddress> arrivalInterface(const Device& device) const;
     void readInterfaces();
@@ -162,6 +190,15 @@ private:
     // The host's interfaces as last read: at each broadcast discover, and
     // when a reply comes in on an interface not among them.
     std::vector<Vorn::InterfaceAddress> interfaces_;
+    RouteReader readRoutes_ = Vorn::readRoutes;
+    // The routing table as last read, with the interfaces.
+    std::vector<Vorn::Route> routes_;
+    std::vector<std::string> remembered_;
+    // When the latest round's broadcast went out, by the client's clock.
+    WallClock::time_point roundStart_;
+    QTimer* answerWindowTimer_;
+    Vorn::PacedQueue pacedDiscovers_;
+    QTimer* pacingTimer_;
     // The serials heard lately under each address flagged with a conflict,
     // re-judged on every clock tick; an address leaves once its flag clears.
     // Other addresses need none: their one serial is in their last reply.
