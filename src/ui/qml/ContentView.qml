@@ -250,6 +250,7 @@ SplitView {
             onActivityToggled: root.activityShown = !root.activityShown
             onExportAllRequested: fleet.chooseExportFile()
             onRestoreRequested: fleet.chooseRestoreFile()
+            onScanRequested: fleet.openScan()
             fleetMessage: fleet.exporter.message
             fleetMessageFailed: fleet.exporter.failed
         }

@@ -30,6 +30,7 @@ Rectangle {
     signal discoverRequested()
     signal activityToggled()
     signal exportAllRequested()
+    signal scanRequested()
     signal restoreRequested()
 
     implicitHeight: column.implicitHeight + 2 * Theme.gapLarge
@@ -97,6 +98,7 @@ Rectangle {
                 objectName: "fleetMenuButton"
                 onExportAllRequested: root.exportAllRequested()
                 onRestoreRequested: root.restoreRequested()
+                onScanRequested: root.scanRequested()
             }
         }
 
