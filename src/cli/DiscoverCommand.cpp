@@ -15,6 +15,7 @@ int runDiscover(Context& context, std::optional<int> expect, bool json)
     for (auto& [address, unit] : context.link.discoverAll(context.timeout))
         units.push_back(std::move(unit));
     units = sortedByAddress(std::move(units));
+    context.site.heard(units);
 
     if (json) {
         nlohmann::ordered_json list = nlohmann::ordered_json::array();

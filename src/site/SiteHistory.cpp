@@ -52,7 +52,7 @@ std::vector<HistoryEntry> buildHistory(const std::vector<StoredVersion>& version
             entry.changes = keyChanges(versions[i - 1].config, versions[i].config);
             entry.cause = Cause::Outside;
             for (auto write = writes.rbegin(); write != writes.rend(); ++write) {
-                if (write->sentAt > versions[i].seenAt || write->sentAt <= versions[i - 1].seenAt)
+                if (write->sentAt > versions[i].seenAt || write->sentAt < versions[i - 1].seenAt)
                     continue;
                 if (explains(*write, entry.changes)) {
                     entry.cause = Cause::Written;

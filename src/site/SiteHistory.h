@@ -15,8 +15,9 @@ struct StoredVersion {
 };
 
 // `versions` and `writes` oldest first; the result newest first. A version
-// is "written" when a write sent after the version before it, and no later
-// than it, sent one of its changed keys with the value it now holds; the
+// is "written" when a write sent no earlier than the version before it (a
+// write follows the reply it was made from, maybe within one millisecond) and
+// no later than it, sent one of its changed keys with the value it now holds; the
 // latest such write is named. Any other change is "outside".
 std::vector<HistoryEntry> buildHistory(const std::vector<StoredVersion>& versions,
                                        const std::vector<WriteRecord>& writes);

@@ -64,3 +64,12 @@ TEST(SiteHistory, TheLatestOfTwoWritesIsNamed)
     ASSERT_TRUE(history[0].write);
     EXPECT_EQ(history[0].write->program, "vornctl");
 }
+
+TEST(SiteHistory, AWriteSentInTheSameMillisecondAsTheVersionBeforeExplainsTheChange)
+{
+    const std::vector<Site::StoredVersion> versions{{at(0), {{"Channel", "3"}}}, {at(2), {{"Channel", "9"}}}};
+
+    const auto history = Site::buildHistory(versions, {write(0, {{"Channel", "9"}})});
+
+    EXPECT_EQ(history[0].cause, Site::Cause::Written);
+}
