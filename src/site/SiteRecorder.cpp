@@ -22,38 +22,56 @@ SiteRecorder::~SiteRecorder()
     thread_.join();
 }
 
-void SiteRecorder::wake(std::unique_lock<std::mutex>& lock)
+void SiteRecorder::wake(std::unique_lock<std::mutex>& lock, bool wasEmpty)
 {
     lock.unlock();
-    changed_.notify_all();
+    // The store thread waits for a first item, then gathers on its own.
+    if (wasEmpty)
+        changed_.notify_all();
 }
 
 void SiteRecorder::heard(Sighting sighting)
 {
     std::unique_lock lock(lock_);
+    const bool wasEmpty = pending_.empty();
     pending_.sightings.push_back(std::move(sighting));
-    wake(lock);
+    wake(lock, wasEmpty);
+}
+
+void SiteRecorder::heard(std::vector<Sighting> sightings)
+{
+    std::unique_lock lock(lock_);
+    const bool wasEmpty = pending_.empty();
+    if (pending_.sightings.empty())
+        pending_.sightings = std::move(sightings);
+    else
+        std::move(sightings.begin(), sightings.end(), std::back_inserter(pending_.sightings));
+    wake(lock, wasEmpty);
 }
 
 void SiteRecorder::wrote(WriteRecord write)
 {
     std::unique_lock lock(lock_);
+    const bool wasEmpty = pending_.empty();
     pending_.writes.push_back(std::move(write));
-    wake(lock);
+    wake(lock, wasEmpty);
 }
 
 void SiteRecorder::logged(ActivityEntry entry)
 {
     std::unique_lock lock(lock_);
+    const bool wasEmpty = pending_.empty();
     pending_.activity.push_back(std::move(entry));
-    wake(lock);
+    wake(lock, wasEmpty);
 }
 
 void SiteRecorder::run(std::function<void(SiteStore&)> job)
 {
     std::unique_lock lock(lock_);
     pending_.jobs.push_back(std::move(job));
-    wake(lock);
+    lock.unlock();
+    // Also ends a gathering early: jobs wait for nothing.
+    changed_.notify_all();
 }
 
 void SiteRecorder::runAndWait(const std::function<void(SiteStore&)>& job)

@@ -2,8 +2,9 @@
 // The site store on a thread of its own, for a program with a screen to keep
 // smooth: the caller hands over what it heard, wrote and logged (a copy under
 // a lock, nothing more), and the store's thread commits each batch in one
-// transaction a quarter of a second after its first item, so a discover
-// round's replies go in together and everything is stored within a second.
+// go a quarter of a second after its first item, so a discover round's
+// replies go in together and everything is stored within a second. The
+// store splits a large batch into short transactions (see SiteStore::record).
 //
 //   Site::SiteRecorder recorder(Site::defaultSitePath());
 //   recorder.heard({address, interface, config, now});   // per reply
@@ -38,6 +39,8 @@ public:
     SiteRecorder& operator=(const SiteRecorder&) = delete;
 
     void heard(Sighting sighting);
+    // A whole round at once: one lock for all of it.
+    void heard(std::vector<Sighting> sightings);
     void wrote(WriteRecord write);
     void logged(ActivityEntry entry);
 
@@ -62,7 +65,7 @@ private:
     };
 
     void loop(QString path);
-    void wake(std::unique_lock<std::mutex>& lock);
+    void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
 
     mutable std::mutex lock_;
     std::condition_variable changed_;

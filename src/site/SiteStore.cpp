@@ -234,6 +234,18 @@ bool SiteStore::record(const std::vector<Sighting>& sightings, const std::vector
 {
     if (!canRecord())
         return false;
+    std::span<const Sighting> rest(sightings);
+    while (rest.size() > kSightingsPerTransaction) {
+        if (!recordInOne(rest.first(kSightingsPerTransaction), {}, {}))
+            return false;
+        rest = rest.subspan(kSightingsPerTransaction);
+    }
+    return recordInOne(rest, writes, activity);
+}
+
+bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vector<WriteRecord>& writes,
+                            const std::vector<ActivityEntry>& activity)
+{
     auto db = QSqlDatabase::database(connection_, false);
     QSqlError error;
     if (!Sqlite::beginWrite(db, error)) {
