@@ -37,7 +37,9 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
 {
     bool allAnswered = true;
     Settings::Backup backup{Settings::utcTimestamp(std::chrono::system_clock::now()), {}};
-    for (const auto& unit : gather(context, addresses, allAnswered)) {
+    const auto units = gather(context, addresses, allAnswered);
+    context.site.heard(units);
+    for (const auto& unit : units) {
         // Kept as reported; a restore refuses such a file, so say so now.
         if (auto refused = Settings::configRefusal(unit.config))
             context.err << "vornctl: warning: " << unit.address << ": " << *refused << '\n';

@@ -20,6 +20,7 @@ int runDiscover(Context& context, const std::vector<std::string>& scanned, std::
     for (auto& [address, unit] : heard)
         units.push_back(std::move(unit));
     units = sortedByAddress(std::move(units));
+    context.site.heard(units);
 
     if (json) {
         nlohmann::ordered_json list = nlohmann::ordered_json::array();

@@ -34,9 +34,13 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
                 << std::flush;
     const auto sightings = context.link.discoverAll(context.timeout);
     std::vector<Settings::LiveUnit> live;
+    std::vector<Sighting> heard;
     live.reserve(sightings.size());
-    for (const auto& [address, sighting] : sightings)
+    for (const auto& [address, sighting] : sightings) {
         live.push_back({address, sighting.config});
+        heard.push_back(sighting);
+    }
+    context.site.heard(heard);
     bool missing = false;
     bool unconfirmed = false;
     for (const auto& item : Settings::planRestore(backup, live, options.network)) {
@@ -56,7 +60,7 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
         printDifferences(context.out, item.heldBack, found.config, " (network: needs --network --yes)");
         if (item.changes.empty() || options.dryRun)
             continue;
-        const auto result = writeAndVerify(context.link, found, item.changes, context.timeout);
+        const auto result = writeAndVerify(context.link, context.site, found, item.changes, context.timeout);
         printOutcome(context.out, result, "  ");
         missing = missing || result.exitCode == kExitNoAnswer;
         unconfirmed = unconfirmed || result.exitCode == kExitNotConfirmed || result.exitCode == kExitFailure;
