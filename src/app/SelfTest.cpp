@@ -97,6 +97,8 @@ int runSelfTest(std::ostream& out, const SelfTestOptions& options)
         std::lock_guard guard(lock);
         snapshot = results;
     }
+    if (options.heard)
+        options.heard(snapshot);
     out << "selftest: " << snapshot.size() << " device(s)\n";
     for (const auto& [address, config] : snapshot)
         out << selfTestLine(address, config) << '\n';

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <ostream>
 #include <span>
 #include <string>
@@ -26,6 +28,8 @@ struct SelfTestOptions {
     // Units remembered from earlier runs, by address: each cycle asks those
     // not heard yet by unicast, paced, so units behind a router are listed.
     std::vector<std::string> remembered;
+    // Given every unit that answered, by address, once the cycles are over.
+    std::function<void(const std::map<std::string, Vorn::Config>&)> heard;
 };
 
 // Runs the whole check, writes its report to `out` and returns the exit status.

@@ -3,6 +3,7 @@
 // which broadcasts never reach: discover --range asks each address by unicast.
 #include <nlohmann/json.hpp>
 
+#include "LanPaths.h"
 #include "VornctlTestCase.h"
 
 namespace {
@@ -65,6 +66,42 @@ TEST_F(VornctlWithRoutedSubnet, RepeatedRangesAreAllAskedEachAddressOnce)
     const auto asked = withCommand(routed.stopAndReadLog(), kDiscover);
     // 10.78.5.128 to .130 are the namespace's own addresses among the eleven.
     ASSERT_EQ(asked.size(), 3u);
+}
+
+TEST_F(VornctlWithRoutedSubnet, UnitFoundByARangeIsRememberedAndTheSelfTestFindsItAgainWithNothingTyped)
+{
+    auto office = officeUnits();
+    auto routed = routedUnits();
+    const std::string routedLine = std::string("  ") + IsolatedLan::kFirstRoutedUnitAddress + "  ATEM=";
+
+    const auto before = runInConsole({LanTest::kVornlinkBinary, "--selftest"});
+    ASSERT_EQ(before.status, 0) << before.err;
+    EXPECT_EQ(before.out.find(routedLine), std::string::npos) << before.out;
+
+    const auto scan = vornctl({"discover", "--range", IsolatedLan::kRoutedSubnet});
+    ASSERT_EQ(scan.status, 0) << scan.err;
+
+    const auto after = runInConsole({LanTest::kVornlinkBinary, "--selftest"});
+    ASSERT_EQ(after.status, 0) << after.err;
+    EXPECT_TRUE(after.out.starts_with("selftest: 2 device(s)\n")) << after.out;
+    EXPECT_NE(after.out.find(routedLine), std::string::npos) << after.out;
+    // Asked by unicast only, never by broadcast: once by the scan, then by the self-test.
+    int askedDirectly = 0;
+    for (const auto& datagram : withCommand(routed.stopAndReadLog(), kDiscover)) {
+        EXPECT_NE(datagram.dst, "255.255.255.255");
+        askedDirectly += datagram.dst == IsolatedLan::kFirstRoutedUnitAddress ? 1 : 0;
+    }
+    EXPECT_GE(askedDirectly, 2);
+}
+
+TEST_F(VornctlWithRoutedSubnet, SelfTestWithoutTheSiteDoesNotAskRememberedUnits)
+{
+    auto routed = routedUnits();
+    ASSERT_EQ(vornctl({"discover", "--range", IsolatedLan::kRoutedSubnet}).status, 0);
+
+    const auto run = runInConsole({LanTest::kVornlinkBinary, "--selftest", "--no-site"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "selftest: 0 device(s)\n");
 }
 
 TEST_F(VornctlWithRoutedSubnet, TooLargeReversedOrMalformedRangeIsAUsageError)
