@@ -113,6 +113,8 @@ public:
     bool hasAddressConflict(const std::string& ip) const;
 
     QVariantList networks() const { return networks_; }
+    // "studio · 10.77.1.5/24": where the unit was last heard, or empty.
+    std::string heardOnText(const Device& device) const;
 
     // Replaces how the host's interfaces are read, for tests; reads at once.
     void setInterfaceReader(InterfaceReader reader);

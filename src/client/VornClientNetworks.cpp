@@ -176,6 +176,12 @@ void VornClient::refreshNetworks()
     emit networksChanged();
 }
 
+std::string VornClient::heardOnText(const Device& device) const
+{
+    const auto heardOn = arrivalInterface(device);
+    return heardOn ? Vorn::heardOnText(*heardOn) : std::string();
+}
+
 QVariantMap VornClient::networkData(const Device& device) const
 {
     QStringList serials;

@@ -167,3 +167,30 @@ TEST_F(WindowOnLan, ASecondLaunchRaisesTheFirstWindowAndEndsWithoutListening)
 }
 
 }  // namespace
+
+namespace {
+
+class WindowWithRoutedSubnet : public WindowOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::Routed; }
+};
+
+}  // namespace
+
+TEST_F(WindowWithRoutedSubnet, UnitFoundOnceBehindTheRouterIsListedAtTheNextStartWithNothingTypedAndNotFlagged)
+{
+    using LanTest::IsolatedLan;
+    LanTest::Simulator office(lan(), {"--count", "1"}, dir());
+    LanTest::Simulator routed(lan().routedNs(), {"--count", "1", "--first-ip", IsolatedLan::kFirstRoutedUnitAddress},
+                              dir());
+    // Found once by a scan, which the site store remembers.
+    LanTest::Process scan(lan().consoleNs(), {VORN_LAN_VORNCTL, "discover", "--range", IsolatedLan::kRoutedSubnet},
+                          dir());
+    ASSERT_EQ(scan.wait(kRunTimeout), 0) << scan.stderrText();
+
+    auto app = startVornlink();
+    const auto rows = waitForRows(app, 2);
+    EXPECT_EQ(addressesOf(rows), (std::vector<std::string>{"10.232.1.1", IsolatedLan::kFirstRoutedUnitAddress}))
+        << app.stderrText();
+    EXPECT_EQ(warningsOf(rows), (std::vector<std::string>{"", ""})) << rows.dump();
+}
