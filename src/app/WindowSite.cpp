@@ -5,12 +5,21 @@ namespace VornLink {
 
 WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client), recorder_(path)
 {
-    std::vector<std::string> addresses;
-    recorder_.runAndWait([&addresses](Site::SiteStore& store) {
-        for (const auto& unit : store.units())
-            addresses.push_back(unit.address);
+    struct Listed {
+        std::string address;
+        Vorn::Config config;
+        Site::Time lastSeen;
+    };
+    std::vector<Listed> units;
+    recorder_.runAndWait([&units](Site::SiteStore& store) {
+        for (const auto& unit : store.units()) {
+            const auto versions = store.history(unit.key);
+            units.push_back({unit.address, versions.empty() ? Vorn::Config{} : versions.front().config, unit.lastSeen});
+        }
     });
-    client_.setRemembered(addresses);
+    // Listed before the rows are recorded: what was remembered is not heard anew.
+    for (auto& unit : units)
+        client_.addRemembered(unit.address, std::move(unit.config), unit.lastSeen);
     connect(&client_, &VornClient::deviceAdded, this, [this](int row) { recordRows(row, row); });
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
 }
@@ -21,6 +30,8 @@ void WindowSite::recordRows(int first, int last)
     std::vector<Site::Sighting> sightings;
     for (int row = std::max(first, 0); row <= last && row < static_cast<int>(devices.size()); ++row) {
         const Device& device = devices[static_cast<std::size_t>(row)];
+        if (device.remembered)
+            continue;  // not heard in this run
         sightings.push_back({device.ip, client_.heardOnText(device), device.config, device.lastSeen});
     }
     if (!sightings.empty())

@@ -160,8 +160,11 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
         noteSerial(&*place, reply.deviceIp, reply.config, now);
         place->config = std::move(reply.config);
         place->lastSeen = now;
+        const bool wasRemembered = std::exchange(place->remembered, false);
         noteArrival(std::exchange(place->heardOn, arrival), arrival);
         noteUpdated(row);
+        if (wasRemembered)
+            emit rememberedUnitAnswered();
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
@@ -185,7 +188,7 @@ int VornClient::indexOf(std::string_view ip) const
 
 bool VornClient::isOnline(const Device& device) const
 {
-    return isPresent(device.lastSeen, clock_->now());
+    return !device.remembered && isPresent(device.lastSeen, clock_->now());
 }
 
 std::optional<Device> VornClient::device(std::string_view ip) const

@@ -79,6 +79,9 @@ public:
     void setRemembered(const std::vector<std::string>& addresses);
     // Adds one address to the remembered units (a unit found by a scan).
     void remember(const std::string& address);
+    // Lists a remembered unit, offline, with what was remembered of it, until
+    // it answers; a listed address is left alone. Also remembers its address.
+    void addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen);
     const std::vector<std::string>& remembered() const { return remembered_; }
 
     // Queues one unicast discover to each address, sent at most
@@ -124,8 +127,8 @@ public:
     std::optional<Device> device(std::string_view ip) const;
     // Whether a unit answered from `ip` (the address text exactly).
     Q_INVOKABLE bool contains(const QString& ip) const { return indexOf(ip.toStdString()) >= 0; }
-    // The unit's last reply is younger than 15 s by the client's clock: the
-    // one presence verdict the list and the editor show.
+    // The unit's last reply in this run is younger than 15 s by the client's
+    // clock: the one presence verdict the list and the editor show.
     bool isOnline(const Device& device) const;
     // Row of the unit at `ip` in devices(), or -1.
     int indexOf(std::string_view ip) const;
@@ -157,6 +160,8 @@ signals:
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);
     void networksChanged();
+    // A unit listed from the site store answered for the first time in this run.
+    void rememberedUnitAnswered();
     // One paced burst of queued unicast discovers has just been sent.
     void discoversSent(const QStringList& addresses);
 

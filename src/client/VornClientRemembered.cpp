@@ -22,6 +22,21 @@ void VornClient::remember(const std::string& address)
         remembered_.push_back(address);
 }
 
+void VornClient::addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen)
+{
+    remember(address);
+    if (indexOf(address) >= 0)
+        return;
+    const auto place = std::lower_bound(devices_.begin(), devices_.end(), address,
+                                        [](const Device& device, const std::string& ip) { return device.ip < ip; });
+    const int row = static_cast<int>(place - devices_.begin());
+    emit deviceAboutToBeAdded(row);
+    devices_.insert(place, Device{address, std::move(config), lastSeen, {}, true});
+    emit deviceAdded(row);
+    emit deviceCountChanged();
+    noteArrival(std::nullopt, Vorn::Arrival{});
+}
+
 void VornClient::queryUnansweredRemembered()
 {
     std::vector<std::string> unanswered;

@@ -101,7 +101,7 @@ SplitView {
         for (let i = 0; i < deviceList.count; ++i) {
             const row = deviceList.itemAtIndex(i);
             if (row)
-                rows.push([row.ip, row.title, row.warningText]);
+                rows.push([row.ip, row.title, row.addressNote]);
         }
         console.info(sidebarLog, "rows " + JSON.stringify(rows));
     }
@@ -155,6 +155,14 @@ SplitView {
                 onCountChanged: if (Diagnostics.sidebarRows) Qt.callLater(root.reportRows)
                 model: DeviceListModel {
                     client: root.client
+                }
+                // A remembered row that answers changes without a change of count.
+                Connections {
+                    target: root.client
+                    function onRememberedUnitAnswered() {
+                        if (Diagnostics.sidebarRows)
+                            Qt.callLater(root.reportRows);
+                    }
                 }
                 delegate: DeviceRow {
                     required property int index
