@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SelfTest.h"
 
-#include <unistd.h>
-
+#include <chrono>
 #include <map>
 #include <mutex>
+#include <thread>
 
 #include "DecimalInt.h"
+#include "PacedQueue.h"
 #include "SettingKeys.h"
 #include "SwitcherCatalog.h"
 #include "VornSocket.h"
@@ -15,7 +16,7 @@ namespace VornLink {
 namespace {
 
 constexpr int kCycles = 8;
-constexpr useconds_t kCycleMicroseconds = 300000;
+constexpr auto kCycle = std::chrono::milliseconds(300);
 
 std::string valueOrQuestionMark(const Vorn::Config& config, std::string_view key)
 {
@@ -70,8 +71,25 @@ int runSelfTest(std::ostream& out, const SelfTestOptions& options)
     }
 
     for (int seq = 1; seq <= kCycles; ++seq) {
-        socket.broadcast(Vorn::discoverPacket(static_cast<std::uint16_t>(seq)));
-        ::usleep(kCycleMicroseconds);
+        const auto cycleEnd = std::chrono::steady_clock::now() + kCycle;
+        const auto packet = Vorn::discoverPacket(static_cast<std::uint16_t>(seq));
+        socket.broadcast(packet);
+        Vorn::PacedQueue unheard;
+        {
+            std::lock_guard guard(lock);
+            for (const auto& address : options.remembered) {
+                if (!results.contains(address))
+                    unheard.add(address);
+            }
+        }
+        while (!unheard.empty()) {
+            const auto burstEnd = std::chrono::steady_clock::now() + Vorn::PacedQueue::kInterval;
+            for (const auto& address : unheard.takeBurst())
+                socket.send(packet, address);
+            if (!unheard.empty())
+                std::this_thread::sleep_until(burstEnd);
+        }
+        std::this_thread::sleep_until(cycleEnd);
     }
 
     std::map<std::string, Vorn::Config> snapshot;
@@ -79,6 +97,8 @@ int runSelfTest(std::ostream& out, const SelfTestOptions& options)
         std::lock_guard guard(lock);
         snapshot = results;
     }
+    if (options.heard)
+        options.heard(snapshot);
     out << "selftest: " << snapshot.size() << " device(s)\n";
     for (const auto& [address, config] : snapshot)
         out << selfTestLine(address, config) << '\n';

@@ -2,6 +2,8 @@
 #include "WindowApp.h"
 
 #include <cstdio>
+#include <optional>
+#include <span>
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -17,6 +19,8 @@
 #include "SingleInstance.h"
 #include "Translations.h"
 #include "WindowMemory.h"
+#include "SiteLocation.h"
+#include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
@@ -79,10 +83,20 @@ int runWindowApp(int& argc, char** argv)
         return 0;
     }
 
+    const auto site = Site::siteChoiceFromArguments(std::span<const char* const>(argv, static_cast<std::size_t>(argc)));
+    if (const auto* problem = std::get_if<std::string>(&site)) {
+        std::fprintf(stderr, "vornlink: %s\n", problem->c_str());
+        return 2;
+    }
+
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     QQmlApplicationEngine engine;
     SharedClient::provide(engine, SharedClient::deviceFactory());
     WindowMemory::provide(engine, std::make_unique<QSettings>());
+    // Before the scene starts the client: the remembered units go with its first round.
+    std::optional<WindowSite> memory;
+    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
+        memory.emplace(*SharedClient::of(engine), *path);
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {

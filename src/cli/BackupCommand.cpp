@@ -37,6 +37,7 @@ int runBackup(Context& context, const std::vector<std::string>& addresses, const
 {
     bool allAnswered = true;
     const auto units = gather(context, addresses, allAnswered);
+    context.site.heard(units);
     // A file without every unit asked for would pass for a backup: none is written.
     if (!allAnswered || units.empty()) {
         context.err << "vornctl: " << (units.empty() ? "no unit answered" : "not every unit answered")

@@ -3,9 +3,16 @@
 
 #include <CLI/CLI.hpp>
 
+#include <set>
+
+#include <QDate>
+#include <QDateTime>
+
 #include "Commands.h"
+#include "AddressBlock.h"
 #include "ExitCodes.h"
 #include "Ipv4.h"
+#include "SiteLocation.h"
 
 namespace VornCtl {
 namespace {
@@ -28,6 +35,12 @@ struct Arguments {
     std::vector<std::string> addresses;
     std::string output;
     std::string file;
+    std::vector<std::string> ranges;
+    std::string site;
+    bool noSite = false;
+    std::string unit;
+    std::string since;
+    bool showSecrets = false;
 };
 
 // A usage problem found after parsing: one line, exit 2.
@@ -41,12 +54,84 @@ int usageError(std::ostream& err, const std::string& message)
     return kExitUsage;
 }
 
+// Every address of the --range blocks, in the order given, each once.
+std::vector<std::string> scanAddresses(const std::vector<std::string>& ranges)
+{
+    std::vector<std::string> addresses;
+    std::set<std::uint32_t> seen;
+    for (const auto& text : ranges) {
+        const auto parsed = Settings::parseAddressBlock(text);
+        if (const auto* problem = std::get_if<Settings::AddressBlockProblem>(&parsed)) {
+            using Kind = Settings::AddressBlockProblem::Kind;
+            if (problem->kind == Kind::Reversed)
+                throw UsageError{"the range '" + text + "' ends before it starts"};
+            if (problem->kind == Kind::TooLarge)
+                throw UsageError{"'" + text + "' covers " + std::to_string(problem->size) + " addresses; at most " +
+                                 std::to_string(Settings::kMaxScanAddresses) + " can be scanned"};
+            throw UsageError{"'" + text + "' is neither a CIDR block (10.78.5.0/24) nor a range (10.78.5.10-10.78.5.99)"};
+        }
+        for (const auto address : std::get<Settings::AddressBlock>(parsed).addresses()) {
+            if (seen.insert(address.value()).second)
+                addresses.push_back(address.toString());
+        }
+    }
+    if (addresses.size() > Settings::kMaxScanAddresses)
+        throw UsageError{"the ranges cover " + std::to_string(addresses.size()) + " addresses; at most " +
+                         std::to_string(Settings::kMaxScanAddresses) + " can be scanned"};
+    return addresses;
+}
+
 std::string canonicalAddress(const std::string& text)
 {
     auto address = Settings::canonicalIpv4(text);
     if (!address)
         throw UsageError{"'" + text + "' is not an IPv4 address"};
     return *address;
+}
+
+// An ISO 8601 date ("2026-11-23", midnight UTC) or date and time
+// ("2026-11-23T14:00:00Z", UTC when no offset is given).
+Site::Time sinceTime(const std::string& text)
+{
+    const QString value = QString::fromStdString(text);
+    QDateTime time = QDateTime::fromString(value, Qt::ISODate);
+    if (!time.isValid()) {
+        const QDate date = QDate::fromString(value, Qt::ISODate);
+        if (date.isValid())
+            time = date.startOfDay(Qt::UTC);
+    } else if (time.timeSpec() == Qt::LocalTime) {
+        time.setTimeSpec(Qt::UTC);
+    }
+    if (!time.isValid())
+        throw UsageError{"--since '" + text + "' is not an ISO 8601 date or time"};
+    // Beyond what the clock holds (the year 2262) nothing is that late.
+    const auto latest = std::chrono::duration_cast<std::chrono::milliseconds>(Site::Time::max().time_since_epoch());
+    if (time.toMSecsSinceEpoch() >= latest.count())
+        return Site::Time::max();
+    return Site::Time(std::chrono::milliseconds(time.toMSecsSinceEpoch()));
+}
+
+// The unit named on the command line: an address in its canonical text, else a serial.
+std::string unitName(const std::string& text)
+{
+    return Settings::canonicalIpv4(text).value_or(text);
+}
+
+// Opens the store the options name and says once what the user must know
+// about it; nullptr with --no-site.
+std::unique_ptr<Site::SiteStore> openSite(const Arguments& arguments, std::ostream& err)
+{
+    const auto path = Site::sitePath({arguments.noSite, QString::fromStdString(arguments.site)});
+    if (!path)
+        return nullptr;
+    auto store = Site::SiteStore::open(*path);
+    if (auto aside = store->takeDamagedNotice())
+        err << "vornctl: The site file was damaged; kept as " << aside->toStdString() << " and started a new one\n";
+    if (store->state() == Site::StoreState::Unavailable)
+        err << "vornctl: Not remembering: " << store->problem().toStdString() << '\n';
+    else if (store->state() == Site::StoreState::NewerSchema)
+        err << "vornctl: " << store->problem().toStdString() << '\n';
+    return store;
 }
 
 void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what)
@@ -63,9 +148,15 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     CLI::App app{"Checks, configures, backs up and restores base stations on the local network.", "vornctl"};
     app.set_version_flag("--version", std::string("vornctl ") + VORNCTL_VERSION);
     app.require_subcommand(1);
+    // The site options are read before or after the command.
+    app.fallthrough();
     app.footer("Exit status: 0 done, 1 failure (port taken, unreadable file), 2 bad usage, 3 fewer units than "
-               "--expect, 4 a unit did not answer, 5 a unit reports other values than written.\n");
+               "--expect, 4 a unit did not answer or is not remembered, 5 a unit reports other values than written.\n");
     Arguments arguments;
+    auto* siteOption = app.add_option("--site", arguments.site, "the site file to remember units in (default: "
+                                      "$XDG_DATA_HOME/vornlink/site.sqlite)")
+                           ->option_text("PATH");
+    app.add_flag("--no-site", arguments.noSite, "remember nothing")->excludes(siteOption);
 
     auto* discover = app.add_subcommand("discover", "List every unit that answers a broadcast discover.");
     addTimeout(discover, arguments, "how long to broadcast, every 0.5 s");
@@ -73,6 +164,10 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         ->check(CLI::NonNegativeNumber)
         ->option_text("N");
     discover->add_flag("--json", arguments.json, "a JSON array of units, sorted by address");
+    discover->add_option("--range", arguments.ranges,
+                         "instead of broadcasting, ask each address of a CIDR block or an A-B range by unicast "
+                         "(repeatable, at most 4096 addresses in all)")
+        ->option_text("CIDR|A-B");
 
     auto* show = app.add_subcommand("show", "Print one unit's configuration.");
     show->add_option("ADDRESS", arguments.address, "the unit's IPv4 address")->required();
@@ -100,6 +195,21 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
                       "also restore a unit of the file onto another unit (another serial) answering at its address");
     addTimeout(restore, arguments, "how long to look for units and wait for answers");
 
+    auto* units = app.add_subcommand("units", "List the units the site remembers and whether they answer now.");
+    addTimeout(units, arguments, "how long to broadcast for the units that answer now");
+    units->add_flag("--json", arguments.json, "a JSON array of units, sorted by address");
+
+    auto* history = app.add_subcommand("history", "Show a remembered unit's configuration versions, newest first.");
+    history->add_option("UNIT", arguments.unit, "the unit's serial or address")->required();
+    history->add_flag("--json", arguments.json, "a JSON array of versions");
+    history->add_option("--since", arguments.since, "only versions from this UTC date or time on")
+        ->option_text("TIME");
+    history->add_flag("--show-secrets", arguments.showSecrets, "show CallMagic values instead of (hidden)");
+
+    auto* forget = app.add_subcommand("forget", "Remove a unit, its versions and its writes from the site.");
+    forget->add_option("UNIT", arguments.unit, "the unit's serial or address")->required();
+    forget->add_flag("--yes", arguments.yes, "confirm");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
@@ -113,8 +223,11 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     }
 
     std::variant<SetRequest, std::string> setRequest;
+    HistoryRequest historyRequest;
     Settings::Backup backupFile;
+    std::vector<std::string> scanned;
     try {
+        scanned = scanAddresses(arguments.ranges);
         if (show->parsed() || set->parsed())
             arguments.address = canonicalAddress(arguments.address);
         for (auto& address : arguments.addresses)
@@ -126,6 +239,12 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         }
         if (restore->parsed() && arguments.network && !arguments.yes && !arguments.dryRun)
             throw UsageError{"--network writes IPAddress, Netmask and Gateway; add --yes to confirm"};
+        if ((units->parsed() || history->parsed() || forget->parsed()) && arguments.noSite)
+            throw UsageError{"this command reads the site; drop --no-site"};
+        if (forget->parsed() && !arguments.yes)
+            throw UsageError{"forget removes the unit and its history from the site; add --yes to confirm"};
+        if (history->parsed() && !arguments.since.empty())
+            historyRequest.since = sinceTime(arguments.since);
     } catch (const UsageError& error) {
         return usageError(err, error.message);
     }
@@ -138,15 +257,36 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         backupFile = std::get<Settings::Backup>(std::move(read));
     }
 
+    const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
+    auto store = openSite(arguments, err);
+    if (units->parsed() || history->parsed() || forget->parsed()) {
+        if (store->state() == Site::StoreState::Unavailable)
+            return kExitFailure;
+        SiteContext siteContext{out, err, *store};
+        if (history->parsed()) {
+            historyRequest.unit = unitName(arguments.unit);
+            historyRequest.json = arguments.json;
+            historyRequest.showSecrets = arguments.showSecrets;
+            return runHistory(siteContext, historyRequest);
+        }
+        if (forget->parsed())
+            return runForget(siteContext, unitName(arguments.unit));
+        UnitLink link;
+        if (link.open())
+            return runUnits(siteContext, &link, timeout, arguments.json);
+        err << "vornctl: cannot bind UDP 23457 (is VornLink running?); whether units answer now is not known\n";
+        return runUnits(siteContext, nullptr, timeout, arguments.json);
+    }
+
     UnitLink link;
     if (!link.open()) {
         err << "vornctl: cannot bind UDP 23457 (is VornLink running?)\n";
         return kExitFailure;
     }
-    const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
-    Context context{out, err, link, timeout};
+    SiteRecording site(store && store->canRecord() ? store.get() : nullptr);
+    Context context{out, err, link, timeout, site};
     if (discover->parsed())
-        return runDiscover(context, arguments.expect, arguments.json);
+        return runDiscover(context, scanned, arguments.expect, arguments.json);
     if (show->parsed())
         return runShow(context, arguments.address, arguments.json);
     if (set->parsed())

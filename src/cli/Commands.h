@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// vornctl's five commands. Each takes arguments already checked by the
-// command line and a bound link, writes results to `out` and progress to
-// `err`, and returns the exit status.
+// vornctl's commands. Each takes arguments already checked by the command
+// line (and a bound link, a site store or both), writes results to `out` and
+// progress to `err`, and returns the exit status.
 #pragma once
 
 #include <chrono>
@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "BackupFile.h"
+#include "SiteRecording.h"
+#include "SiteStore.h"
 #include "UnitLink.h"
 
 namespace VornCtl {
@@ -21,9 +23,12 @@ struct Context {
     std::ostream& err;
     UnitLink& link;
     std::chrono::milliseconds timeout;
+    SiteRecording& site;
 };
 
-int runDiscover(Context& context, std::optional<int> expect, bool json);
+// `scanned` empty: every unit that answers broadcasts; otherwise the units
+// that answer a unicast discover to one of these addresses.
+int runDiscover(Context& context, const std::vector<std::string>& scanned, std::optional<int> expect, bool json);
 
 int runShow(Context& context, const std::string& address, bool json);
 
@@ -45,5 +50,26 @@ struct RestoreOptions {
     bool allowOtherSerial = false;  // also onto another serial at a file unit's address
 };
 int runRestore(Context& context, const Settings::Backup& backup, const RestoreOptions& options);
+
+// The commands on the site store alone.
+struct SiteContext {
+    std::ostream& out;
+    std::ostream& err;
+    Site::SiteStore& store;
+};
+
+// The remembered units; online is what answers a broadcast within `timeout`
+// when `link` is there (the port was free), unknown otherwise.
+int runUnits(SiteContext& context, UnitLink* link, std::chrono::milliseconds timeout, bool json);
+
+struct HistoryRequest {
+    std::string unit;  // a serial or an address
+    bool json = false;
+    std::optional<Site::Time> since;
+    bool showSecrets = false;
+};
+int runHistory(SiteContext& context, const HistoryRequest& request);
+
+int runForget(SiteContext& context, const std::string& unit);
 
 }  // namespace VornCtl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// vornctl discover: every unit that answers broadcasts within the timeout.
+// vornctl discover: every unit that answers broadcasts within the timeout, or
+// every unit of the --range blocks that answers a unicast discover.
 #include <nlohmann/json.hpp>
 
 #include "Commands.h"
@@ -8,13 +9,18 @@
 
 namespace VornCtl {
 
-int runDiscover(Context& context, std::optional<int> expect, bool json)
+int runDiscover(Context& context, const std::vector<std::string>& scanned, std::optional<int> expect, bool json)
 {
-    context.err << "vornctl: discovering for " << context.timeout.count() / 1000.0 << " s\n" << std::flush;
+    if (scanned.empty())
+        context.err << "vornctl: discovering for " << context.timeout.count() / 1000.0 << " s\n" << std::flush;
+    else
+        context.err << "vornctl: asking " << scanned.size() << " address(es)\n" << std::flush;
     std::vector<Sighting> units;
-    for (auto& [address, unit] : context.link.discoverAll(context.timeout))
+    auto heard = scanned.empty() ? context.link.discoverAll(context.timeout) : context.link.scan(scanned, context.timeout);
+    for (auto& [address, unit] : heard)
         units.push_back(std::move(unit));
     units = sortedByAddress(std::move(units));
+    context.site.heard(units);
 
     if (json) {
         nlohmann::ordered_json list = nlohmann::ordered_json::array();

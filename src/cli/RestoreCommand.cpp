@@ -35,9 +35,13 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
                 << std::flush;
     const auto sightings = context.link.discoverAll(context.timeout);
     std::vector<Settings::LiveUnit> live;
+    std::vector<Sighting> heard;
     live.reserve(sightings.size());
-    for (const auto& [address, sighting] : sightings)
+    for (const auto& [address, sighting] : sightings) {
         live.push_back({address, sighting.config});
+        heard.push_back(sighting);
+    }
+    context.site.heard(heard);
     bool missing = false;
     bool unconfirmed = false;
     for (const auto& item : Settings::planRestore(backup, live, options.network)) {
@@ -66,7 +70,7 @@ int runRestore(Context& context, const Settings::Backup& backup, const RestoreOp
         }
         if (item.changes.empty() || options.dryRun)
             continue;
-        const auto result = writeAndVerify(context.link, found, item.changes, context.timeout);
+        const auto result = writeAndVerify(context.link, context.site, found, item.changes, context.timeout);
         printOutcome(context.out, result, "  ");
         missing = missing || result.exitCode == kExitNoAnswer;
         unconfirmed = unconfirmed || result.exitCode == kExitNotConfirmed || result.exitCode == kExitFailure;

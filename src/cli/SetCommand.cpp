@@ -36,9 +36,10 @@ int runSet(Context& context, const SetRequest& request)
         context.err << "vornctl: " << request.address << " did not answer\n";
         return kExitNoAnswer;
     }
+    context.site.heard({*live});
     context.err << "vornctl: writing " << request.changes.size() << " key(s) to " << request.address << '\n'
                 << std::flush;
-    const auto result = writeAndVerify(context.link, *live, request.changes, context.timeout);
+    const auto result = writeAndVerify(context.link, context.site, *live, request.changes, context.timeout);
     if (result.refused) {
         context.err << "vornctl: not written: " << *result.refused << '\n';
         return result.exitCode;

@@ -15,6 +15,7 @@ int runShow(Context& context, const std::string& address, bool json)
         context.err << "vornctl: " << address << " did not answer\n";
         return kExitNoAnswer;
     }
+    context.site.heard({*unit});
     if (json) {
         context.out << unitJson(*unit).dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
     } else {

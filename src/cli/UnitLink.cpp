@@ -6,6 +6,7 @@
 
 #include "Ipv4.h"
 #include "NetworkInterfaces.h"
+#include "PacedQueue.h"
 #include "SettingKeys.h"
 
 namespace VornCtl {
@@ -51,18 +52,18 @@ unsigned UnitLink::interfaceOf(const std::string& address)
     return found == latest_.end() ? 0 : found->second.arrival.interfaceIndex;
 }
 
-Sighting UnitLink::described(Sighting sighting, const std::vector<Vorn::InterfaceAddress>& interfaces) const
+Sighting UnitLink::described(Sighting sighting, const Surroundings& host) const
 {
     if (const auto serials = serials_.find(sighting.address); serials != serials_.end())
         sighting.serials = serials->second;
-    const auto heardOn = Vorn::findArrivalInterface(interfaces, sighting.arrival.interfaceIndex,
+    const auto heardOn = Vorn::findArrivalInterface(host.interfaces, sighting.arrival.interfaceIndex,
                                                     sighting.arrival.localAddress);
     if (!sighting.arrival.known() || !heardOn)
         return sighting;
     sighting.interface = Vorn::heardOnText(*heardOn);
     sighting.interfaceSubnet = Vorn::subnetText(*heardOn);
     const auto address = Settings::Ipv4::parse(sighting.address);
-    sighting.wrongSubnet = address && Vorn::isWrongSubnet(address->value(), *heardOn);
+    sighting.wrongSubnet = address && Vorn::isWrongSubnet(address->value(), *heardOn, host.routes);
     return sighting;
 }
 
@@ -78,14 +79,44 @@ std::map<std::string, Sighting> UnitLink::discoverAll(std::chrono::milliseconds 
         socket_.broadcast(Vorn::discoverPacket(nextSeq()));
         std::this_thread::sleep_until(std::min(next + kBroadcastInterval, start + timeout));
     }
-    const auto interfaces = Vorn::readInterfaceAddresses();
+    return heardSince(before);
+}
+
+std::map<std::string, Sighting> UnitLink::heardSince(std::uint64_t before)
+{
+    const Surroundings host{Vorn::readInterfaceAddresses(), Vorn::readRoutes()};
     std::lock_guard guard(lock_);
     std::map<std::string, Sighting> found;
     for (const auto& [address, sighting] : latest_) {
         if (stamp_[address] > before)
-            found.emplace(address, described(sighting, interfaces));
+            found.emplace(address, described(sighting, host));
     }
     return found;
+}
+
+std::map<std::string, Sighting> UnitLink::scan(const std::vector<std::string>& addresses,
+                                               std::chrono::milliseconds timeout)
+{
+    const auto start = std::chrono::steady_clock::now();
+    std::uint64_t before = 0;
+    {
+        std::lock_guard guard(lock_);
+        before = received_;
+    }
+    Vorn::PacedQueue queue;
+    for (const auto& address : addresses)
+        queue.add(address);
+    auto next = start;
+    while (!queue.empty()) {
+        // Through the interface the routing table chooses: nothing is known of these addresses yet.
+        for (const auto& address : queue.takeBurst())
+            socket_.sendVia(Vorn::discoverPacket(nextSeq()), address, interfaceOf(address));
+        next += Vorn::PacedQueue::kInterval;
+        if (!queue.empty())
+            std::this_thread::sleep_until(next);
+    }
+    std::this_thread::sleep_until(std::max(start + timeout, std::chrono::steady_clock::now() + kLastScanAnswer));
+    return heardSince(before);
 }
 
 std::optional<Sighting> UnitLink::query(const std::string& address, std::chrono::milliseconds timeout)
@@ -107,9 +138,9 @@ std::optional<Sighting> UnitLink::query(const std::string& address, std::chrono:
         const auto deadline = attempt + 1 == kQueryTries ? start + timeout : start + interval * (attempt + 1);
         if (arrived_.wait_until(guard, deadline, answered)) {
             guard.unlock();
-            const auto interfaces = Vorn::readInterfaceAddresses();
+            const Surroundings host{Vorn::readInterfaceAddresses(), Vorn::readRoutes()};
             guard.lock();
-            return described(latest_.at(address), interfaces);
+            return described(latest_.at(address), host);
         }
     }
     return std::nullopt;

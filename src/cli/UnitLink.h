@@ -49,6 +49,11 @@ public:
     // `timeout` and returns every unit that answered, by address.
     std::map<std::string, Sighting> discoverAll(std::chrono::milliseconds timeout);
 
+    // One unicast discover to each of `addresses`, paced (see PacedQueue),
+    // then replies until `timeout` from the start and at least
+    // kLastScanAnswer after the last query; the units that answered.
+    std::map<std::string, Sighting> scan(const std::vector<std::string>& addresses, std::chrono::milliseconds timeout);
+
     // Unicast discovers to `address` (up to three within `timeout`) until the
     // unit reports; nothing when it does not. A unit already heard is asked
     // through the interface it was heard on.
@@ -59,11 +64,21 @@ public:
     void write(const std::string& address, const Vorn::Config& full);
 
 private:
+    static constexpr auto kLastScanAnswer = std::chrono::milliseconds(500);
+
+    // The host's interfaces and routes, read after an exchange.
+    struct Surroundings {
+        std::vector<Vorn::InterfaceAddress> interfaces;
+        std::vector<Vorn::Route> routes;
+    };
+
+    // Every unit heard after the report counted `before`, described.
+    std::map<std::string, Sighting> heardSince(std::uint64_t before);
     void file(const Vorn::Bytes& data, Vorn::Arrival arrival);
     // The interface index `address` was last heard on, or 0.
     unsigned interfaceOf(const std::string& address);
     // `sighting` with where it was heard and its serials filled in; under the lock.
-    Sighting described(Sighting sighting, const std::vector<Vorn::InterfaceAddress>& interfaces) const;
+    Sighting described(Sighting sighting, const Surroundings& host) const;
     std::uint16_t nextSeq() { return ++seq_; }
 
     std::uint16_t seq_ = 0;

@@ -13,12 +13,13 @@
 #include "UnitWarnings.h"
 
 namespace VornCtl {
-namespace {
 
 std::string orDash(const std::string& text)
 {
     return text.empty() ? std::string("-") : text;
 }
+
+namespace {
 
 std::string switcherName(const Vorn::Config& config)
 {
@@ -93,14 +94,17 @@ std::vector<std::string> configLines(const Vorn::Config& config)
     return lines;
 }
 
+std::tuple<bool, Settings::Ipv4, std::string> addressOrder(const std::string& text)
+{
+    const auto address = Settings::Ipv4::parse(text);
+    return std::tuple(!address.has_value(), address.value_or(Settings::Ipv4()), text);
+}
+
 std::vector<Sighting> sortedByAddress(std::vector<Sighting> units)
 {
-    const auto order = [](const Sighting& unit) {
-        const auto address = Settings::Ipv4::parse(unit.address);
-        return std::tuple(!address.has_value(), address.value_or(Settings::Ipv4()), unit.address);
-    };
-    std::stable_sort(units.begin(), units.end(),
-                     [&](const Sighting& a, const Sighting& b) { return order(a) < order(b); });
+    std::stable_sort(units.begin(), units.end(), [](const Sighting& a, const Sighting& b) {
+        return addressOrder(a.address) < addressOrder(b.address);
+    });
     return units;
 }
 

@@ -4,13 +4,18 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "Ipv4.h"
 #include "UnitLink.h"
 
 namespace VornCtl {
+
+// `text`, or "-" for an empty one, in a column.
+std::string orDash(const std::string& text);
 
 // The unit's name as the window's sidebar shows it.
 std::string unitTitle(const Sighting& unit);
@@ -28,6 +33,9 @@ nlohmann::ordered_json unitJson(const Sighting& unit);
 
 // "Key: Value" lines, write key table order first, then the others.
 std::vector<std::string> configLines(const Vorn::Config& config);
+
+// The sort key of an address: numerically, text that is no address last.
+std::tuple<bool, Settings::Ipv4, std::string> addressOrder(const std::string& address);
 
 // Units sorted by address (numerically; text that is no address last).
 std::vector<Sighting> sortedByAddress(std::vector<Sighting> units);

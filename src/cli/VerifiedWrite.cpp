@@ -25,7 +25,7 @@ std::string addressAfter(const Sighting& live, const Vorn::Config& changes)
 
 }  // namespace
 
-WriteResult writeAndVerify(UnitLink& link, const Sighting& live, const Vorn::Config& changes,
+WriteResult writeAndVerify(UnitLink& link, SiteRecording& site, const Sighting& live, const Vorn::Config& changes,
                            std::chrono::milliseconds timeout)
 {
     const Vorn::Config full = Settings::overlay(live.config, changes);
@@ -35,10 +35,12 @@ WriteResult writeAndVerify(UnitLink& link, const Sighting& live, const Vorn::Con
         result.exitCode = kExitFailure;
         return result;
     }
+    const auto sentAt = Site::Clock::now();
     link.write(live.address, full);
     std::this_thread::sleep_for(kRequeryDelay);
     const auto reply = link.query(addressAfter(live, changes), timeout);
     result.checks = Settings::checkWrite(changes, reply ? std::optional(reply->config) : std::nullopt);
+    site.wrote(live, changes, sentAt, result.checks, reply);
     if (!reply)
         result.exitCode = kExitNoAnswer;
     else if (!Settings::allConfirmed(result.checks))

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "SiteRecording.h"
 #include "UnitLink.h"
 #include "WriteCheck.h"
 
@@ -25,8 +26,9 @@ struct WriteResult {
 
 // Overlays `changes` on the unit's reported configuration, sends it (two
 // copies, one sequence number), asks the unit again 1.5 s later (under its
-// new address when the write moves it) and checks the reply.
-WriteResult writeAndVerify(UnitLink& link, const Sighting& live, const Vorn::Config& changes,
+// new address when the write moves it) and checks the reply. The write and
+// the reply go into the site store.
+WriteResult writeAndVerify(UnitLink& link, SiteRecording& site, const Sighting& live, const Vorn::Config& changes,
                            std::chrono::milliseconds timeout);
 
 // "verified", or one line per key that is not confirmed, each after `indent`.

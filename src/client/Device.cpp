@@ -41,6 +41,7 @@ std::size_t hashValue(const Device& device, std::size_t seed)
     }
     seed = combine(seed, std::hash<WallClock::rep>()(device.lastSeen.time_since_epoch().count()));
     seed = combine(seed, device.heardOn.interfaceIndex);
-    return combine(seed, device.heardOn.localAddress);
+    seed = combine(seed, device.heardOn.localAddress);
+    return combine(seed, device.remembered ? 1U : 0U);
 }
 

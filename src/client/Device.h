@@ -21,6 +21,9 @@ struct Device {
     WallClock::time_point lastSeen;
     // Where its latest reply came in; unicasts to the unit leave there.
     Vorn::Arrival heardOn{};
+    // Listed from the site store and not heard in this run: `config` and
+    // `lastSeen` are what was remembered.
+    bool remembered = false;
 
     // The key of the unit in the client's table and in list selections.
     const std::string& id() const { return ip; }
@@ -32,8 +35,8 @@ struct Device {
     bool operator==(const Device&) const = default;
 };
 
-// Consistent with operator==: address, then every key and value, then lastSeen
-// and the arrival interface.
+// Consistent with operator==: address, then every key and value, then lastSeen,
+// the arrival interface and whether the unit is only remembered.
 std::size_t hashValue(const Device& device, std::size_t seed = 0);
 
 inline std::size_t qHash(const Device& device, std::size_t seed = 0)

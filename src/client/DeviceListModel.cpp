@@ -2,6 +2,7 @@
 #include "DeviceListModel.h"
 
 #include "ConfigConversion.h"
+#include "LastSeenText.h"
 
 DeviceListModel::DeviceListModel(QObject* parent) : QAbstractListModel(parent) {}
 
@@ -44,22 +45,28 @@ void DeviceListModel::refreshPresence()
     // judgement equals the verdict now cannot have flipped in between.
     const auto now = client_->clock()->now();
     const auto& devices = client_->devices();
-    const int count = static_cast<int>(devices.size());
+    announceRuns(OnlineRole, [&](std::size_t row) {
+        const auto lastSeen = devices[row].lastSeen;
+        return isPresent(lastSeen, presenceJudgedAt_) != isPresent(lastSeen, now);
+    });
+    presenceJudgedAt_ = now;
+    // "3 min ago" ages with the clock: the remembered rows say it anew.
+    announceRuns(LastSeenNoteRole, [&](std::size_t row) { return devices[row].remembered; });
+}
+
+void DeviceListModel::announceRuns(int role, const std::function<bool(std::size_t)>& changed)
+{
+    const int count = client_->deviceCount();
     int runStart = -1;
     for (int row = 0; row <= count; ++row) {
-        bool flipped = false;
-        if (row < count) {
-            const auto lastSeen = devices[static_cast<std::size_t>(row)].lastSeen;
-            flipped = isPresent(lastSeen, presenceJudgedAt_) != isPresent(lastSeen, now);
-        }
-        if (flipped && runStart < 0)
+        const bool inRun = row < count && changed(static_cast<std::size_t>(row));
+        if (inRun && runStart < 0)
             runStart = row;
-        if (!flipped && runStart >= 0) {
-            emit dataChanged(index(runStart), index(row - 1), {OnlineRole});
+        if (!inRun && runStart >= 0) {
+            emit dataChanged(index(runStart), index(row - 1), {role});
             runStart = -1;
         }
     }
-    presenceJudgedAt_ = now;
 }
 
 int DeviceListModel::rowCount(const QModelIndex& parent) const
@@ -90,6 +97,10 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const
         return client_->isWrongSubnet(device);
     case AddressConflictRole:
         return client_->hasAddressConflict(device.ip);
+    case LastSeenNoteRole:
+        return device.remembered
+                   ? tr("last seen %1").arg(lastSeenText(toDateTime(device.lastSeen), toDateTime(client_->clock()->now())))
+                   : QString();
     default:
         return {};
     }
@@ -105,5 +116,6 @@ QHash<int, QByteArray> DeviceListModel::roleNames() const
         {ConfigRole, "config"},
         {WrongSubnetRole, "wrongSubnet"},
         {AddressConflictRole, "addressConflict"},
+        {LastSeenNoteRole, "lastSeenNote"},
     };
 }

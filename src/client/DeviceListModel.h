@@ -4,6 +4,8 @@
 // on each tick of the client's clock.
 #pragma once
 
+#include <functional>
+
 #include <QAbstractListModel>
 #include <QPointer>
 
@@ -22,6 +24,8 @@ public:
         ConfigRole,
         WrongSubnetRole,
         AddressConflictRole,
+        // "last seen 3 min ago" for a remembered unit not heard in this run, else empty.
+        LastSeenNoteRole,
     };
     Q_ENUM(Role)
 
@@ -41,6 +45,8 @@ private:
     void connectClient();
     void forgetClient();
     void refreshPresence();
+    // One dataChanged of `role` per run of consecutive rows for which `changed` holds.
+    void announceRuns(int role, const std::function<bool(std::size_t)>& changed);
 
     VornClient* client_ = nullptr;
     // The instant presence was last judged at; a tick compares against it.

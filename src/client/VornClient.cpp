@@ -12,15 +12,6 @@
 #include "Ipv4.h"
 #include "LogTime.h"
 
-namespace {
-
-bool addressBefore(const std::unique_ptr<Device>& device, std::string_view ip)
-{
-    return device->ip < ip;
-}
-
-}  // namespace
-
 VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject* parent)
     : QObject(parent),
       socket_(port, std::move(broadcastAddress)),
@@ -31,6 +22,14 @@ VornClient::VornClient(std::uint16_t port, std::string broadcastAddress, QObject
       seq_(static_cast<std::uint16_t>(QRandomGenerator::global()->bounded(1, 30001))),
       drainTimer_(new QTimer(this))
 {
+    answerWindowTimer_ = new QTimer(this);
+    answerWindowTimer_->setSingleShot(true);
+    answerWindowTimer_->setInterval(kBroadcastAnswerMs);
+    connect(answerWindowTimer_, &QTimer::timeout, this, &VornClient::queryUnansweredRemembered);
+    pacingTimer_ = new QTimer(this);
+    pacingTimer_->setTimerType(Qt::PreciseTimer);
+    pacingTimer_->setInterval(Vorn::PacedQueue::kInterval);
+    connect(pacingTimer_, &QTimer::timeout, this, &VornClient::sendDiscoverBurst);
     drainTimer_->setSingleShot(true);
     connect(drainTimer_, &QTimer::timeout, this, &VornClient::drainWhenSettled);
     connect(clock_, &PresenceClock::ticked, this, &VornClient::rejudgeConflicts);
@@ -172,15 +171,18 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     }
     const auto now = clock_->now();
     readInterfacesIfUnknown(arrival);
-    const auto place = std::lower_bound(devices_.begin(), devices_.end(), reply.deviceIp, addressBefore);
+    const auto place = placeOf(reply.deviceIp);
     const int row = static_cast<int>(place - devices_.begin());
     if (place != devices_.end() && (*place)->ip == reply.deviceIp) {
         Device& known = **place;
         noteSerial(&known, reply.deviceIp, reply.config, now);
         known.config = std::move(reply.config);
         known.lastSeen = now;
+        const bool wasRemembered = std::exchange(known.remembered, false);
         noteArrival(std::exchange(known.heardOn, arrival), arrival);
         noteUpdated(row);
+        if (wasRemembered)
+            emit rememberedUnitAnswered();
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
@@ -196,9 +198,15 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     noteArrival(std::nullopt, arrival);
 }
 
+VornClient::DeviceSlots::const_iterator VornClient::placeOf(std::string_view ip) const
+{
+    return std::lower_bound(devices_.begin(), devices_.end(), ip,
+                            [](const std::unique_ptr<Device>& device, std::string_view key) { return device->ip < key; });
+}
+
 int VornClient::indexOf(std::string_view ip) const
 {
-    const auto place = std::lower_bound(devices_.begin(), devices_.end(), ip, addressBefore);
+    const auto place = placeOf(ip);
     if (place == devices_.end() || (*place)->ip != ip)
         return -1;
     return static_cast<int>(place - devices_.begin());
@@ -206,7 +214,7 @@ int VornClient::indexOf(std::string_view ip) const
 
 bool VornClient::isOnline(const Device& device) const
 {
-    return isPresent(device.lastSeen, clock_->now());
+    return !device.remembered && isPresent(device.lastSeen, clock_->now());
 }
 
 std::optional<Device> VornClient::device(std::string_view ip) const

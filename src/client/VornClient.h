@@ -27,6 +27,8 @@
 #include "LogTime.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
+#include "PacedQueue.h"
+#include "Routes.h"
 #include "ReplyInbox.h"
 #include "SerialSightings.h"
 #include "VornSocket.h"
@@ -51,6 +53,10 @@ class VornClient : public QObject {
 public:
     static constexpr int kDiscoveryIntervalMs = 5000;
     static constexpr int kRequeryDelayMs = 1500;
+    // How long after a round's broadcast the remembered units that have not
+    // answered it are asked by unicast: those answers then tell the units
+    // that broadcasts reach from those behind a router.
+    static constexpr int kBroadcastAnswerMs = 1000;
     static constexpr qsizetype kLogLimit = 200;
     // When the main thread takes the decoded replies (see ReplyInbox): after
     // 20 ms without a reply, at the latest 100 ms after the first, or at once
@@ -70,6 +76,25 @@ public:
     Q_INVOKABLE void start();
 
     using InterfaceReader = std::function<std::vector<Vorn::InterfaceAddress>()>;
+    using RouteReader = std::function<std::vector<Vorn::Route>()>;
+
+    // The units remembered from earlier runs or scans, by address: each
+    // round asks those that did not answer its broadcast by unicast, paced,
+    // so a unit behind a router comes back without being typed again.
+    void setRemembered(const std::vector<std::string>& addresses);
+    // Adds one address to the remembered units (a unit found by a scan).
+    void remember(const std::string& address);
+    // Lists a remembered unit, offline, with what was remembered of it, until
+    // it answers; a listed address is left alone. Also remembers its address.
+    void addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen);
+    const std::vector<std::string>& remembered() const { return remembered_; }
+
+    // Queues one unicast discover to each address, sent at most
+    // Vorn::PacedQueue::kBurst every Vorn::PacedQueue::kInterval; an address
+    // already waiting waits once.
+    void queueDiscovers(const std::vector<std::string>& addresses);
+    // Drops the waiting discovers for which `drop` is true (a cancelled scan).
+    void dropQueuedDiscovers(const std::function<bool(const std::string&)>& drop);
 
     // Takes the next sequence number and sends one discover to `address`: a
     // broadcast address goes out on every eligible interface, a listed unit's
@@ -104,15 +129,19 @@ public:
     bool hasAddressConflict(const std::string& ip) const;
 
     QVariantList networks() const { return networks_; }
+    // "studio · 10.77.1.5/24": where the unit was last heard, or empty.
+    std::string heardOnText(const Device& device) const;
 
     // Replaces how the host's interfaces are read, for tests; reads at once.
     void setInterfaceReader(InterfaceReader reader);
+    // Replaces how the routing table is read, for tests; reads at once.
+    void setRouteReader(RouteReader reader);
 
     std::optional<Device> device(std::string_view ip) const;
     // Whether a unit answered from `ip` (the address text exactly).
     Q_INVOKABLE bool contains(const QString& ip) const { return indexOf(ip.toStdString()) >= 0; }
-    // The unit's last reply is younger than 15 s by the client's clock: the
-    // one presence verdict the list and the editor show.
+    // The unit's last reply in this run is younger than 15 s by the client's
+    // clock: the one presence verdict the list and the editor show.
     bool isOnline(const Device& device) const;
     // Row of the unit at `ip` in devices(), or -1.
     int indexOf(std::string_view ip) const;
@@ -151,12 +180,24 @@ signals:
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);
     void networksChanged();
+    // A unit listed from the site store answered for the first time in this run.
+    void rememberedUnitAnswered();
+    // One paced burst of queued unicast discovers has just been sent.
+    void discoversSent(const QStringList& addresses);
 
 private:
+    // Each unit on the heap, so that a unit joining the middle of a large
+    // table moves pointers, not records.
+    using DeviceSlots = std::vector<std::unique_ptr<Device>>;
+
     void installPacketHandler();
+    // Where the unit at `ip` is or would go in the table.
+    DeviceSlots::const_iterator placeOf(std::string_view ip) const;
     void drainWhenSettled();
     bool discoverTo(const std::string& address);
     void broadcastDiscover();
+    void queryUnansweredRemembered();
+    void sendDiscoverBurst();
     unsigned interfaceFor(const std::string& ip) const;
     std::optional<Vorn::InterfaceAddress> arrivalInterface(const Device& device) const;
     void readInterfaces();
@@ -176,13 +217,20 @@ private:
     // Shared with the receive thread's handler, which may outlive a drain.
     std::shared_ptr<ReplyInbox> inbox_;
     PresenceClock* clock_;
-    // Each unit on the heap, so that a unit joining the middle of a large
-    // table moves pointers, not records.
-    std::vector<std::unique_ptr<Device>> devices_;
+    DeviceSlots devices_;
     InterfaceReader readInterfaceAddresses_ = Vorn::readInterfaceAddresses;
     // The host's interfaces as last read: at each broadcast discover, and
     // when a reply comes in on an interface not among them.
     std::vector<Vorn::InterfaceAddress> interfaces_;
+    RouteReader readRoutes_ = Vorn::readRoutes;
+    // The routing table as last read, with the interfaces.
+    std::vector<Vorn::Route> routes_;
+    std::vector<std::string> remembered_;
+    // When the latest round's broadcast went out, by the client's clock.
+    WallClock::time_point roundStart_;
+    QTimer* answerWindowTimer_;
+    Vorn::PacedQueue pacedDiscovers_;
+    QTimer* pacingTimer_;
     // The serials heard lately under each address flagged with a conflict,
     // re-judged on every clock tick; an address leaves once its flag clears.
     // Other addresses need none: their one serial is in their last reply.

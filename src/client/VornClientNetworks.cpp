@@ -22,7 +22,10 @@ void VornClient::broadcastDiscover()
 {
     // Read afresh each time: a cable plugged in or a new lease counts at once.
     readInterfaces();
+    roundStart_ = clock_->now();
     socket_.broadcastOn(Vorn::discoverPacket(nextSeq()), interfaces_);
+    if (!remembered_.empty())
+        answerWindowTimer_->start();
 }
 
 unsigned VornClient::interfaceFor(const std::string& ip) const
@@ -44,12 +47,20 @@ void VornClient::setInterfaceReader(InterfaceReader reader)
     readInterfaces();
 }
 
+void VornClient::setRouteReader(RouteReader reader)
+{
+    readRoutes_ = std::move(reader);
+    readInterfaces();
+}
+
 void VornClient::readInterfaces()
 {
     auto fresh = readInterfaceAddresses_();
-    if (fresh == interfaces_)
+    auto freshRoutes = readRoutes_();
+    if (fresh == interfaces_ && freshRoutes == routes_)
         return;
     interfaces_ = std::move(fresh);
+    routes_ = std::move(freshRoutes);
     // Every row's subnet verdict may have changed with the interfaces.
     if (!devices_.empty()) {
         if (draining_) {
@@ -97,7 +108,7 @@ bool VornClient::isWrongSubnet(const Device& device) const
 {
     const auto heardOn = arrivalInterface(device);
     const auto address = Settings::Ipv4::parse(device.ip);
-    return heardOn && address && Vorn::isWrongSubnet(address->value(), *heardOn);
+    return heardOn && address && Vorn::isWrongSubnet(address->value(), *heardOn, routes_);
 }
 
 bool VornClient::hasAddressConflict(const std::string& ip) const
@@ -163,6 +174,12 @@ void VornClient::refreshNetworks()
         return;
     networks_ = std::move(networks);
     emit networksChanged();
+}
+
+std::string VornClient::heardOnText(const Device& device) const
+{
+    const auto heardOn = arrivalInterface(device);
+    return heardOn ? Vorn::heardOnText(*heardOn) : std::string();
 }
 
 QVariantMap VornClient::networkData(const Device& device) const

@@ -72,9 +72,10 @@ bool isInSubnet(std::uint32_t address, const InterfaceAddress& entry)
     return (address & mask) == (entry.address & mask);
 }
 
-bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn)
+bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn, const std::vector<Route>& routes)
 {
-    return isEligibleForDiscovery(heardOn) && !isInSubnet(unitAddress, heardOn);
+    return isEligibleForDiscovery(heardOn) && !isInSubnet(unitAddress, heardOn) &&
+           !isRoutedThrough(unitAddress, heardOn.index, routes);
 }
 
 std::optional<InterfaceAddress> findArrivalInterface(const std::vector<InterfaceAddress>& all, unsigned index,

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "Routes.h"
+
 namespace Vorn {
 
 // One IPv4 address of one interface; an interface with aliases appears once
@@ -38,8 +40,9 @@ std::vector<InterfaceAddress> eligibleForDiscovery(const std::vector<InterfaceAd
 bool isInSubnet(std::uint32_t address, const InterfaceAddress& entry);
 
 // A unit at `unitAddress` heard on `heardOn` is in the wrong subnet: outside
-// the subnet of an interface address that discovery uses.
-bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn);
+// the subnet of an interface address that discovery uses, and not behind a
+// router that `routes` reach through that interface.
+bool isWrongSubnet(std::uint32_t unitAddress, const InterfaceAddress& heardOn, const std::vector<Route>& routes);
 
 // The entry of interface `index` holding `localAddress`, else the first entry
 // of that interface, else none.

@@ -6,8 +6,12 @@
 //
 //   client_driver --netns NAME --run-ms MS [--snapshot-at MS]... [--hold-port]
 //                 [--write-at MS --write-ip IP --set KEY=VALUE...]
-//                 [--query-at MS --query-ip IP]
+//                 [--query-at MS --query-ip IP] [--remember IP]...
+//                 [--scan-at MS --scan CIDR|A-B]
 //
+// --remember gives the client remembered units before it starts; --scan
+// queues a unicast discover to each address of the block, as the window's
+// "Scan addresses…" does.
 // Lines: {"event":"started","status":...} after start(); {"event":"table",
 // "atMs":...,"devices":[{"ip","title","config","heardOn","interfaceName",
 // "interfaceSubnet","wrongSubnet","addressConflict","serialsSeen"}...],
@@ -28,6 +32,7 @@
 #include <QJsonObject>
 #include <QTimer>
 
+#include "AddressBlock.h"
 #include "ConfigConversion.h"
 #include "VornClient.h"
 
@@ -43,6 +48,9 @@ struct Scenario {
     QVariantMap changes;
     int queryAtMs = -1;
     QString queryIp;
+    std::vector<std::string> remembered;
+    int scanAtMs = -1;
+    QString scanBlock;
 };
 
 Scenario parseArguments(const QStringList& arguments)
@@ -70,6 +78,12 @@ Scenario parseArguments(const QStringList& arguments)
             scenario.queryAtMs = value.toInt();
         else if (name == u"--query-ip")
             scenario.queryIp = value;
+        else if (name == u"--remember")
+            scenario.remembered.push_back(value.toStdString());
+        else if (name == u"--scan-at")
+            scenario.scanAtMs = value.toInt();
+        else if (name == u"--scan")
+            scenario.scanBlock = value;
         else if (name == u"--set")
             scenario.changes.insert(value.section(u'=', 0, 0), value.section(u'=', 1));
         else
@@ -139,6 +153,7 @@ int main(int argc, char** argv)
         holdDevicePort();
 
     VornClient client;
+    client.setRemembered(scenario.remembered);
     QElapsedTimer elapsed;
     elapsed.start();
     client.start();
@@ -150,6 +165,15 @@ int main(int argc, char** argv)
         QTimer::singleShot(scenario.writeAtMs, Qt::PreciseTimer, &app, [&] { client.write(scenario.writeIp, scenario.changes); });
     if (scenario.queryAtMs >= 0)
         QTimer::singleShot(scenario.queryAtMs, Qt::PreciseTimer, &app, [&] { client.sendDiscover(scenario.queryIp); });
+    if (scenario.scanAtMs >= 0) {
+        const auto block = Settings::parseAddressBlock(scenario.scanBlock.toStdString());
+        if (!std::holds_alternative<Settings::AddressBlock>(block))
+            qFatal("client_driver: %s is no address block", qPrintable(scenario.scanBlock));
+        std::vector<std::string> addresses;
+        for (const auto address : std::get<Settings::AddressBlock>(block).addresses())
+            addresses.push_back(address.toString());
+        QTimer::singleShot(scenario.scanAtMs, Qt::PreciseTimer, &app, [&client, addresses] { client.queueDiscovers(addresses); });
+    }
     QTimer::singleShot(scenario.runMs, Qt::PreciseTimer, &app, [&] {
         printTable(client, elapsed.elapsed());
         printLine({{"event", "end"}, {"status", client.status()}, {"log", QJsonArray::fromStringList(client.log())}});

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <net/if.h>
+#include <net/route.h>
 
 #include <QSignalSpy>
 
@@ -37,6 +38,13 @@ std::vector<Vorn::InterfaceAddress> twoLinks()
     };
 }
 
+// A route of the console's table through `gateway` on interface `index`.
+Vorn::Route route(const char* destination, int prefixLength, const char* gateway, unsigned index)
+{
+    const std::uint32_t mask = prefixLength == 0 ? 0 : ~std::uint32_t{0} << (32 - prefixLength);
+    return {"link", index, ip(destination), mask, ip(gateway), RTF_UP | RTF_GATEWAY, 0};
+}
+
 Vorn::Reply report(const std::string& address, const std::string& serial)
 {
     return Vorn::Reply{address, Vorn::kCmdReport, {{"Serial", serial}}};
@@ -47,10 +55,12 @@ protected:
     std::unique_ptr<VornClient> client = loopbackClient();
     ManualTime time{client->clock()};
     std::vector<Vorn::InterfaceAddress> links = twoLinks();
+    std::vector<Vorn::Route> routes;
 
     void SetUp() override
     {
         client->setInterfaceReader([this] { return links; });
+        client->setRouteReader([this] { return routes; });
     }
     void hear(const std::string& address, const std::string& serial, Vorn::Arrival arrival)
     {
@@ -69,6 +79,35 @@ TEST_F(ClientNetworks, UnitOutsideTheSubnetItWasHeardOnIsWrongSubnet)
     EXPECT_EQ(unit.value("interfaceName").toString(), "studio");
     EXPECT_EQ(unit.value("interfaceSubnet").toString(), "10.77.1.0/24");
     EXPECT_EQ(unit.value("heardOn").toString(), QString::fromUtf8("studio \u00B7 10.77.1.5/24"));
+}
+
+TEST_F(ClientNetworks, UnitBehindARouterOnTheInterfaceItAnsweredOnIsNotWrongSubnet)
+{
+    routes = {route("0.0.0.0", 0, "10.231.0.2", kOffice), route("10.78.5.0", 24, "10.77.1.1", kStudio)};
+    client->setRouteReader([this] { return routes; });
+    hear("10.78.5.129", "KT4-0001B7", {kStudio, ip("10.77.1.5")});
+    EXPECT_FALSE(data("10.78.5.129").value("wrongSubnet").toBool());
+}
+
+TEST_F(ClientNetworks, UnitReachedOnlyByTheDefaultRouteOrThroughAnotherInterfaceIsStillWrongSubnet)
+{
+    routes = {route("0.0.0.0", 0, "10.77.1.1", kStudio), route("10.78.5.0", 24, "10.231.0.2", kOffice)};
+    client->setRouteReader([this] { return routes; });
+    hear("192.168.0.50", "KT4-0001B7", {kStudio, ip("10.77.1.5")});
+    hear("10.78.5.129", "KT4-0002C9", {kStudio, ip("10.77.1.5")});
+    EXPECT_TRUE(data("192.168.0.50").value("wrongSubnet").toBool());
+    EXPECT_TRUE(data("10.78.5.129").value("wrongSubnet").toBool());
+}
+
+TEST_F(ClientNetworks, RouteAddedLaterClearsTheWarningAndUpdatesTheRows)
+{
+    hear("10.78.5.129", "KT4-0001B7", {kStudio, ip("10.77.1.5")});
+    ASSERT_TRUE(data("10.78.5.129").value("wrongSubnet").toBool());
+    QSignalSpy updated(client.get(), &VornClient::devicesUpdated);
+    routes = {route("10.78.5.0", 24, "10.77.1.1", kStudio)};
+    client->setRouteReader([this] { return routes; });
+    EXPECT_FALSE(data("10.78.5.129").value("wrongSubnet").toBool());
+    EXPECT_EQ(updated.count(), 1);
 }
 
 TEST_F(ClientNetworks, UnitInsideItsSubnetIsNot)

@@ -8,8 +8,11 @@ set -u
 [ $# -eq 2 ] || { echo "usage: selftest-on-lan.sh LAN_HARNESS BINDIR" >&2; exit 2; }
 harness=$1
 bindir=$2
+# The self-test records what it hears in the site store: never the user's own.
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
 output=$("$harness" run --sim-bin "$bindir/vorn-sim" --sim "--count 3 --first-ip 10.232.1.1" -- \
-  "$bindir/vornlink" --selftest)
+  env XDG_DATA_HOME="$scratch/data" XDG_CONFIG_HOME="$scratch/config" "$bindir/vornlink" --selftest)
 status=$?
 printf '%s\n' "$output"
 [ "$status" -eq 77 ] && exit 77

@@ -55,10 +55,11 @@ std::optional<std::string> IsolatedLan::unavailableReason()
 
 IsolatedLan::IsolatedLan(Topology topology)
     : name_(nextPairName()), consoleNs_(name_ + "c"), unitsNs_(name_ + "u"), studioNs_(name_ + "s"),
-      studioLink_(name_ + "t")
+      studioLink_(name_ + "t"), routedNs_(name_ + "f"), routerLink_(name_ + "g")
 {
     const char* topologyName = topology == Topology::TwoLinks ? "two-links"
                                : topology == Topology::Studio ? "studio"
+                               : topology == Topology::Routed ? "routed"
                                                               : "office";
     const int status = runHarness({"up", name_, "--owner", std::to_string(::getpid()), "--topology", topologyName});
     if (status != 0)

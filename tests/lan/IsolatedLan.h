@@ -9,6 +9,10 @@
 // With Topology::TwoLinks the console also has a studio link without gateway
 // (10.77.1.1/24) to a studio namespace where 10.77.1.128/25 and 192.168.0.0/25
 // are local (and 192.168.0.128/25 on the link, for a console alias address); Topology::Studio has that link alone and no default route.
+// Topology::Routed has the office link and a subnet behind a router: the
+// console's router link (10.77.2.1/24) with a route to 10.78.5.0/24 via
+// 10.77.2.2, and a routed namespace behind the router where 10.78.5.128/25 is
+// local; no broadcast ever reaches it.
 //
 // Typical use in a test:
 //   if (auto reason = LanTest::IsolatedLan::unavailableReason()) GTEST_SKIP() << *reason;
@@ -21,7 +25,7 @@
 
 namespace LanTest {
 
-enum class Topology { Office, TwoLinks, Studio };
+enum class Topology { Office, TwoLinks, Studio, Routed };
 
 class IsolatedLan {
 public:
@@ -32,6 +36,9 @@ public:
     static constexpr const char* kFirstStudioUnitAddress = "10.77.1.129";
     // Outside every subnet of the console: a unit with a factory-default address.
     static constexpr const char* kWrongSubnetAddress = "192.168.0.50";
+    static constexpr const char* kRouterLinkConsoleAddress = "10.77.2.1";
+    static constexpr const char* kRoutedSubnet = "10.78.5.0/24";
+    static constexpr const char* kFirstRoutedUnitAddress = "10.78.5.129";
 
     // Why no LAN can be made on this machine (not root, no namespaces), or
     // nullopt when it can. Checked once per process; the first call also
@@ -48,10 +55,14 @@ public:
     const std::string& consoleNs() const { return consoleNs_; }
     const std::string& unitsNs() const { return unitsNs_; }
     const std::string& studioNs() const { return studioNs_; }
+    // The namespace behind the router (Topology::Routed).
+    const std::string& routedNs() const { return routedNs_; }
     // The console's office interface (named as its namespace), by name.
     const std::string& officeLink() const { return consoleNs_; }
     // The console's studio interface, by name.
     const std::string& studioLink() const { return studioLink_; }
+    // The console's interface towards the router, by name.
+    const std::string& routerLink() const { return routerLink_; }
 
     // Brings the console's end of the studio link up or down; throws on failure.
     void setStudioLinkUp(bool up) const;
@@ -65,6 +76,8 @@ private:
     std::string unitsNs_;
     std::string studioNs_;
     std::string studioLink_;
+    std::string routedNs_;
+    std::string routerLink_;
 };
 
 }  // namespace LanTest

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,6 +30,9 @@ protected:
         if (auto reason = LanTest::IsolatedLan::unavailableReason())
             GTEST_SKIP() << *reason;
         lan_.emplace(topology());
+        // What the programs remember and prefer stays in this test's folder.
+        ::setenv("XDG_DATA_HOME", (dir() / "xdg-data").c_str(), 1);
+        ::setenv("XDG_CONFIG_HOME", (dir() / "xdg-config").c_str(), 1);
     }
 
     // The shape of the LAN each test gets; suites override it.

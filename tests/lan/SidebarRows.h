@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The window's sidebar diagnostics (category vornlink.sidebar): each report
 // is one line "vornlink.sidebar: rows " followed by a JSON array of
-// [address, title, warnings] triples, one per row shown, top to bottom
-// (warnings: the text after the address, empty for a unit without any).
+// [address, title, note] triples, one per row shown, top to bottom (note:
+// the text after the address: "last seen …" while a remembered unit has not
+// answered, then the warnings; empty for a unit without any).
 #pragma once
 
 #include <string>

@@ -10,6 +10,16 @@
 
 namespace {
 
+VornLink::SelfTestOptions options(std::uint16_t port, const char* broadcastAddress,
+                                  std::vector<std::string> remembered = {})
+{
+    VornLink::SelfTestOptions made;
+    made.port = port;
+    made.broadcastAddress = broadcastAddress;
+    made.remembered = std::move(remembered);
+    return made;
+}
+
 bool flagIn(std::vector<const char*> arguments)
 {
     return VornLink::hasSelfTestFlag(arguments);
@@ -86,7 +96,7 @@ TEST(SelfTestRun, UnitsAnsweringEveryCycleAreListedOnceAndForeignCodesAreNotCoun
     });
 
     std::ostringstream out;
-    EXPECT_EQ(VornLink::runSelfTest(out, {port, TestKit::kPeerAddress}), 0);
+    EXPECT_EQ(VornLink::runSelfTest(out, options(port, TestKit::kPeerAddress)), 0);
     EXPECT_EQ(out.str(),
               "selftest: 2 device(s)\n"
               "  192.168.1.50  ATEM=192.168.1.240:9910  Switcher=Blackmagic ATEM  Channel=3\n"
@@ -107,7 +117,7 @@ TEST(SelfTestRun, LaterReportFromTheSameAddressReplacesTheEarlierOne)
         return std::vector<Vorn::Bytes>{TestKit::reportDatagram("10.9.9.9", {{"Channel", std::to_string(cycle)}})};
     });
     std::ostringstream out;
-    EXPECT_EQ(VornLink::runSelfTest(out, {port, TestKit::kPeerAddress}), 0);
+    EXPECT_EQ(VornLink::runSelfTest(out, options(port, TestKit::kPeerAddress)), 0);
     EXPECT_EQ(out.str(), "selftest: 1 device(s)\n  10.9.9.9  ATEM=?:?  Switcher=Band -1 / Model -1  Channel=8\n");
 }
 
@@ -117,7 +127,43 @@ TEST(SelfTestRun, PortHeldExclusivelyPrintsCannotBindAndReturnsOne)
     const int holder = TestKit::bindUdp("0.0.0.0", port, false);
     ASSERT_GE(holder, 0);
     std::ostringstream out;
-    EXPECT_EQ(VornLink::runSelfTest(out, {port, TestKit::kPeerAddress}), 1);
+    EXPECT_EQ(VornLink::runSelfTest(out, options(port, TestKit::kPeerAddress)), 1);
     EXPECT_EQ(out.str(), "selftest: cannot bind UDP 23457\n");
     ::close(holder);
+}
+
+// The broadcast goes to an address where no unit listens, so only the
+// remembered unit's own unicasts reach the peer.
+constexpr const char* kNobody = "127.0.0.3";
+
+TEST(SelfTestRemembered, SilentRememberedUnitIsAskedByUnicastInEveryCycle)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, [](const TestKit::Received&) { return std::vector<Vorn::Bytes>{}; });
+    std::ostringstream out;
+    EXPECT_EQ(VornLink::runSelfTest(out, options(port, kNobody, {TestKit::kPeerAddress})), 0);
+    EXPECT_EQ(out.str(), "selftest: 0 device(s)\n");
+    const auto requests = peer.received();
+    ASSERT_EQ(requests.size(), 8u);
+    for (std::size_t i = 0; i < requests.size(); ++i)
+        EXPECT_EQ(requests[i].data, Vorn::discoverPacket(static_cast<std::uint16_t>(i + 1)));
+}
+
+TEST(SelfTestRemembered, RememberedUnitThatAnswersIsListedAndNotAskedAgain)
+{
+    const auto port = TestKit::freeUdpPort();
+    TestKit::LoopbackPeer peer(port, [](const TestKit::Received&) {
+        return std::vector<Vorn::Bytes>{TestKit::reportDatagram(TestKit::kPeerAddress, {{"Channel", "4"}})};
+    });
+    std::ostringstream out;
+    std::map<std::string, Vorn::Config> heard;
+    auto remembering = options(port, kNobody, {TestKit::kPeerAddress});
+    remembering.heard = [&](const std::map<std::string, Vorn::Config>& units) { heard = units; };
+    EXPECT_EQ(VornLink::runSelfTest(out, remembering), 0);
+    EXPECT_EQ(heard, (std::map<std::string, Vorn::Config>{{TestKit::kPeerAddress, {{"Channel", "4"}}}}));
+    EXPECT_EQ(out.str(), "selftest: 1 device(s)\n  127.0.0.2  ATEM=?:?  Switcher=Band -1 / Model -1  Channel=4\n");
+    const auto requests = peer.received();
+    ASSERT_FALSE(requests.empty());
+    EXPECT_EQ(requests.front().data, Vorn::discoverPacket(1));
+    EXPECT_LT(requests.size(), 8u);
 }

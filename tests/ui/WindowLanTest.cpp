@@ -39,7 +39,7 @@ nlohmann::json waitForRows(LanTest::Process& app, std::size_t count)
     return rows;
 }
 
-// One column of the rows: 0 the addresses, 2 the warnings after them.
+// One column of the rows: 0 the addresses, 2 the notes and warnings after them.
 std::vector<std::string> columnOf(const nlohmann::json& rows, std::size_t column)
 {
     std::vector<std::string> values;
@@ -167,3 +167,42 @@ TEST_F(WindowOnLan, ASecondLaunchRaisesTheFirstWindowAndEndsWithoutListening)
 }
 
 }  // namespace
+
+namespace {
+
+class WindowWithRoutedSubnet : public WindowOnLan {
+protected:
+    LanTest::Topology topology() const override { return LanTest::Topology::Routed; }
+};
+
+}  // namespace
+
+TEST_F(WindowWithRoutedSubnet, UnitFoundOnceBehindTheRouterIsListedAtTheNextStartWithNothingTypedAndNotFlagged)
+{
+    using LanTest::IsolatedLan;
+    LanTest::Simulator office(lan(), {"--count", "1"}, dir());
+    LanTest::Simulator routed(lan().routedNs(), {"--count", "1", "--first-ip", IsolatedLan::kFirstRoutedUnitAddress},
+                              dir());
+    // Found once by a scan, which the site store remembers.
+    LanTest::Process scan(lan().consoleNs(), {VORN_LAN_VORNCTL, "discover", "--range", IsolatedLan::kRoutedSubnet},
+                          dir());
+    ASSERT_EQ(scan.wait(kRunTimeout), 0) << scan.stderrText();
+
+    auto app = startVornlink();
+    // Listed at once from the store, offline, with when it was last seen.
+    const auto remembered = waitForRows(app, 1);
+    ASSERT_EQ(addressesOf(remembered), std::vector<std::string>{IsolatedLan::kFirstRoutedUnitAddress})
+        << app.stderrText();
+    EXPECT_EQ(warningsOf(remembered), std::vector<std::string>{" \u00b7 last seen just now"});
+
+    // Then it answers the unicast: the note goes, and no warning comes.
+    const std::vector<std::string> answered{"10.232.1.1", IsolatedLan::kFirstRoutedUnitAddress};
+    nlohmann::json rows;
+    for (int attempt = 0; attempt < 200 && warningsOf(rows) != std::vector<std::string>{"", ""}; ++attempt) {
+        if (app.wait(100ms).has_value())
+            break;
+        rows = LanTest::lastSidebarRows(app.stderrText());
+    }
+    EXPECT_EQ(addressesOf(rows), answered) << app.stderrText();
+    EXPECT_EQ(warningsOf(rows), (std::vector<std::string>{"", ""})) << rows.dump();
+}

@@ -24,6 +24,7 @@ TestCase {
             selected: false
             wrongSubnet: false
             addressConflict: false
+            lastSeenNote: ""
             online: true
         }
     }
@@ -128,5 +129,28 @@ TestCase {
         waitForRendering(row);
         const dot = findChild(row, "presenceDot");
         fuzzyCompare(dot.mapToItem(row, dot.width, 0).x, row.width - 8, 0.5);
+    }
+
+    function test_a_remembered_unit_reads_when_it_was_last_seen_after_the_address_in_muted_ink() {
+        const row = createTemporaryObject(rowComponent, testCase, { online: false, lastSeenNote: "last seen 3 min ago" });
+        const note = findChild(row, "rowLastSeen");
+        verify(note.visible);
+        compare(note.textFormat, Text.PlainText);
+        compare(findChild(row, "rowAddress").text + note.text, "10.232.1.7 \u00b7 last seen 3 min ago");
+        verify(sameColour(note.color, Theme.inkMuted));
+        compare(row.Accessible.description, "last seen 3 min ago");
+        waitForRendering(row);
+        grabImage(row).save(TestKit.shotPath("row-remembered-offline.png"));
+    }
+
+    function test_the_last_sighting_comes_before_the_warnings() {
+        const row = createTemporaryObject(rowComponent, testCase, { lastSeenNote: "last seen yesterday", wrongSubnet: true });
+        compare(row.addressNote, " \u00b7 last seen yesterday \u00b7 wrong subnet");
+    }
+
+    function test_a_unit_heard_in_this_run_has_no_last_sighting() {
+        const row = createTemporaryObject(rowComponent, testCase);
+        verify(!findChild(row, "rowLastSeen").visible);
+        compare(row.addressNote, "");
     }
 }

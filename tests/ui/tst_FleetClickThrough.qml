@@ -231,6 +231,7 @@ TestCase {
         tryVerify(() => menu.opened);
         compare(menu.itemAt(0).text, "Export all units\u2026");
         compare(menu.itemAt(1).text, "Restore from backup\u2026");
+        compare(menu.itemAt(2).text, "Scan addresses\u2026");
         shoot("fleet-footer-menu.png");
         menu.close();
     }

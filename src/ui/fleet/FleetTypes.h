@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The fleet types as QML makes them: the sidebar's selection, the batch
-// writer with its verdicts, the editor of several units, the restore review
-// and the export of all units; one unit's export and import.
+// writer with its verdicts, the editor of several units, the restore review,
+// the export of all units and the scan of an address block; one unit's export
+// and import.
 // Subclasses, because a foreign registration does not make a type creatable.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
 
+#include "AddressScan.h"
 #include "BackupExport.h"
 #include "BatchWriter.h"
 #include "MultiEditor.h"
@@ -60,4 +62,12 @@ class QmlUnitTransfer : public UnitTransfer {
 
 public:
     using UnitTransfer::UnitTransfer;
+};
+
+class QmlAddressScan : public AddressScan {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(AddressScan)
+
+public:
+    using AddressScan::AddressScan;
 };

@@ -107,7 +107,7 @@ SplitView {
         for (let i = 0; i < deviceList.count; ++i) {
             const row = deviceList.itemAtIndex(i);
             if (row)
-                rows.push([row.ip, row.title, row.warningText]);
+                rows.push([row.ip, row.title, row.addressNote]);
         }
         console.info(sidebarLog, "rows " + JSON.stringify(rows));
     }
@@ -162,6 +162,14 @@ SplitView {
                 onCountChanged: if (Diagnostics.sidebarRows) Qt.callLater(root.reportRows)
                 model: DeviceListModel {
                     client: root.client
+                }
+                // A remembered row that answers changes without a change of count.
+                Connections {
+                    target: root.client
+                    function onRememberedUnitAnswered() {
+                        if (Diagnostics.sidebarRows)
+                            Qt.callLater(root.reportRows);
+                    }
                 }
                 delegate: DeviceRow {
                     required property int index
@@ -257,6 +265,7 @@ SplitView {
             onActivityToggled: root.activityShown = !root.activityShown
             onExportAllRequested: fleet.chooseExportFile()
             onRestoreRequested: fleet.chooseRestoreFile()
+            onScanRequested: fleet.openScan()
             fleetMessage: fleet.exporter.message
             fleetMessageFailed: fleet.exporter.failed
         }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// One base station in the sidebar: icon tile, title over address (with a
+// One base station in the sidebar: icon tile, title over address (followed
+// by when a remembered unit was last seen until it answers, and by a
 // warning in amber when the unit sits outside its network's subnet or shares
 // its address with another unit), and a dot that is green while the unit is
 // online (the list model judges that on every tick of the client's clock).
@@ -16,9 +17,14 @@ Rectangle {
     required property bool selected
     required property bool wrongSubnet
     required property bool addressConflict
+    // "last seen 3 min ago" while the unit is only remembered, else empty.
+    required property string lastSeenNote
     // What follows the address: each warning after a middle dot, or nothing.
     readonly property string warningText: (root.wrongSubnet ? " \u00b7 " + qsTr("wrong subnet") : "")
         + (root.addressConflict ? " \u00b7 " + qsTr("address conflict") : "")
+    // Everything after the address: the remembered unit's last sighting, then the warnings.
+    readonly property string addressNote: (root.lastSeenNote !== "" ? " \u00b7 " + root.lastSeenNote : "")
+        + root.warningText
     required property bool online
 
     implicitWidth: row.implicitWidth + 2 * Theme.gap
@@ -29,7 +35,7 @@ Rectangle {
     border.color: root.selected ? Theme.alpha(Theme.cyan, 0.4) : "transparent"
     Accessible.role: Accessible.ListItem
     Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.ip).arg(root.online ? qsTr("online") : qsTr("offline"))
-    Accessible.description: root.warningText.replace(/^ \u00b7 /, "")
+    Accessible.description: root.addressNote.replace(/^ \u00b7 /, "")
     Accessible.selectable: true
     Accessible.selected: root.selected
 
@@ -88,6 +94,16 @@ Rectangle {
                     elide: Text.ElideRight
                     color: Theme.inkMuted
                     font.family: "monospace"
+                    font.pixelSize: Theme.fontSmall
+                }
+                Text {
+                    objectName: "rowLastSeen"
+                    width: Math.min(implicitWidth, addressLine.width)
+                    visible: root.lastSeenNote !== ""
+                    text: " \u00b7 " + root.lastSeenNote
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.inkMuted
                     font.pixelSize: Theme.fontSmall
                 }
                 Text {

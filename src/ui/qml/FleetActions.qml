@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Work on all units from the sidebar footer's menu: "Export all units…"
 // writes every listed unit into one backup file; "Restore from backup…"
-// opens a file in the restore review. The files come from the native file
+// opens a file in the restore review; "Scan addresses…" asks a block of
+// addresses by unicast. The files come from the native file
 // dialogs; exportTo and reviewFile do the same without them.
 import QtQuick
 import VornLink
@@ -18,9 +19,21 @@ Item {
     readonly property alias restoreDialog: restoreDialog
     // What the last export did, shown under the footer's menu.
     readonly property alias exporter: exporter
+    // The scan of an address block, and its dialog once made.
+    readonly property alias scanner: scanner
+    readonly property var scanDialog: scanLoader.item
 
     function chooseExportFile() {
         exportDialog.open();
+    }
+    // Opens "Scan addresses…", made the first time it is asked for.
+    function openScan() {
+        if (!scanLoader.item)
+            scanLoader.setSource("ScanAddressesDialog.qml", {
+                objectName: "scanDialog",
+                scan: scanner
+            });
+        scanLoader.item.open();
     }
     function chooseRestoreFile() {
         restoreDialog.open();
@@ -51,6 +64,11 @@ Item {
 
         client: root.client
     }
+    AddressScan {
+        id: scanner
+
+        client: root.client
+    }
     BatchWriter {
         id: writer
 
@@ -75,5 +93,8 @@ Item {
 
     Loader {
         id: reviewLoader
+    }
+    Loader {
+        id: scanLoader
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The "…" button of the sidebar footer and its menu of work on all units:
-// export every listed unit into one backup file, or restore from one.
+// export every listed unit into one backup file, restore from one, or scan
+// a block of addresses for units behind a router.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -12,6 +13,7 @@ GhostButton {
 
     signal exportAllRequested()
     signal restoreRequested()
+    signal scanRequested()
 
     text: Glyphs.more
     tint: Theme.inkMuted
@@ -46,6 +48,12 @@ GhostButton {
             text: qsTr("Restore from backup\u2026")
             glyph: Glyphs.restore
             onTriggered: root.restoreRequested()
+        }
+        FleetMenuEntry {
+            objectName: "scanItem"
+            text: qsTr("Scan addresses\u2026")
+            glyph: Glyphs.scan
+            onTriggered: root.scanRequested()
         }
     }
 }

@@ -35,4 +35,5 @@ QtObject {
     readonly property string more: "\ue5d3"         // more_horiz: the sidebar's fleet menu
     readonly property string exportAll: "\ue171"    // save_alt: export all units
     readonly property string restore: "\ue8b3"      // restore: restore from a backup
+    readonly property string scan: "\ue8b6"         // search: scan an address block
 }

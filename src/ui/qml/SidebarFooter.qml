@@ -32,6 +32,7 @@ Rectangle {
     signal discoverRequested()
     signal activityToggled()
     signal exportAllRequested()
+    signal scanRequested()
     signal restoreRequested()
 
     implicitHeight: column.implicitHeight + 2 * Theme.gapLarge
@@ -100,6 +101,7 @@ Rectangle {
                 objectName: "fleetMenuButton"
                 onExportAllRequested: root.exportAllRequested()
                 onRestoreRequested: root.restoreRequested()
+                onScanRequested: root.scanRequested()
             }
         }
 

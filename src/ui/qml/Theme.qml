@@ -29,6 +29,9 @@ QtObject {
     readonly property int restoreConfirmWidth: 520
     readonly property int fleetDialogPadding: 20
     readonly property int fleetBoxSize: 16
+    // The scan of an address block: its dialog's width and its progress bar's height.
+    readonly property int scanDialogWidth: 420
+    readonly property int progressBarHeight: 4
 
     // Measures of the editor of several units: the height its verdict list
     // may take, and the width of its header's note.

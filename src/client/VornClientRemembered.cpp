@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+// Units that broadcasts do not reach: the remembered units asked by unicast
+// in each round, and the pacing of every queued unicast discover (a round's
+// queries and a scan of an address block).
+#include <algorithm>
+
+#include <QStringList>
+#include <QTimer>
+
+#include "VornClient.h"
+
+void VornClient::setRemembered(const std::vector<std::string>& addresses)
+{
+    remembered_.clear();
+    for (const auto& address : addresses)
+        remember(address);
+}
+
+void VornClient::remember(const std::string& address)
+{
+    if (std::find(remembered_.begin(), remembered_.end(), address) == remembered_.end())
+        remembered_.push_back(address);
+}
+
+void VornClient::addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen)
+{
+    remember(address);
+    if (indexOf(address) >= 0)
+        return;
+    const auto place = placeOf(address);
+    const int row = static_cast<int>(place - devices_.begin());
+    emit deviceAboutToBeAdded(row);
+    devices_.insert(place, std::make_unique<Device>(address, std::move(config), lastSeen, Vorn::Arrival{}, true));
+    emit deviceAdded(row);
+    emit deviceCountChanged();
+    noteArrival(std::nullopt, Vorn::Arrival{});
+}
+
+void VornClient::queryUnansweredRemembered()
+{
+    std::vector<std::string> unanswered;
+    for (const auto& address : remembered_) {
+        const int row = indexOf(address);
+        if (row < 0 || devices_[static_cast<std::size_t>(row)]->lastSeen < roundStart_)
+            unanswered.push_back(address);
+    }
+    queueDiscovers(unanswered);
+}
+
+void VornClient::queueDiscovers(const std::vector<std::string>& addresses)
+{
+    for (const auto& address : addresses)
+        pacedDiscovers_.add(address);
+    // A burst goes at once when the previous one is an interval old.
+    if (!pacingTimer_->isActive()) {
+        sendDiscoverBurst();
+        pacingTimer_->start();
+    }
+}
+
+void VornClient::dropQueuedDiscovers(const std::function<bool(const std::string&)>& drop)
+{
+    pacedDiscovers_.removeIf(drop);
+}
+
+void VornClient::sendDiscoverBurst()
+{
+    if (pacedDiscovers_.empty()) {
+        pacingTimer_->stop();
+        return;
+    }
+    QStringList sent;
+    for (const auto& address : pacedDiscovers_.takeBurst()) {
+        // A listed unit is asked through the interface it was last heard on;
+        // any other address through the one the routing table chooses.
+        discoverTo(address);
+        sent.append(QString::fromStdString(address));
+    }
+    emit discoversSent(sent);
+}

@@ -1,0 +1,401 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "SiteStore.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <atomic>
+
+#include "ConfigText.h"
+#include "SettingKeys.h"
+#include "SiteHistory.h"
+#include "SiteSchema.h"
+#include "SqliteFile.h"
+
+namespace Site {
+namespace {
+
+std::int64_t msOf(Time time)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+}
+
+Time timeOf(const QVariant& ms)
+{
+    return Time(std::chrono::milliseconds(ms.toLongLong()));
+}
+
+QString text(const std::string& value)
+{
+    return QString::fromStdString(value);
+}
+
+std::string text(const QVariant& value)
+{
+    return value.toString().toStdString();
+}
+
+std::string firmwareOf(const Vorn::Config& config)
+{
+    const auto version = config.find(SettingKeys::kVersion);
+    return version == config.end() ? std::string() : version->second;
+}
+
+QString nextConnectionName()
+{
+    static std::atomic<int> counter{0};
+    return QStringLiteral("vorn-site-%1").arg(++counter);
+}
+
+RememberedUnit unitOf(const QSqlQuery& query)
+{
+    return {text(query.value(0)), text(query.value(1)), text(query.value(2)), text(query.value(3)),
+            text(query.value(4)), timeOf(query.value(5)), timeOf(query.value(6))};
+}
+
+constexpr auto kUnitColumns = "unit_key, serial, address, interface, firmware, first_seen_ms, last_seen_ms";
+
+}  // namespace
+
+std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
+{
+    std::unique_ptr<SiteStore> store(new SiteStore);
+    store->path_ = path;
+    store->connection_ = nextConnectionName();
+    // A damaged file is moved aside once and a fresh one started in its place.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        auto opened = Sqlite::openFile(path, store->connection_, false);
+        QSqlError error;
+        std::optional<int> version;
+        if (!opened.damaged && opened.problem.isEmpty()) {
+            version = Schema::versionOf(opened.db, error);
+            opened.damaged = !version && Sqlite::isDamage(error);
+            if (!version && !opened.damaged)
+                opened.problem = error.text();
+        }
+        if (opened.damaged && attempt == 0) {
+            opened.db = {};
+            QSqlDatabase::removeDatabase(store->connection_);
+            store->damagedAside_ = Sqlite::moveAside(path, now);
+            if (!store->damagedAside_) {
+                store->setUnavailable(QStringLiteral("the site file ") + path + QStringLiteral(" is damaged and cannot be moved aside"));
+                return store;
+            }
+            continue;
+        }
+        if (opened.damaged || !opened.problem.isEmpty()) {
+            store->setUnavailable(opened.damaged ? QStringLiteral("the site file ") + path + QStringLiteral(" is damaged")
+                                                 : opened.problem);
+            return store;
+        }
+        if (*version > Schema::latestVersion()) {
+            opened.db.close();
+            opened.db = {};
+            QSqlDatabase::removeDatabase(store->connection_);
+            auto reader = Sqlite::openFile(path, store->connection_, true);
+            if (!reader.problem.isEmpty() || reader.damaged) {
+                store->setUnavailable(reader.problem);
+                return store;
+            }
+            store->state_ = StoreState::NewerSchema;
+            store->problem_ = QStringLiteral("This site file is from a newer VornLink; changes are not remembered");
+            return store;
+        }
+        if (!Schema::migrate(opened.db, error)) {
+            store->setUnavailable(error.text());
+            return store;
+        }
+        store->state_ = StoreState::Ready;
+        store->problem_.clear();
+        store->pruneActivity(now);
+        return store;
+    }
+    return store;
+}
+
+SiteStore::~SiteStore()
+{
+    if (QSqlDatabase::contains(connection_)) {
+        QSqlDatabase::database(connection_, false).close();
+        QSqlDatabase::removeDatabase(connection_);
+    }
+}
+
+std::optional<QString> SiteStore::takeDamagedNotice()
+{
+    return std::exchange(damagedAside_, std::nullopt);
+}
+
+void SiteStore::setUnavailable(const QString& problem)
+{
+    state_ = StoreState::Unavailable;
+    problem_ = problem;
+    known_.clear();
+    if (QSqlDatabase::contains(connection_)) {
+        QSqlDatabase::database(connection_, false).close();
+        QSqlDatabase::removeDatabase(connection_);
+    }
+}
+
+bool SiteStore::failed(const QSqlQuery& query)
+{
+    problem_ = query.lastError().text();
+    return false;
+}
+
+std::optional<SiteStore::Known> SiteStore::loadKnown(const std::string& key)
+{
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT u.address, u.interface, u.last_seen_ms, v.config FROM units u"
+                                 " JOIN config_versions v ON v.unit_key = u.unit_key"
+                                 " WHERE u.unit_key = ? ORDER BY v.seen_ms DESC LIMIT 1"));
+    query.addBindValue(text(key));
+    if (!query.exec() || !query.next())
+        return std::nullopt;
+    return Known{text(query.value(3)), text(query.value(0)), text(query.value(1)), query.value(2).toLongLong()};
+}
+
+bool SiteStore::recordSighting(const Sighting& sighting)
+{
+    const std::string key = unitKey(serialOf(sighting.config), sighting.address);
+    const std::string config = configText(sighting.config);
+    const std::int64_t heardMs = msOf(sighting.heardAt);
+    auto cached = known_.find(key);
+    // Another program may have stored a change since; ask the file before adding one.
+    if (cached == known_.end() || cached->second.configText != config) {
+        if (auto stored = loadKnown(key))
+            cached = known_.insert_or_assign(key, *stored).first;
+        else
+            cached = known_.end();
+    }
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    if (cached == known_.end()) {
+        query.prepare(QStringLiteral("INSERT INTO units (unit_key, serial, address, interface, firmware,"
+                                     " first_seen_ms, last_seen_ms) VALUES (?, ?, ?, ?, ?, ?, ?)"));
+        for (const auto& value : {key, serialOf(sighting.config), sighting.address, sighting.interface,
+                                  firmwareOf(sighting.config)})
+            query.addBindValue(text(value));
+        query.addBindValue(QVariant::fromValue<qint64>(heardMs));
+        query.addBindValue(QVariant::fromValue<qint64>(heardMs));
+        if (!query.exec())
+            return failed(query);
+    } else {
+        Known& known = cached->second;
+        const bool changed = known.configText != config;
+        const bool moved = known.address != sighting.address || known.interface != sighting.interface;
+        const bool due = heardMs - known.lastSeenStoredMs
+            >= std::chrono::duration_cast<std::chrono::milliseconds>(kLastSeenInterval).count();
+        if (!changed && !moved && !due)
+            return true;
+        query.prepare(QStringLiteral("UPDATE units SET address = ?, interface = ?, firmware = ?,"
+                                     " last_seen_ms = ? WHERE unit_key = ?"));
+        query.addBindValue(text(sighting.address));
+        query.addBindValue(text(sighting.interface));
+        query.addBindValue(text(firmwareOf(sighting.config)));
+        query.addBindValue(QVariant::fromValue<qint64>(heardMs));
+        query.addBindValue(text(key));
+        if (!query.exec())
+            return failed(query);
+        if (!changed) {
+            known.address = sighting.address;
+            known.interface = sighting.interface;
+            known.lastSeenStoredMs = heardMs;
+            return true;
+        }
+    }
+    query.prepare(QStringLiteral("INSERT INTO config_versions (unit_key, seen_ms, address, config)"
+                                 " VALUES (?, ?, ?, ?)"));
+    query.addBindValue(text(key));
+    query.addBindValue(QVariant::fromValue<qint64>(heardMs));
+    query.addBindValue(text(sighting.address));
+    query.addBindValue(text(config));
+    if (!query.exec())
+        return failed(query);
+    known_.insert_or_assign(key, Known{config, sighting.address, sighting.interface, heardMs});
+    return true;
+}
+
+bool SiteStore::recordWrite(const WriteRecord& write)
+{
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("INSERT INTO writes (unit_key, sent_ms, program, host, os_user, address, sent,"
+                                 " verdict, unconfirmed) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+    query.addBindValue(text(unitKey(write.serial, write.address)));
+    query.addBindValue(QVariant::fromValue<qint64>(msOf(write.sentAt)));
+    for (const auto& value : {write.program, write.host, write.user, write.address, configText(write.sent),
+                              verdictText(write.verdict), keyListText(write.unconfirmedKeys)})
+        query.addBindValue(text(value));
+    return query.exec() || failed(query);
+}
+
+bool SiteStore::record(const std::vector<Sighting>& sightings, const std::vector<WriteRecord>& writes,
+                       const std::vector<ActivityEntry>& activity)
+{
+    if (!canRecord())
+        return false;
+    std::span<const Sighting> rest(sightings);
+    while (rest.size() > kSightingsPerTransaction) {
+        if (!recordInOne(rest.first(kSightingsPerTransaction), {}, {}))
+            return false;
+        rest = rest.subspan(kSightingsPerTransaction);
+    }
+    return recordInOne(rest, writes, activity);
+}
+
+bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vector<WriteRecord>& writes,
+                            const std::vector<ActivityEntry>& activity)
+{
+    auto db = QSqlDatabase::database(connection_, false);
+    QSqlError error;
+    if (!Sqlite::beginWrite(db, error)) {
+        problem_ = error.text();
+        return false;
+    }
+    bool ok = true;
+    for (const auto& sighting : sightings)
+        ok = ok && recordSighting(sighting);
+    for (const auto& write : writes)
+        ok = ok && recordWrite(write);
+    if (ok && !activity.empty()) {
+        QSqlQuery query(db);
+        query.prepare(QStringLiteral("INSERT INTO activity (at_ms, message) VALUES (?, ?)"));
+        for (const auto& entry : activity) {
+            query.addBindValue(QVariant::fromValue<qint64>(msOf(entry.at)));
+            query.addBindValue(text(entry.message));
+            if (!query.exec()) {
+                ok = failed(query);
+                break;
+            }
+        }
+    }
+    if (ok && db.commit()) {
+        problem_.clear();
+        return true;
+    }
+    if (ok)
+        problem_ = db.lastError().text();
+    db.rollback();
+    known_.clear();  // it may hold what was rolled back
+    return false;
+}
+
+std::vector<RememberedUnit> SiteStore::units()
+{
+    std::vector<RememberedUnit> list;
+    if (state_ == StoreState::Unavailable)
+        return list;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    if (!query.exec(QStringLiteral("SELECT %1 FROM units ORDER BY address, unit_key").arg(kUnitColumns)))
+        return list;
+    while (query.next())
+        list.push_back(unitOf(query));
+    return list;
+}
+
+std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
+{
+    if (state_ == StoreState::Unavailable)
+        return std::nullopt;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT %1 FROM units WHERE serial = ? OR (address = ? AND serial <> ?)"
+                                 " ORDER BY CASE WHEN serial = ? THEN 0 ELSE 1 END, last_seen_ms DESC")
+                      .arg(kUnitColumns));
+    for (int i = 0; i < 4; ++i)
+        query.addBindValue(text(name));
+    if (!query.exec() || !query.next()) {
+        // An address whose units all report serials: the one seen there last.
+        query.prepare(QStringLiteral("SELECT %1 FROM units WHERE address = ? ORDER BY last_seen_ms DESC")
+                          .arg(kUnitColumns));
+        query.addBindValue(text(name));
+        if (!query.exec() || !query.next())
+            return std::nullopt;
+    }
+    return unitOf(query);
+}
+
+std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
+{
+    if (state_ == StoreState::Unavailable)
+        return {};
+    auto db = QSqlDatabase::database(connection_, false);
+    std::vector<StoredVersion> versions;
+    QSqlQuery query(db);
+    query.prepare(QStringLiteral("SELECT seen_ms, config FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
+    query.addBindValue(text(unitKey));
+    if (query.exec()) {
+        while (query.next())
+            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1)))});
+    }
+    std::vector<WriteRecord> writes;
+    query.prepare(QStringLiteral("SELECT sent_ms, program, host, os_user, address, sent, verdict, unconfirmed"
+                                 " FROM writes WHERE unit_key = ? ORDER BY sent_ms"));
+    query.addBindValue(text(unitKey));
+    if (query.exec()) {
+        const std::string serial = unitKey.starts_with("serial:") ? unitKey.substr(7) : std::string();
+        while (query.next()) {
+            WriteRecord write{timeOf(query.value(0)), text(query.value(1)), text(query.value(2)), text(query.value(3)),
+                              serial, text(query.value(4)), configFromText(text(query.value(5))),
+                              verdictFromText(text(query.value(6))).value_or(Verdict::NoAnswer),
+                              keyListFromText(text(query.value(7)))};
+            writes.push_back(std::move(write));
+        }
+    }
+    return buildHistory(versions, writes);
+}
+
+std::vector<ActivityEntry> SiteStore::activity(Time since)
+{
+    std::vector<ActivityEntry> entries;
+    if (state_ == StoreState::Unavailable)
+        return entries;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT at_ms, message FROM activity WHERE at_ms >= ? ORDER BY at_ms"));
+    query.addBindValue(QVariant::fromValue<qint64>(msOf(since)));
+    if (query.exec()) {
+        while (query.next())
+            entries.push_back({timeOf(query.value(0)), text(query.value(1))});
+    }
+    return entries;
+}
+
+bool SiteStore::forget(const std::string& unitKey)
+{
+    if (!canRecord())
+        return false;
+    auto db = QSqlDatabase::database(connection_, false);
+    QSqlError error;
+    if (!Sqlite::beginWrite(db, error)) {
+        problem_ = error.text();
+        return false;
+    }
+    QSqlQuery query(db);
+    int removedUnits = 0;
+    bool ok = true;
+    for (const auto* table : {"writes", "config_versions", "units"}) {
+        query.prepare(QStringLiteral("DELETE FROM %1 WHERE unit_key = ?").arg(QLatin1String(table)));
+        query.addBindValue(text(unitKey));
+        ok = ok && query.exec();
+        if (ok && std::string_view(table) == "units")
+            removedUnits = query.numRowsAffected();
+    }
+    if (!ok || !db.commit()) {
+        problem_ = ok ? db.lastError().text() : query.lastError().text();
+        db.rollback();
+        return false;
+    }
+    known_.erase(unitKey);
+    return removedUnits > 0;
+}
+
+int SiteStore::pruneActivity(Time now)
+{
+    if (!canRecord())
+        return 0;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("DELETE FROM activity WHERE at_ms < ?"));
+    query.addBindValue(QVariant::fromValue<qint64>(msOf(now - kActivityKept)));
+    return query.exec() ? query.numRowsAffected() : 0;
+}
+
+}  // namespace Site

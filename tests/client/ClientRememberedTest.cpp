@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+// Remembered units and paced unicast discovers, on loopback: the client
+// "broadcasts" to a fake unit on 127.0.0.2, which never answers by itself.
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "ClientTestKit.h"
+
+using namespace ClientTest;
+using namespace std::chrono_literals;
+
+namespace {
+
+class ClientRemembered : public testing::Test {
+protected:
+    std::uint16_t port = freeUdpPort();
+    FakeUnit unit{port};
+    std::unique_ptr<VornClient> client = loopbackClient(port);
+
+    void SetUp() override { ASSERT_TRUE(unit.isBound()); }
+};
+
+// Addresses of loopback where nothing listens: sends there go nowhere.
+std::vector<std::string> quietAddresses(int count)
+{
+    std::vector<std::string> addresses;
+    for (int n = 0; n < count; ++n)
+        addresses.push_back("127.0." + std::to_string(10 + n / 250) + "." + std::to_string(1 + n % 250));
+    return addresses;
+}
+
+}  // namespace
+
+TEST_F(ClientRemembered, RememberedUnitThatMissesTheBroadcastIsAskedByUnicastAfterIt)
+{
+    client->setRemembered({"127.0.0.2"});
+    client->setSeq(40);
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    client->start();
+
+    QTRY_COMPARE_WITH_TIMEOUT(sent.count(), 1, 3000);
+    EXPECT_EQ(sent.at(0).at(0).toStringList(), QStringList{QStringLiteral("127.0.0.2")});
+    // The round's broadcast, then the unicast to the unit that did not answer it.
+    const auto datagrams = unit.receive(2, 3s);
+    ASSERT_EQ(datagrams.size(), 2u);
+    EXPECT_EQ(datagrams[0], Vorn::discoverPacket(41));
+    EXPECT_EQ(datagrams[1], Vorn::discoverPacket(42));
+}
+
+TEST_F(ClientRemembered, RememberedUnitThatAnsweredTheBroadcastIsNotAskedAgain)
+{
+    client->setRemembered({"127.0.0.2"});
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    client->start();
+    client->ingest(Vorn::Reply{"127.0.0.2", Vorn::kCmdReport, {{"Serial", "KT4-0001B7"}}});
+
+    QTest::qWait(VornClient::kBroadcastAnswerMs + 500);
+    EXPECT_EQ(sent.count(), 0);
+    EXPECT_EQ(unit.receiveWithin(100ms).size(), 1u);
+}
+
+TEST_F(ClientRemembered, RememberingIsByAddressOnce)
+{
+    client->setRemembered({"10.78.5.129", "10.78.5.129"});
+    client->remember("10.78.5.130");
+    client->remember("10.78.5.129");
+    EXPECT_EQ(client->remembered(), (std::vector<std::string>{"10.78.5.129", "10.78.5.130"}));
+}
+
+TEST_F(ClientRemembered, QueuedDiscoversLeaveInBurstsOfAtMostAHundredEachAddressOnce)
+{
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    auto addresses = quietAddresses(249);
+    addresses.push_back("127.0.0.2");
+    client->queueDiscovers(addresses);
+    client->queueDiscovers({"127.0.0.2"});
+
+    QTRY_COMPARE_WITH_TIMEOUT(sent.count(), 3, 5000);
+    EXPECT_EQ(sent.at(0).at(0).toStringList().size(), 100);
+    EXPECT_EQ(sent.at(1).at(0).toStringList().size(), 100);
+    EXPECT_EQ(sent.at(2).at(0).toStringList().size(), 50);
+    EXPECT_EQ(sent.at(2).at(0).toStringList().last(), QStringLiteral("127.0.0.2"));
+    EXPECT_EQ(unit.receiveWithin(300ms).size(), 1u);
+}
+
+TEST_F(ClientRemembered, DroppedDiscoversAreNotSent)
+{
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    auto addresses = quietAddresses(150);
+    addresses.push_back("127.0.0.2");
+    client->queueDiscovers(addresses);
+    // The first burst has gone; the rest waits for the next interval.
+    ASSERT_EQ(sent.count(), 1);
+    client->dropQueuedDiscovers([](const std::string&) { return true; });
+
+    QTest::qWait(200);
+    EXPECT_EQ(sent.count(), 1);
+    EXPECT_TRUE(unit.receiveWithin(100ms).empty());
+}

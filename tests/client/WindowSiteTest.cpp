@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+// The window's tie to the site store, on a real SQLite file in a temporary
+// folder and a client on loopback that is never started.
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include "DeviceListModel.h"
+
+#include "ClientTestKit.h"
+#include "SiteStore.h"
+#include "WindowSite.h"
+
+using namespace ClientTest;
+using namespace std::chrono_literals;
+
+namespace {
+
+class WindowSiteTest : public testing::Test {
+protected:
+    QTemporaryDir dir;
+    QString path() const { return dir.filePath(QStringLiteral("site.sqlite")); }
+
+    std::vector<Site::RememberedUnit> storedUnits(VornLink::WindowSite& site)
+    {
+        std::vector<Site::RememberedUnit> units;
+        site.recorder().runAndWait([&units](Site::SiteStore& store) { units = store.units(); });
+        return units;
+    }
+};
+
+Vorn::Reply report(const std::string& address, const std::string& serial)
+{
+    return Vorn::Reply{address, Vorn::kCmdReport, {{"Serial", serial}, {"Channel", "3"}}};
+}
+
+}  // namespace
+
+TEST_F(WindowSiteTest, RememberedUnitsAreListedOfflineWithTheirLastConfigurationUntilTheyAnswer)
+{
+    {
+        auto store = Site::SiteStore::open(path());
+        ASSERT_TRUE(store->canRecord()) << store->problem().toStdString();
+        const auto now = Site::Clock::now();
+        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}, {"Channel", "7"}}, now - 3min},
+                                   {"10.77.1.20", "", {{"Serial", "KT4-S00001"}}, now}}));
+    }
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    auto remembered = client->remembered();
+    std::sort(remembered.begin(), remembered.end());
+    EXPECT_EQ(remembered, (std::vector<std::string>{"10.77.1.20", "10.78.5.129"}));
+
+    DeviceListModel model;
+    model.setClient(client.get());
+    ASSERT_EQ(model.rowCount(), 2);
+    const auto routed = model.index(1);
+    EXPECT_EQ(model.data(routed, DeviceListModel::IpRole).toString(), QStringLiteral("10.78.5.129"));
+    EXPECT_FALSE(model.data(routed, DeviceListModel::OnlineRole).toBool());
+    EXPECT_EQ(model.data(routed, DeviceListModel::LastSeenNoteRole).toString(), QStringLiteral("last seen 3 min ago"));
+    EXPECT_EQ(model.data(routed, DeviceListModel::ConfigRole).toMap().value(QStringLiteral("Channel")),
+              QStringLiteral("7"));
+    // Freshly remembered is still offline until it answers in this run.
+    EXPECT_FALSE(model.data(model.index(0), DeviceListModel::OnlineRole).toBool());
+    EXPECT_EQ(model.data(model.index(0), DeviceListModel::LastSeenNoteRole).toString(),
+              QStringLiteral("last seen just now"));
+
+    QSignalSpy answered(client.get(), &VornClient::rememberedUnitAnswered);
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    EXPECT_EQ(answered.count(), 1);
+    EXPECT_TRUE(model.data(routed, DeviceListModel::OnlineRole).toBool());
+    EXPECT_EQ(model.data(routed, DeviceListModel::LastSeenNoteRole).toString(), QString());
+    EXPECT_EQ(model.data(routed, DeviceListModel::ConfigRole).toMap().value(QStringLiteral("Channel")),
+              QStringLiteral("3"));
+}
+
+TEST_F(WindowSiteTest, UnitsTheClientHearsAreRecordedAndRememberedAtTheNextStart)
+{
+    {
+        auto client = loopbackClient();
+        VornLink::WindowSite site(*client, path());
+        EXPECT_TRUE(client->remembered().empty());
+        client->ingest(report("10.78.5.129", "KT4-R00001"));
+        client->ingest(report("10.78.5.129", "KT4-R00001"));
+        const auto units = storedUnits(site);
+        ASSERT_EQ(units.size(), 1u);
+        EXPECT_EQ(units[0].address, "10.78.5.129");
+        EXPECT_EQ(units[0].serial, "KT4-R00001");
+    }
+    auto restarted = loopbackClient();
+    VornLink::WindowSite site(*restarted, path());
+    EXPECT_EQ(restarted->remembered(), std::vector<std::string>{"10.78.5.129"});
+    ASSERT_EQ(restarted->deviceCount(), 1);
+    EXPECT_TRUE(restarted->devices()[0].remembered);
+    EXPECT_EQ(restarted->devices()[0].config.at("Serial"), "KT4-R00001");
+    // Listing what was remembered records nothing new.
+    EXPECT_EQ(storedUnits(site).size(), 1u);
+}

@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: Apache-2.0
+// The store on a real file: first use, units, versions stored once per
+// change, last-seen times, writes, activity retention, forgetting.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "SiteStore.h"
+#include "SiteTestKit.h"
+
+using namespace SiteTest;
+using Site::SiteStore;
+
+namespace {
+
+mode_t modeOf(const QString& path)
+{
+    struct stat info {};
+    ::stat(QFile::encodeName(path).constData(), &info);
+    return info.st_mode & 0777;
+}
+
+Site::WriteRecord channelWrite(const std::string& serial, const std::string& address, int seconds,
+                               const std::string& channel)
+{
+    return {at(seconds), "vornctl", "desk-3", "kim", serial, address, {{"Channel", channel}}, Site::Verdict::Confirmed, {}};
+}
+
+}  // namespace
+
+TEST(SiteStore, FirstUseMakesAPrivateFolderAndFileInWalMode)
+{
+    Scratch scratch;
+    const QString path = scratch.dir.filePath("deeper/vornlink/site.sqlite");
+
+    auto store = SiteStore::open(path);
+
+    ASSERT_EQ(store->state(), Site::StoreState::Ready) << store->problem().toStdString();
+    EXPECT_EQ(modeOf(QFileInfo(path).absolutePath()), 0700u);
+    EXPECT_EQ(modeOf(path), 0600u);
+    RawFile raw(path);
+    EXPECT_EQ(raw.value("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "2");
+}
+
+TEST(SiteStore, ANewUnitIsRememberedWithItsFirstVersion)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+
+    const auto units = store->units();
+    ASSERT_EQ(units.size(), 1u);
+    EXPECT_EQ(units[0].key, "serial:KT-0001");
+    EXPECT_EQ(units[0].serial, "KT-0001");
+    EXPECT_EQ(units[0].address, "10.77.1.5");
+    EXPECT_EQ(units[0].interface, "studio0 \u00B7 10.77.1.1/24");
+    EXPECT_EQ(units[0].firmware, "2.1.4");
+    EXPECT_EQ(units[0].firstSeen, at(0));
+    EXPECT_EQ(units[0].lastSeen, at(0));
+    const auto history = store->history(units[0].key);
+    ASSERT_EQ(history.size(), 1u);
+    EXPECT_EQ(history[0].cause, Site::Cause::FirstSeen);
+    EXPECT_EQ(history[0].config.at("Channel"), "3");
+}
+
+TEST(SiteStore, AUnitWithoutSerialIsRememberedByAddress)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+
+    ASSERT_TRUE(store->record({sighting("", "10.77.1.9", 0)}));
+
+    ASSERT_EQ(store->units().size(), 1u);
+    EXPECT_EQ(store->units()[0].key, "address:10.77.1.9");
+    EXPECT_EQ(store->findUnit("10.77.1.9")->key, "address:10.77.1.9");
+}
+
+TEST(SiteStore, TheSameConfigurationIsStoredOnceHoweverOftenItIsReported)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+
+    for (int round = 0; round < 20; ++round)
+        ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", round * 5)}));
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 200, {{"Channel", "9"}})}));
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 205, {{"Channel", "9"}})}));
+
+    RawFile raw(scratch.path());
+    EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "2");
+}
+
+TEST(SiteStore, AnotherConnectionsVersionIsNotStoredTwice)
+{
+    Scratch scratch;
+    auto window = SiteStore::open(scratch.path());
+    auto script = SiteStore::open(scratch.path());
+    ASSERT_TRUE(window->record({sighting("KT-0001", "10.77.1.5", 0)}));
+
+    ASSERT_TRUE(script->record({sighting("KT-0001", "10.77.1.5", 10, {{"Channel", "9"}})}));
+    ASSERT_TRUE(window->record({sighting("KT-0001", "10.77.1.5", 12, {{"Channel", "9"}})}));
+
+    RawFile raw(scratch.path());
+    EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "2");
+}
+
+TEST(SiteStore, LastSeenIsWrittenAtMostOnceAMinuteForAnUnchangedUnit)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 30)}));
+    EXPECT_EQ(store->units()[0].lastSeen, at(0));
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 60)}));
+    EXPECT_EQ(store->units()[0].lastSeen, at(60));
+}
+
+TEST(SiteStore, AChangedConfigurationOrAddressIsWrittenAtOnce)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+
+    auto moved = sighting("KT-0001", "10.77.1.6", 5);
+    moved.config.insert_or_assign("IPAddress", "10.77.1.6");
+    ASSERT_TRUE(store->record({moved}));
+
+    const auto unit = store->findUnit("KT-0001");
+    ASSERT_TRUE(unit);
+    EXPECT_EQ(unit->address, "10.77.1.6");
+    EXPECT_EQ(unit->lastSeen, at(5));
+    EXPECT_EQ(unit->firstSeen, at(0));
+    EXPECT_EQ(store->findUnit("10.77.1.6")->key, "serial:KT-0001");
+}
+
+TEST(SiteStore, HistoryNamesTheWriteTheOutsideChangeAndFirstSeenNewestFirst)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 12, {{"Channel", "9"}})},
+                              {channelWrite("KT-0001", "10.77.1.5", 10, "9")}));
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 100, {{"Channel", "4"}})}));
+
+    const auto history = store->history("serial:KT-0001");
+
+    ASSERT_EQ(history.size(), 3u);
+    EXPECT_EQ(history[0].cause, Site::Cause::Outside);
+    EXPECT_EQ(history[0].at, at(100));
+    EXPECT_EQ(history[0].changes, (std::vector<Site::KeyChange>{{"Channel", "9", "4"}}));
+    EXPECT_FALSE(history[0].write);
+    EXPECT_EQ(history[1].cause, Site::Cause::Written);
+    ASSERT_TRUE(history[1].write);
+    EXPECT_EQ(history[1].write->program, "vornctl");
+    EXPECT_EQ(history[1].write->user, "kim");
+    EXPECT_EQ(history[1].write->host, "desk-3");
+    EXPECT_EQ(history[1].write->verdict, Site::Verdict::Confirmed);
+    EXPECT_EQ(history[1].changes, (std::vector<Site::KeyChange>{{"Channel", "3", "9"}}));
+    EXPECT_EQ(history[2].cause, Site::Cause::FirstSeen);
+    EXPECT_TRUE(history[2].changes.empty());
+}
+
+TEST(SiteStore, AWriteKeepsItsVerdictAndTheKeysNotConfirmed)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+    auto write = channelWrite("KT-0001", "10.77.1.5", 10, "9");
+    write.sent.insert_or_assign("TallyType", "4");
+    write.verdict = Site::Verdict::NotConfirmed;
+    write.unconfirmedKeys = {"TallyType"};
+
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 12, {{"Channel", "9"}})}, {write}));
+
+    const auto history = store->history("serial:KT-0001");
+    ASSERT_TRUE(history[0].write);
+    EXPECT_EQ(history[0].write->verdict, Site::Verdict::NotConfirmed);
+    EXPECT_EQ(history[0].write->unconfirmedKeys, std::vector<std::string>{"TallyType"});
+    EXPECT_EQ(history[0].write->sent.at("TallyType"), "4");
+}
+
+TEST(SiteStore, ForgetRemovesTheUnitItsVersionsAndItsWrites)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0), sighting("KT-0002", "10.77.1.6", 0)},
+                              {channelWrite("KT-0001", "10.77.1.5", 1, "9")}));
+
+    EXPECT_TRUE(store->forget("serial:KT-0001"));
+    EXPECT_FALSE(store->forget("serial:KT-0001"));
+
+    ASSERT_EQ(store->units().size(), 1u);
+    EXPECT_EQ(store->units()[0].serial, "KT-0002");
+    RawFile raw(scratch.path());
+    EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions WHERE unit_key = 'serial:KT-0001'"), "0");
+    EXPECT_EQ(raw.value("SELECT count(*) FROM writes"), "0");
+    // Heard again, it starts over as a unit seen for the first time.
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 50)}));
+    EXPECT_EQ(store->findUnit("KT-0001")->firstSeen, at(50));
+}
+
+TEST(SiteStore, ActivityIsKeptNinetyDays)
+{
+    Scratch scratch;
+    const int day = 24 * 3600;
+    {
+        auto store = SiteStore::open(scratch.path(), at(0));
+        ASSERT_TRUE(store->record({}, {}, {{at(0), "found 10.77.1.5"}, {at(10 * day), "wrote Channel"}}));
+        EXPECT_EQ(store->pruneActivity(at(90 * day)), 0);
+        EXPECT_EQ(store->activity(at(0)).size(), 2u);
+    }
+    // Opening a day after the first entry's ninety days removes it.
+    auto store = SiteStore::open(scratch.path(), at(91 * day));
+    const auto left = store->activity(at(0));
+    ASSERT_EQ(left.size(), 1u);
+    EXPECT_EQ(left[0].message, "wrote Channel");
+    EXPECT_EQ(left[0].at, at(10 * day));
+}
+
+TEST(SiteStore, FindUnitTakesASerialBeforeAnAddress)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0), sighting("KT-0002", "10.77.1.6", 0)}));
+
+    EXPECT_EQ(store->findUnit("KT-0002")->address, "10.77.1.6");
+    EXPECT_EQ(store->findUnit("10.77.1.5")->serial, "KT-0001");
+    EXPECT_FALSE(store->findUnit("KT-0003"));
+}

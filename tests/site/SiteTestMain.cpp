@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: Apache-2.0
+// Qt SQL loads its drivers through the application object.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
