@@ -94,9 +94,9 @@ int runWindowApp(int& argc, char** argv)
     SharedClient::provide(engine, SharedClient::deviceFactory());
     WindowMemory::provide(engine, std::make_unique<QSettings>());
     // Before the scene starts the client: the remembered units go with its first round.
-    std::optional<WindowSite> memory;
+    std::optional<WindowSite> siteMemory;
     if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
-        memory.emplace(*SharedClient::of(engine), *path);
+        siteMemory.emplace(*SharedClient::of(engine), *path);
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
