@@ -28,6 +28,21 @@
     </message>
 </context>
 <context>
+    <name>AddressScan</name>
+    <message>
+        <source>The range ends before it starts</source>
+        <translation>Der Bereich endet, bevor er beginnt</translation>
+    </message>
+    <message>
+        <source>That is %1 addresses; at most %2 can be scanned at once</source>
+        <translation>Das sind %1 Adressen; höchstens %2 können auf einmal durchsucht werden</translation>
+    </message>
+    <message>
+        <source>Type a block such as 10.78.5.0/24 or a range such as 10.78.5.10-10.78.5.99</source>
+        <translation>Geben Sie einen Block wie 10.78.5.0/24 oder einen Bereich wie 10.78.5.10-10.78.5.99 ein</translation>
+    </message>
+</context>
+<context>
     <name>BackupExport</name>
     <message>
         <source>%1 cannot be written</source>
@@ -138,16 +153,22 @@
 <context>
     <name>BatchVerdictList</name>
     <message>
-        <source>%1 of %2 units confirmed, %3 waiting…</source>
-        <translation>%1 von %2 Geräten bestätigt, %3 ausstehend…</translation>
-    </message>
-    <message>
-        <source>%1 of %2 units confirmed</source>
-        <translation>%1 von %2 Geräten bestätigt</translation>
-    </message>
-    <message>
         <source>Verdicts of the save</source>
         <translation>Ergebnisse des Speicherns</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n unit(s) confirmed, %2 waiting…</source>
+        <translation>
+            <numerusform>%1 von %n Gerät bestätigt, %2 ausstehend…</numerusform>
+            <numerusform>%1 von %n Geräten bestätigt, %2 ausstehend…</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n unit(s) confirmed</source>
+        <translation>
+            <numerusform>%1 von %n Gerät bestätigt</numerusform>
+            <numerusform>%1 von %n Geräten bestätigt</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -241,6 +262,10 @@
         <source>unsaved changes</source>
         <translation>ungespeicherte Änderungen</translation>
     </message>
+    <message>
+        <source>Import onto this other unit</source>
+        <translation>Auf dieses andere Gerät importieren</translation>
+    </message>
 </context>
 <context>
     <name>DetailsPanel</name>
@@ -273,6 +298,13 @@
     <message>
         <source>Cannot send: %1</source>
         <translation>Senden nicht möglich: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceListModel</name>
+    <message>
+        <source>last seen %1</source>
+        <translation>zuletzt gesehen %1</translation>
     </message>
 </context>
 <context>
@@ -487,12 +519,27 @@
         <source>Restore from backup…</source>
         <translation>Aus Sicherung wiederherstellen…</translation>
     </message>
+    <message>
+        <source>Scan addresses…</source>
+        <translation>Adressen durchsuchen…</translation>
+    </message>
 </context>
 <context>
     <name>LabeledField</name>
     <message>
         <source>Mixed</source>
         <translation>Gemischt</translation>
+    </message>
+</context>
+<context>
+    <name>LastSeen</name>
+    <message>
+        <source>just now</source>
+        <translation>gerade eben</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>gestern</translation>
     </message>
 </context>
 <context>
@@ -505,10 +552,6 @@
 <context>
     <name>MultiEditorHeader</name>
     <message>
-        <source>%1 units selected</source>
-        <translation>%1 Geräte ausgewählt</translation>
-    </message>
-    <message>
         <source>Fields the units disagree on show “Mixed”. Only the fields you change are written; each unit keeps the rest of its own settings.</source>
         <translation>Felder mit unterschiedlichen Werten zeigen „Gemischt“. Nur geänderte Felder werden geschrieben; jedes Gerät behält seine übrigen Einstellungen.</translation>
     </message>
@@ -520,9 +563,19 @@
         <source>Reload the selected units, dropping the changes</source>
         <translation>Ausgewählte Geräte neu laden und die Änderungen verwerfen</translation>
     </message>
-    <message>
-        <source>Save to %1 units</source>
-        <translation>In %1 Geräten speichern</translation>
+    <message numerus="yes">
+        <source>%n unit(s) selected</source>
+        <translation>
+            <numerusform>%n Gerät ausgewählt</numerusform>
+            <numerusform>%n Geräte ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Save to %n unit(s)</source>
+        <translation>
+            <numerusform>Auf %n Gerät speichern</numerusform>
+            <numerusform>Auf %n Geräten speichern</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -578,16 +631,15 @@
         <translation>Kein Netzwerk</translation>
     </message>
     <message>
-        <source>1 network</source>
-        <translation>1 Netzwerk</translation>
-    </message>
-    <message>
-        <source>%1 networks</source>
-        <translation>%1 Netzwerke</translation>
-    </message>
-    <message>
         <source>Shows the networks discovery goes out on</source>
         <translation>Zeigt die Netzwerke, in die die Suche gesendet wird</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n network(s)</source>
+        <translation>
+            <numerusform>%n Netzwerk</numerusform>
+            <numerusform>%n Netzwerke</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -600,13 +652,12 @@
         <source>No network: connect a cable or bring a link up. Until then discovery goes where the system routes it.</source>
         <translation>Kein Netzwerk: Schließen Sie ein Kabel an oder aktivieren Sie eine Verbindung. Bis dahin geht die Suche dorthin, wohin das System sie leitet.</translation>
     </message>
-    <message>
-        <source>1 unit</source>
-        <translation>1 Gerät</translation>
-    </message>
-    <message>
-        <source>%1 units</source>
-        <translation>%1 Geräte</translation>
+    <message numerus="yes">
+        <source>%n unit(s)</source>
+        <translation>
+            <numerusform>%n Gerät</numerusform>
+            <numerusform>%n Geräte</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -664,20 +715,16 @@
         <source>%1 (an earlier unit of the file matched it too)</source>
         <translation>%1 (ein früheres Gerät der Datei passte ebenfalls)</translation>
     </message>
+    <message>
+        <source>Another unit answers at %1 (serial %2)</source>
+        <translation>Ein anderes Gerät antwortet unter %1 (Seriennummer %2)</translation>
+    </message>
 </context>
 <context>
     <name>RestoreReviewDialog</name>
     <message>
         <source>Restore from backup</source>
         <translation>Aus Sicherung wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Restoring %1 units: %2 answered</source>
-        <translation>%1 Geräte werden wiederhergestellt: %2 haben geantwortet</translation>
-    </message>
-    <message>
-        <source>Restored %1 units: %2 confirmed</source>
-        <translation>%1 Geräte wiederhergestellt: %2 bestätigt</translation>
     </message>
     <message>
         <source>This file cannot be restored: %1</source>
@@ -695,9 +742,26 @@
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
-    <message>
-        <source>Restore %1 units</source>
-        <translation>%1 Geräte wiederherstellen</translation>
+    <message numerus="yes">
+        <source>Restoring %n unit(s): %1 answered</source>
+        <translation>
+            <numerusform>%n Gerät wird wiederhergestellt: %1 geantwortet</numerusform>
+            <numerusform>%n Geräte werden wiederhergestellt: %1 geantwortet</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Restored %n unit(s): %1 confirmed</source>
+        <translation>
+            <numerusform>%n Gerät wiederhergestellt: %1 bestätigt</numerusform>
+            <numerusform>%n Geräte wiederhergestellt: %1 bestätigt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Restore %n unit(s)</source>
+        <translation>
+            <numerusform>%n Gerät wiederherstellen</numerusform>
+            <numerusform>%n Geräte wiederherstellen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -713,6 +777,10 @@
     <message>
         <source>Left out (network): %1</source>
         <translation>Ausgelassen (Netzwerk): %1</translation>
+    </message>
+    <message>
+        <source>Restore onto this other unit</source>
+        <translation>Auf dieses andere Gerät wiederherstellen</translation>
     </message>
 </context>
 <context>
@@ -739,6 +807,52 @@
     <message>
         <source>Show</source>
         <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ScanAddressesDialog</name>
+    <message>
+        <source>Scan addresses</source>
+        <translation>Adressen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Units on a subnet behind a router do not hear a broadcast. Each address is asked by itself (at most %1).</source>
+        <translation>Geräte in einem Subnetz hinter einem Router hören keinen Broadcast. Jede Adresse wird einzeln gefragt (höchstens %1).</translation>
+    </message>
+    <message>
+        <source>10.78.5.0/24 or 10.78.5.10-10.78.5.99</source>
+        <translation>10.78.5.0/24 oder 10.78.5.10-10.78.5.99</translation>
+    </message>
+    <message>
+        <source>Addresses to scan</source>
+        <translation>Zu durchsuchende Adressen</translation>
+    </message>
+    <message>
+        <source>Scan progress</source>
+        <translation>Fortschritt der Suche</translation>
+    </message>
+    <message>
+        <source>Asked %1 of %2 addresses…</source>
+        <translation>%1 von %2 Adressen gefragt…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Found %n unit(s)</source>
+        <translation>
+            <numerusform>%n Gerät gefunden</numerusform>
+            <numerusform>%n Geräte gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Durchsuchen</translation>
     </message>
 </context>
 <context>
@@ -783,12 +897,15 @@
         <translation>Fordert alle Geräte in den Netzwerken zur Antwort auf</translation>
     </message>
     <message>
-        <source>1 unit known</source>
-        <translation>1 Gerät bekannt</translation>
+        <source>not an IPv4 address</source>
+        <translation>keine IPv4-Adresse</translation>
     </message>
-    <message>
-        <source>%1 units known</source>
-        <translation>%1 Geräte bekannt</translation>
+    <message numerus="yes">
+        <source>%n unit(s) known</source>
+        <translation>
+            <numerusform>%n Gerät bekannt</numerusform>
+            <numerusform>%n Geräte bekannt</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -851,6 +968,10 @@
         <source>Tally / GPIO</source>
         <translation>Tally / GPIO</translation>
     </message>
+    <message>
+        <source>invalid IPv4</source>
+        <translation>ungültige IPv4-Adresse</translation>
+    </message>
 </context>
 <context>
     <name>TallySection</name>
@@ -896,6 +1017,18 @@
     <message>
         <source>Settings of %1 loaded from %2: review them, then save</source>
         <translation>Einstellungen von %1 aus %2 geladen: prüfen Sie sie und speichern Sie dann</translation>
+    </message>
+    <message>
+        <source>This unit has not answered yet; there is nothing to export</source>
+        <translation>Dieses Gerät hat noch nicht geantwortet; es gibt nichts zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1 holds the settings of another unit (serial %2); this unit reports serial %3</source>
+        <translation>%1 enthält die Einstellungen eines anderen Geräts (Seriennummer %2); dieses Gerät meldet die Seriennummer %3</translation>
+    </message>
+    <message>
+        <source>Not imported (no field here): %1</source>
+        <translation>Nicht importiert (hier kein Feld): %1</translation>
     </message>
 </context>
 <context>
@@ -954,6 +1087,10 @@
     <message>
         <source>write → %1: %2</source>
         <translation>Schreiben → %1: %2</translation>
+    </message>
+    <message>
+        <source>write refused → %1: not an IPv4 address</source>
+        <translation>Schreiben abgelehnt → %1: keine IPv4-Adresse</translation>
     </message>
 </context>
 <context>

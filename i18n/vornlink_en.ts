@@ -1,6 +1,4 @@
 <?xml version="1.0" encoding="utf-8"?>
-<!-- SPDX-License-Identifier: Apache-2.0 -->
-<!-- English plural forms of the counts (lupdate -pluralonly). -->
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
@@ -98,6 +96,16 @@
         <translation>
             <numerusform>Restore %n unit</numerusform>
             <numerusform>Restore %n units</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ScanAddressesDialog</name>
+    <message numerus="yes">
+        <source>Found %n unit(s)</source>
+        <translation>
+            <numerusform>Found %n unit</numerusform>
+            <numerusform>Found %n units</numerusform>
         </translation>
     </message>
 </context>
