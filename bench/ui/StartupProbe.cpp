@@ -5,7 +5,8 @@
 // starts only once a line containing TEXT has come (say, the program reports
 // that every unit is listed); the program gets 60 s for each line.
 //   startup_probe SETTLE_MS [--until TEXT] PROGRAM [ARG...]
-// Output: "first_frame_ms=<ms> rss_kib=<KiB>"
+// Output: "first_frame_ms=<ms> rss_kib=<KiB>", with --until also
+// "until_ms=<ms>", the time from the start to the line with TEXT.
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,7 +35,7 @@ struct ErrorWatch {
     std::mutex mutex;
     std::condition_variable changed;
     std::optional<Clock::time_point> firstFrame;
-    bool untilSeen = false;
+    std::optional<Clock::time_point> untilAt;
     bool ended = false;
 
     void read(FILE* err)
@@ -45,8 +46,8 @@ struct ErrorWatch {
             std::lock_guard lock(mutex);
             if (!firstFrame && std::strstr(buffer, "first frame"))
                 firstFrame = now;
-            if (firstFrame && !until.empty() && std::strstr(buffer, until.c_str()))
-                untilSeen = true;
+            if (firstFrame && !untilAt && !until.empty() && std::strstr(buffer, until.c_str()))
+                untilAt = now;
             changed.notify_all();
         }
         std::lock_guard lock(mutex);
@@ -98,7 +99,7 @@ int main(int argc, char** argv)
     const char* problem = nullptr;
     if (!watch.waitFor([&] { return watch.firstFrame.has_value(); }))
         problem = "the program showed no first frame";
-    else if (!watch.until.empty() && !watch.waitFor([&] { return watch.untilSeen; }))
+    else if (!watch.until.empty() && !watch.waitFor([&] { return watch.untilAt.has_value(); }))
         problem = "the program never printed the --until text";
     long rss = -1;
     if (!problem) {
@@ -114,6 +115,9 @@ int main(int argc, char** argv)
         return 1;
     }
     const double ms = std::chrono::duration<double, std::milli>(*watch.firstFrame - start).count();
-    std::printf("first_frame_ms=%.1f rss_kib=%ld\n", ms, rss);
+    std::printf("first_frame_ms=%.1f rss_kib=%ld", ms, rss);
+    if (watch.untilAt)
+        std::printf(" until_ms=%.1f", std::chrono::duration<double, std::milli>(*watch.untilAt - start).count());
+    std::printf("\n");
     return 0;
 }

@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "AppLogging.h"
+#include "VornClient.h"
 #include "VisualTree.h"
 
 namespace VornLink {
@@ -52,7 +53,7 @@ struct Probe {
 
 }  // namespace
 
-void startLatencyProbe(QQuickWindow* window)
+void startLatencyProbe(QQuickWindow* window, VornClient* client)
 {
     if (!lcLatency().isInfoEnabled())
         return;
@@ -64,6 +65,16 @@ void startLatencyProbe(QQuickWindow* window)
     probe->clock.start();
     QObject::connect(timer, &QTimer::timeout, window, [probe] { probe->tick(); });
     timer->start();
+    const auto reportRows = [probe] {
+        if (!probe->list)
+            probe->list = findVisualItem(probe->window->contentItem(), QStringLiteral("deviceList"));
+        if (probe->list)
+            qCInfo(lcLatency, "%d rows listed", probe->list->property("count").toInt());
+    };
+    // Remembered units are listed before the window comes up.
+    if (client->deviceCount() > 0)
+        reportRows();
+    QObject::connect(client, &VornClient::deviceCountChanged, window, reportRows);
 }
 
 }  // namespace VornLink

@@ -6,12 +6,16 @@
 // rows the sidebar lists at that moment (the load it was measured under).
 //   vornlink.latency: at 4001 ms: worst 1.3 ms, mean 0.21 ms late over 50 ticks; 200 rows listed
 // "at" counts from the start of the probe, right after the window was loaded.
+// Each time the client's table grows, one more line says how many rows the
+// list holds then, so the time to a full list can be read off the log:
+//   vornlink.latency: 1000 rows listed
 #pragma once
 
 class QQuickWindow;
+class VornClient;
 
 namespace VornLink {
 
-void startLatencyProbe(QQuickWindow* window);
+void startLatencyProbe(QQuickWindow* window, VornClient* client);
 
 }  // namespace VornLink

@@ -118,7 +118,7 @@ int runWindowApp(int& argc, char** argv)
     });
 
     reportFirstFrame(window);
-    startLatencyProbe(window);
+    startLatencyProbe(window, SharedClient::of(engine));
     bringToFront(window);
     QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {
         qCInfo(lcWindow, "raising the window for another launch");
