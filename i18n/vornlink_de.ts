@@ -573,8 +573,8 @@
     <message numerus="yes">
         <source>Save to %n unit(s)</source>
         <translation>
-            <numerusform>Auf %n Gerät speichern</numerusform>
-            <numerusform>Auf %n Geräten speichern</numerusform>
+            <numerusform>In %n Gerät speichern</numerusform>
+            <numerusform>In %n Geräten speichern</numerusform>
         </translation>
     </message>
 </context>
