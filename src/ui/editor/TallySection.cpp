@@ -4,7 +4,10 @@
 #include "EditorRules.h"
 #include "SwitcherCatalog.h"
 
-TallySection::TallySection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
+TallySection::TallySection(EditorStore& store, QObject* parent)
+    : EditorSection(Settings::Section::Tally, store, parent)
+{
+}
 
 QVariantList TallySection::switcherEntries() const
 {
@@ -44,11 +47,6 @@ QString TallySection::switcherLabel() const
     return QString::fromStdString(SwitcherCatalog::label(band->value(), model->value()));
 }
 
-std::vector<KeyComparison> TallySection::coreComparison() const
-{
-    const auto all = compareSettings(store_.fields, store_.live);
-    return {all.begin(), all.end()};
-}
 
 QVariantList TallySection::shown() const
 {

@@ -97,7 +97,7 @@ void MultiEditor::load()
     // there; a mixed text stays empty under its "Mixed" placeholder.
     Vorn::Config shown = values.equal;
     for (const EditorField* field : fields) {
-        if (isMixed(field->unitKey()) && !qobject_cast<const TextField*>(field))
+        if (isMixed(field->unitKey()) && !field->row().holdsText())
             shown.insert_or_assign(std::string(field->unitKey()), units.front().at(std::string(field->unitKey())));
     }
     store_.fields = loadFields(shown);
