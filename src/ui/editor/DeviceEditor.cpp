@@ -9,6 +9,10 @@
 
 DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
 {
+    // The verdict lets go of the link first: it may be about to go.
+    connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { verdict_.setLink(nullptr); });
+    connect(&links_, &LinkSlot::switched, this, [this] { verdict_.setLink(links_.link()); });
+    connect(&links_, &LinkSlot::changed, this, &DeviceEditor::refresh);
     for (EditorSection* section : sections())
         connect(section, &EditorSection::edited, this, [this, section] { onEdited(section); });
     refreshAll();
@@ -22,9 +26,7 @@ void DeviceEditor::setClient(VornClient* client)
         return;
     if (VornClient* before = links_.client())
         disconnect(before, nullptr, this, nullptr);
-    detach();
     links_.useClient(client);
-    attach();
     if (client)
         connect(client, &QObject::destroyed, this, &DeviceEditor::clientChanged);
     emit clientChanged();
@@ -33,26 +35,8 @@ void DeviceEditor::setClient(VornClient* client)
 
 void DeviceEditor::setLink(EditorLink* link)
 {
-    detach();
     links_.useLink(link);
-    attach();
     loadWhenReady();
-}
-
-void DeviceEditor::detach()
-{
-    // The verdict lets go of the link first: it may be about to go.
-    verdict_.setLink(nullptr);
-    if (EditorLink* link = links_.link())
-        disconnect(link, nullptr, this, nullptr);
-}
-
-void DeviceEditor::attach()
-{
-    EditorLink* link = links_.link();
-    if (link)
-        connect(link, &EditorLink::changed, this, &DeviceEditor::refresh);
-    verdict_.setLink(link);
 }
 
 void DeviceEditor::setIp(const QString& ip)

@@ -109,8 +109,6 @@ private:
         bool canApplyNetwork = false;
     };
 
-    void detach();
-    void attach();
     void loadWhenReady();
     // Re-reads the unit and announces whatever changed; replies and clock ticks come here.
     void refresh() { update(nullptr, false); }
