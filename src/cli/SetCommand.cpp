@@ -4,7 +4,6 @@
 #include "Commands.h"
 #include "EditableKeys.h"
 #include "ExitCodes.h"
-#include "SettingKeys.h"
 #include "VerifiedWrite.h"
 
 namespace VornCtl {
@@ -21,7 +20,7 @@ std::variant<SetRequest, std::string> parseSetRequest(const std::string& address
         const std::string value = pair.substr(equals + 1);
         if (auto refused = Settings::settingRefusal(key, value))
             return *refused;
-        if (SettingKeys::isNetworkKey(key) && !yes)
+        if (Settings::findEditableKey(key)->network() && !yes)
             return key + " changes how the unit is reached; add --yes to write it";
         if (!request.changes.emplace(key, Settings::canonicalValue(key, value)).second)
             return key + " is given twice";

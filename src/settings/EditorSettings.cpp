@@ -2,25 +2,34 @@
 #include "EditorSettings.h"
 
 #include <algorithm>
+#include <variant>
 
 #include "EditorRules.h"
+#include "FleetValues.h"
 #include "ValueSafety.h"
 
-using namespace SettingKeys;
 using EditorRules::integerText;
 using EditorRules::liveInteger;
 using EditorRules::liveText;
+using Settings::EditableKey;
 
 namespace {
 
-using Settings::kBandDefault;
-using Settings::kSceneDefault;
-constexpr std::string_view kWire2On = Settings::kSwitchOn;
-constexpr std::string_view kWire2Off = Settings::kSwitchOff;
+thread_local std::uint64_t comparisons = 0;
 
-std::string wire2Text(bool on)
+template <typename... Ts>
+struct Overloaded : Ts... {
+    using Ts::operator()...;
+};
+
+const EditableKey& rowOf(std::string_view key)
 {
-    return std::string(on ? kWire2On : kWire2Off);
+    return *Settings::findEditableKey(key);
+}
+
+std::string switchText(bool on)
+{
+    return std::string(on ? Settings::kSwitchOn : Settings::kSwitchOff);
 }
 
 // A missing key counts as the empty text.
@@ -31,26 +40,55 @@ KeyComparison byText(const Vorn::Config& live, std::string_view key, std::string
 }
 
 // An integer compares as canonical text, so a reported "07" differs from 7;
-// a missing key does not differ from a field holding the key's default.
-KeyComparison byInteger(const Vorn::Config& live, std::string_view key, std::int64_t value,
-                        std::int64_t whenMissing)
+// a missing key does not differ from a field holding the key's default. A
+// level compares as the integer it parses to instead.
+KeyComparison byInteger(const Vorn::Config& live, const EditableKey& row, std::int64_t value)
 {
     std::string text = integerText(value);
-    const auto reported = live.find(key);
-    const bool differs = reported == live.end() ? value != whenMissing : text != reported->second;
+    if (row.comparesParsed)
+        return {row.key, std::move(text), value != liveInteger(live, row.key, row.whenMissing)};
+    const auto reported = live.find(row.key);
+    const bool differs = reported == live.end() ? value != row.whenMissing : text != reported->second;
+    return {row.key, std::move(text), differs};
+}
+
+// A missing switch counts as off.
+KeyComparison bySwitch(const Vorn::Config& live, std::string_view key, bool on)
+{
+    std::string text = switchText(on);
+    const bool differs = text != liveText(live, key, Settings::kSwitchOff);
     return {key, std::move(text), differs};
+}
+
+KeyComparison compareKey(const EditorFields& fields, const Vorn::Config& live, const EditableKey& row)
+{
+    return std::visit(Overloaded{
+                          [&](std::string EditorFields::*member) { return byText(live, row.key, fields.*member); },
+                          [&](std::int64_t EditorFields::*member) { return byInteger(live, row, fields.*member); },
+                          [&](bool EditorFields::*member) { return bySwitch(live, row.key, fields.*member); },
+                      },
+                      row.member);
+}
+
+template <typename Wanted>
+std::vector<KeyComparison> compareWhere(const EditorFields& fields, const Vorn::Config& live, Wanted wanted)
+{
+    std::vector<KeyComparison> keys;
+    for (const EditableKey& row : Settings::kEditableKeys) {
+        if (wanted(row))
+            keys.push_back(compareKey(fields, live, row));
+    }
+    return keys;
 }
 
 // The first text field that holds a line break or NUL.
 std::optional<Settings::Message> fieldsRefusal(const EditorFields& fields)
 {
-    const std::pair<std::string_view, const std::string*> texts[] = {
-        {kAtemIp, &fields.atemIp},    {kAtemPort, &fields.atemPort}, {kChannel, &fields.channel},
-        {kCallMagic, &fields.password}, {kIPAddress, &fields.ipAddr}, {kNetmask, &fields.netmask},
-        {kGateway, &fields.gateway},
-    };
-    for (const auto& [key, text] : texts) {
-        if (auto refused = Settings::valueRefusal(key, *text))
+    for (const EditableKey& row : Settings::kEditableKeys) {
+        const auto* member = std::get_if<std::string EditorFields::*>(&row.member);
+        if (!member)
+            continue;
+        if (auto refused = Settings::valueRefusal(row.key, fields.**member))
             return refused;
     }
     return std::nullopt;
@@ -60,53 +98,49 @@ std::optional<Settings::Message> fieldsRefusal(const EditorFields& fields)
 
 std::int64_t sceneDefault(const Vorn::Config& live)
 {
-    return liveInteger(live, kScenarioType, kSceneDefault);
+    const EditableKey& row = rowOf(SettingKeys::kScenarioType);
+    return liveInteger(live, row.key, row.whenMissing);
 }
 
 std::int64_t suppressDefault(const Vorn::Config& live)
 {
-    return liveInteger(live, kSilenceSuppress, 0);
+    const EditableKey& row = rowOf(SettingKeys::kSilenceSuppress);
+    return liveInteger(live, row.key, row.whenMissing);
 }
 
 EditorFields loadFields(const Vorn::Config& live)
 {
     EditorFields fields;
-    fields.atemIp = liveText(live, kAtemIp);
-    fields.atemPort = liveText(live, kAtemPort);
-    fields.channel = liveText(live, kChannel);
-    fields.band = liveInteger(live, kSwitcherBand, kBandDefault);
-    fields.model = liveInteger(live, kSwitcherModel, 0);
-    fields.extTally = liveInteger(live, kAtemExtTally, 0);
-    fields.tallyType = liveInteger(live, kTallyType, 0);
-    fields.gpioType = liveInteger(live, kTallyGpioType, 0);
-    fields.ipAddr = liveText(live, kIPAddress);
-    fields.netmask = liveText(live, kNetmask);
-    fields.gateway = liveText(live, kGateway);
-    fields.scene = sceneDefault(live);
-    fields.suppress = suppressDefault(live);
-    fields.wire2 = liveText(live, kWire2Enable, kWire2Off) == kWire2On;
-    fields.password = liveText(live, kCallMagic);
+    for (const EditableKey& row : Settings::kEditableKeys) {
+        std::visit(Overloaded{
+                       [&](std::string EditorFields::*member) { fields.*member = liveText(live, row.key); },
+                       [&](std::int64_t EditorFields::*member) {
+                           fields.*member = liveInteger(live, row.key, row.whenMissing);
+                       },
+                       [&](bool EditorFields::*member) {
+                           fields.*member = liveText(live, row.key, Settings::kSwitchOff) == Settings::kSwitchOn;
+                       },
+                   },
+                   row.member);
+    }
     return fields;
 }
 
-std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live)
+std::vector<KeyComparison> compareSection(const EditorFields& fields, const Vorn::Config& live,
+                                          Settings::Section section)
 {
-    // The two levels compare as integers with their defaults instead.
-    const std::string wire2 = wire2Text(fields.wire2);
-    return {{
-        byText(live, kAtemIp, fields.atemIp),
-        byText(live, kAtemPort, fields.atemPort),
-        byText(live, kChannel, fields.channel),
-        byInteger(live, kSwitcherBand, fields.band, kBandDefault),
-        byInteger(live, kSwitcherModel, fields.model, 0),
-        byInteger(live, kAtemExtTally, fields.extTally, 0),
-        byInteger(live, kTallyType, fields.tallyType, 0),
-        byInteger(live, kTallyGpioType, fields.gpioType, 0),
-        {kScenarioType, integerText(fields.scene), fields.scene != sceneDefault(live)},
-        {kSilenceSuppress, integerText(fields.suppress), fields.suppress != suppressDefault(live)},
-        {kWire2Enable, wire2, wire2 != liveText(live, kWire2Enable, kWire2Off)},
-        byText(live, kCallMagic, fields.password),
-    }};
+    ++comparisons;
+    return compareWhere(fields, live, [&](const EditableKey& row) { return row.section == section; });
+}
+
+std::uint64_t sectionComparisons()
+{
+    return comparisons;
+}
+
+std::vector<KeyComparison> compareSettings(const EditorFields& fields, const Vorn::Config& live)
+{
+    return compareWhere(fields, live, [](const EditableKey& row) { return !row.network(); });
 }
 
 Vorn::Config comparedValues(const Vorn::Config& live)
@@ -117,13 +151,9 @@ Vorn::Config comparedValues(const Vorn::Config& live)
     return values;
 }
 
-std::array<KeyComparison, 3> compareNetwork(const EditorFields& fields, const Vorn::Config& live)
+std::vector<KeyComparison> compareNetwork(const EditorFields& fields, const Vorn::Config& live)
 {
-    return {{
-        byText(live, kIPAddress, fields.ipAddr),
-        byText(live, kNetmask, fields.netmask),
-        byText(live, kGateway, fields.gateway),
-    }};
+    return compareWhere(fields, live, [](const EditableKey& row) { return row.network(); });
 }
 
 bool anyDiffers(std::span<const KeyComparison> keys)
@@ -143,19 +173,18 @@ Vorn::Config changesOf(std::span<const KeyComparison> keys)
 
 bool networkValid(const EditorFields& fields)
 {
-    return EditorRules::isDottedQuad(fields.ipAddr) && EditorRules::isDottedQuad(fields.netmask)
-        && EditorRules::isDottedQuad(fields.gateway);
+    for (const EditableKey& row : Settings::kEditableKeys) {
+        if (row.network() && !EditorRules::isDottedQuad(fields.*std::get<std::string EditorFields::*>(row.member)))
+            return false;
+    }
+    return true;
 }
 
-std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live)
+std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live,
+                                            const Vorn::Config& changes)
 {
     if (auto refused = fieldsRefusal(fields))
         return refused;
     // Every differing field replaces the unit's value; the rest goes out as reported.
-    Vorn::Config full = live;
-    for (const auto& changes : {changesOf(compareSettings(fields, live)), changesOf(compareNetwork(fields, live))}) {
-        for (const auto& [key, value] : changes)
-            full.insert_or_assign(key, value);
-    }
-    return Settings::writeRefusal({}, full);
+    return Settings::writeRefusal({}, Settings::overlay(live, changes));
 }

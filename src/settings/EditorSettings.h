@@ -1,42 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 // The editor's fields and how they meet the unit's live configuration:
-// loading them, comparing them key by key and collecting what to send.
+// loading them, comparing them key by key and collecting what to send. Every
+// rule follows the rows of the editable-key table.
 #pragma once
 
-#include <array>
-#include <span>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-
-#include <optional>
+#include <vector>
 
 #include "EditableKeys.h"
 #include "Message.h"
+#include "EditorFields.h"
 #include "SettingKeys.h"
 #include "VornConfig.h"
-
-
-// What the user edits. The initial values are those of a fresh editor.
-struct EditorFields {
-    std::string atemIp;
-    std::string atemPort;
-    std::string channel;
-    std::int64_t band = Settings::kBandDefault;
-    std::int64_t model = 0;
-    std::int64_t extTally = 0;
-    std::int64_t tallyType = 0;
-    std::int64_t gpioType = 0;
-    std::string ipAddr;
-    std::string netmask;
-    std::string gateway;
-    std::int64_t scene = Settings::kSceneDefault;
-    std::int64_t suppress = 0;
-    bool wire2 = false;
-    std::string password;
-
-    bool operator==(const EditorFields&) const = default;
-};
 
 // One key as "Save changes" or the network apply sees it: the field's text
 // form and whether it differs from what the unit reports.
@@ -59,10 +38,18 @@ EditorFields loadFields(const Vorn::Config& live);
 // the values the editor compares, so a missing ScenarioType and "1" agree.
 Vorn::Config comparedValues(const Vorn::Config& live);
 
-// The twelve keys of "Save changes", in the order they are checked.
-std::array<KeyComparison, 12> compareSettings(const EditorFields& fields, const Vorn::Config& live);
+// The keys of one section, in table order, compared with the unit's values.
+std::vector<KeyComparison> compareSection(const EditorFields& fields, const Vorn::Config& live,
+                                          Settings::Section section);
+// How many section comparisons this thread has made: the editor compares
+// each section once per change, and its tests count that.
+std::uint64_t sectionComparisons();
+
+// The keys of "Save changes" (the tally and communication sections), in the
+// order they are checked.
+std::vector<KeyComparison> compareSettings(const EditorFields& fields, const Vorn::Config& live);
 // IPAddress, Netmask, Gateway, in that order; plain text comparison.
-std::array<KeyComparison, 3> compareNetwork(const EditorFields& fields, const Vorn::Config& live);
+std::vector<KeyComparison> compareNetwork(const EditorFields& fields, const Vorn::Config& live);
 
 bool anyDiffers(std::span<const KeyComparison> keys);
 // The differing keys with their text forms: the change set of a write.
@@ -74,5 +61,6 @@ bool networkValid(const EditorFields& fields);
 // Why a write from these fields cannot go out, or nothing when it can: a text
 // field holding a line break or NUL, or such a value among the unit's own
 // reported write keys that the write would carry unchanged (a write carries
-// the whole configuration).
-std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live);
+// the whole configuration). `changes` are the differing keys of every section.
+std::optional<Settings::Message> sendRefusal(const EditorFields& fields, const Vorn::Config& live,
+                                            const Vorn::Config& changes);

@@ -15,7 +15,7 @@ std::vector<std::string_view> restoredKeys(bool network)
 {
     std::vector<std::string_view> keys;
     for (const auto& entry : kEditableKeys) {
-        if (network || !SettingKeys::isNetworkKey(entry.key))
+        if (network || !entry.network())
             keys.push_back(entry.key);
     }
     return keys;

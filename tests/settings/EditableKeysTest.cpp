@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <variant>
+#include <vector>
+
 #include "SettingKeys.h"
 
 namespace Settings {
@@ -110,6 +113,57 @@ TEST(SettingKeys, NetworkKeysAreTheThreeAddressSettings)
     EXPECT_TRUE(SettingKeys::isNetworkKey("Netmask"));
     EXPECT_TRUE(SettingKeys::isNetworkKey("Gateway"));
     EXPECT_FALSE(SettingKeys::isNetworkKey("ManagerIp"));
+}
+
+TEST(EditableKeys, TheNetworkRowsAreTheNetworkKeys)
+{
+    std::vector<std::string_view> network;
+    for (const auto& entry : kEditableKeys) {
+        if (entry.network())
+            network.push_back(entry.key);
+        EXPECT_EQ(entry.network(), SettingKeys::isNetworkKey(entry.key)) << entry.key;
+    }
+    EXPECT_EQ(network, (std::vector<std::string_view>(SettingKeys::kNetworkKeys.begin(),
+                                                       SettingKeys::kNetworkKeys.end())));
+}
+
+TEST(EditableKeys, AFreshEditorHoldsEveryRowsValueWhenMissing)
+{
+    const EditorFields fresh;
+    for (const auto& entry : kEditableKeys) {
+        if (const auto* text = std::get_if<std::string EditorFields::*>(&entry.member)) {
+            EXPECT_EQ(fresh.**text, "") << entry.key;
+        }
+        if (const auto* number = std::get_if<std::int64_t EditorFields::*>(&entry.member)) {
+            EXPECT_EQ(fresh.**number, entry.whenMissing) << entry.key;
+        }
+        if (const auto* on = std::get_if<bool EditorFields::*>(&entry.member)) {
+            EXPECT_EQ(fresh.**on, entry.whenMissing != 0) << entry.key;
+        }
+    }
+}
+
+TEST(EditableKeys, EveryRowKeepsItsValueInItsOwnFieldOfTheKind)
+{
+    for (std::size_t i = 0; i < kEditableKeys.size(); ++i) {
+        const EditableKey& entry = kEditableKeys[i];
+        // Text and address keys are edited as text, integers as numbers, switches as on/off.
+        const bool text = entry.kind == ValueKind::Text || entry.kind == ValueKind::Address
+                          || entry.kind == ValueKind::AddressOrEmpty;
+        EXPECT_EQ(entry.holdsText(), text) << entry.key;
+        EXPECT_EQ(std::holds_alternative<std::int64_t EditorFields::*>(entry.member), entry.kind == ValueKind::Integer)
+            << entry.key;
+        EXPECT_EQ(std::holds_alternative<bool EditorFields::*>(entry.member), entry.kind == ValueKind::Switch)
+            << entry.key;
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_NE(kEditableKeys[j].member, entry.member) << entry.key << " shares a field";
+    }
+}
+
+TEST(EditableKeys, OnlyTheCallPasswordIsSecret)
+{
+    for (const auto& entry : kEditableKeys)
+        EXPECT_EQ(entry.secret, entry.key == SettingKeys::kCallMagic) << entry.key;
 }
 
 }  // namespace

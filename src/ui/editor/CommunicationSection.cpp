@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommunicationSection.h"
 
-CommunicationSection::CommunicationSection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
+CommunicationSection::CommunicationSection(EditorStore& store, QObject* parent)
+    : EditorSection(Settings::Section::Communication, store, parent)
+{
+}
 
 qint64 CommunicationSection::sceneDefault() const
 {
@@ -11,10 +14,4 @@ qint64 CommunicationSection::sceneDefault() const
 qint64 CommunicationSection::suppressDefault() const
 {
     return ::suppressDefault(store_.live);
-}
-
-std::vector<KeyComparison> CommunicationSection::coreComparison() const
-{
-    const auto all = compareSettings(store_.fields, store_.live);
-    return {all.begin(), all.end()};
 }

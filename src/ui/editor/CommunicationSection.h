@@ -9,12 +9,11 @@
 class CommunicationSection : public EditorSection {
     Q_OBJECT
 
-    EDITOR_FIELD(TextField, channel, SettingKeys::kChannel, &EditorFields::channel)
-    EDITOR_FIELD(TextField, password, SettingKeys::kCallMagic, &EditorFields::password)
-    EDITOR_FIELD(ChoiceField, scene, SettingKeys::kScenarioType, &EditorFields::scene, EditorOptions::sceneOptions())
-    EDITOR_FIELD(ChoiceField, suppress, SettingKeys::kSilenceSuppress, &EditorFields::suppress,
-                 EditorOptions::suppressOptions())
-    EDITOR_FIELD(SwitchField, wire2, SettingKeys::kWire2Enable, &EditorFields::wire2)
+    EDITOR_FIELD(TextField, channel, SettingKeys::kChannel)
+    EDITOR_FIELD(TextField, password, SettingKeys::kCallMagic)
+    EDITOR_FIELD(ChoiceField, scene, SettingKeys::kScenarioType, EditorOptions::sceneOptions())
+    EDITOR_FIELD(ChoiceField, suppress, SettingKeys::kSilenceSuppress, EditorOptions::suppressOptions())
+    EDITOR_FIELD(SwitchField, wire2, SettingKeys::kWire2Enable)
 
 public:
     CommunicationSection(EditorStore& store, QObject* parent);
@@ -22,7 +21,4 @@ public:
     // The unit's scene level (1) and suppression level (0), or their defaults.
     Q_INVOKABLE qint64 sceneDefault() const;
     Q_INVOKABLE qint64 suppressDefault() const;
-
-protected:
-    std::vector<KeyComparison> coreComparison() const override;
 };

@@ -10,10 +10,13 @@
 
 DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
 {
-    for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_),
-                                   static_cast<EditorSection*>(&network_)})
-        connect(section, &EditorSection::edited, this, &DeviceEditor::onEdited);
-    refresh();
+    // The verdict lets go of the link first: it may be about to go.
+    connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { verdict_.setLink(nullptr); });
+    connect(&links_, &LinkSlot::switched, this, [this] { verdict_.setLink(links_.link()); });
+    connect(&links_, &LinkSlot::changed, this, &DeviceEditor::refresh);
+    for (EditorSection* section : sections())
+        connect(section, &EditorSection::edited, this, [this, section] { onEdited(section); });
+    refreshAll();
 }
 
 DeviceEditor::~DeviceEditor() = default;
@@ -24,9 +27,7 @@ void DeviceEditor::setClient(VornClient* client)
         return;
     if (VornClient* before = links_.client())
         disconnect(before, nullptr, this, nullptr);
-    detach();
     links_.useClient(client);
-    attach();
     if (client)
         connect(client, &QObject::destroyed, this, &DeviceEditor::clientChanged);
     emit clientChanged();
@@ -35,26 +36,8 @@ void DeviceEditor::setClient(VornClient* client)
 
 void DeviceEditor::setLink(EditorLink* link)
 {
-    detach();
     links_.useLink(link);
-    attach();
     loadWhenReady();
-}
-
-void DeviceEditor::detach()
-{
-    // The verdict lets go of the link first: it may be about to go.
-    verdict_.setLink(nullptr);
-    if (EditorLink* link = links_.link())
-        disconnect(link, nullptr, this, nullptr);
-}
-
-void DeviceEditor::attach()
-{
-    EditorLink* link = links_.link();
-    if (link)
-        connect(link, &EditorLink::changed, this, &DeviceEditor::refresh);
-    verdict_.setLink(link);
 }
 
 void DeviceEditor::setIp(const QString& ip)
@@ -73,7 +56,7 @@ void DeviceEditor::loadWhenReady()
     if (links_.link() && !ip_.isEmpty())
         load();
     else
-        refresh();
+        refreshAll();
 }
 
 void DeviceEditor::load()
@@ -81,13 +64,12 @@ void DeviceEditor::load()
     const EditorLink* link = links_.link();
     const auto unit = link ? link->unit(ip_.toStdString()) : std::nullopt;
     store_.fields = loadFields(unit ? unit->config : Vorn::Config{});
-    for (EditorSection* section : {static_cast<EditorSection*>(&tally_),
-                                   static_cast<EditorSection*>(&communication_), static_cast<EditorSection*>(&network_)})
+    for (EditorSection* section : sections())
         section->untouch();
     const bool otherUnit = loadedFor_ != ip_;
     loadedFor_ = ip_;
     verdict_.clear();
-    refresh();
+    refreshAll();
     if (otherUnit)
         emit loadedForChanged();
     emit loaded();
@@ -98,16 +80,13 @@ void DeviceEditor::save()
     refresh();
     if (!sending_.canSave)
         return;
-    std::vector<KeyComparison> keys = tally_.comparison();
-    for (auto& key : communication_.comparison())
-        keys.push_back(std::move(key));
-    write(changesOf(keys));
+    write(Settings::overlay(changesOf(tally_.comparison()), changesOf(communication_.comparison())));
 }
 
 void DeviceEditor::applyNetwork()
 {
     refresh();
-    if (!networkValid(store_.fields) || sendRefusal(store_.fields, store_.live))
+    if (!networkValid(store_.fields) || !sending_.refusal.isEmpty())
         return;
     write(changesOf(network_.comparison()));
 }
@@ -116,7 +95,7 @@ void DeviceEditor::takeValues(const Vorn::Config& values)
 {
     store_.fields = loadFields(Settings::overlay(store_.live, values));
     verdict_.clear();
-    refresh();
+    refreshAll();
 }
 
 void DeviceEditor::write(const Vorn::Config& changes)
@@ -129,14 +108,14 @@ void DeviceEditor::write(const Vorn::Config& changes)
     verdict_.track(ip_.toStdString(), changes);
 }
 
-void DeviceEditor::onEdited()
+void DeviceEditor::onEdited(const EditorSection* section)
 {
     // An edit that changes a field ends the verdict of the last save.
     verdict_.clear();
-    refresh();
+    update(section, false);
 }
 
-void DeviceEditor::refresh()
+void DeviceEditor::update(const EditorSection* edited, bool fieldsReplaced)
 {
     const EditorLink* link = links_.link();
     const auto unit = link ? link->unit(ip_.toStdString()) : std::nullopt;
@@ -145,14 +124,17 @@ void DeviceEditor::refresh()
     store_.live = std::move(live);
     // Replies and clock ticks come through here; so does the save's verdict.
     verdict_.judge();
-    tally_.refresh();
-    communication_.refresh();
-    network_.refresh();
+    Vorn::Config changes;
+    for (EditorSection* section : sections()) {
+        if (fieldsReplaced || liveMoved || section == edited)
+            section->refresh();
+        changes = Settings::overlay(changes, changesOf(section->comparison()));
+    }
     header_.update(unit, unit && link->isOnline(*unit), ip_, store_.fields);
 
     Sending now;
     now.dirty = tally_.dirty() || communication_.dirty();
-    if (const auto refused = sendRefusal(store_.fields, store_.live))
+    if (const auto refused = sendRefusal(store_.fields, store_.live, changes))
         now.refusal = tr("Cannot send: %1").arg(translatedText(*refused));
     now.canSave = now.dirty && tally_.valid() && communication_.valid() && now.refusal.isEmpty();
     now.canApplyNetwork = network_.dirty() && network_.valid() && now.refusal.isEmpty();

@@ -8,6 +8,7 @@
 // EditorLink.
 #pragma once
 
+#include <array>
 
 #include <QObject>
 #include <QString>
@@ -108,12 +109,16 @@ private:
         bool canApplyNetwork = false;
     };
 
-    void detach();
-    void attach();
     void loadWhenReady();
     // Re-reads the unit and announces whatever changed; replies and clock ticks come here.
-    void refresh();
-    void onEdited();
+    void refresh() { update(nullptr, false); }
+    // The same after the fields were replaced (a load): every section compares again.
+    void refreshAll() { update(nullptr, true); }
+    // Each section compares its keys once per change: when the unit's values
+    // moved, when its own fields were edited, or when all fields were replaced.
+    void update(const EditorSection* edited, bool fieldsReplaced);
+    void onEdited(const EditorSection* section);
+    std::array<EditorSection*, 3> sections() { return {&tally_, &communication_, &network_}; }
     void write(const Vorn::Config& changes);
 
     LinkSlot links_;

@@ -2,24 +2,34 @@
 #include "EditorField.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <variant>
 
-#include "EditableKeys.h"
 #include "EditorOptions.h"
 #include "EditorRules.h"
 #include "ValueSafety.h"
 
+namespace {
+
+const Settings::EditableKey& rowOf(std::string_view key)
+{
+    const Settings::EditableKey* row = Settings::findEditableKey(key);
+    if (!row)
+        throw std::logic_error("no editable key " + std::string(key));
+    return *row;
+}
+
+}  // namespace
+
 EditorField::EditorField(std::string_view key, EditorStore& store, QObject* parent)
-    : QObject(parent), store_(store), key_(key)
+    : QObject(parent), store_(store), row_(rowOf(key))
 {
 }
 
 bool EditorField::valid() const
 {
     const std::string value = written();
-    if (Settings::valueRefusal(key_, value))
-        return false;
-    const Settings::EditableKey* editable = Settings::findEditableKey(key_);
-    return !editable || Settings::fitsAddressRule(*editable, value);
+    return !Settings::valueRefusal(row_.key, value) && Settings::fitsAddressRule(row_, value);
 }
 
 void EditorField::refresh(bool dirty)
@@ -48,8 +58,8 @@ QVariantList EditorField::snapshot() const
     return shown() + QVariantList{dirty_, valid(), touched_, mixed()};
 }
 
-TextField::TextField(std::string_view key, std::string EditorFields::*member, EditorStore& store, QObject* parent)
-    : EditorField(key, store, parent), member_(member)
+TextField::TextField(std::string_view key, EditorStore& store, QObject* parent)
+    : EditorField(key, store, parent), member_(std::get<std::string EditorFields::*>(row().member))
 {
 }
 
@@ -58,9 +68,8 @@ void TextField::setText(const QString& text)
     edit(member_, text.toStdString());
 }
 
-NumberField::NumberField(std::string_view key, std::int64_t EditorFields::*member, EditorStore& store,
-                         QObject* parent)
-    : EditorField(key, store, parent), member_(member)
+NumberField::NumberField(std::string_view key, EditorStore& store, QObject* parent)
+    : EditorField(key, store, parent), member_(std::get<std::int64_t EditorFields::*>(row().member))
 {
 }
 
@@ -74,9 +83,8 @@ std::string NumberField::written() const
     return EditorRules::integerText(value());
 }
 
-ChoiceField::ChoiceField(std::string_view key, std::int64_t EditorFields::*member, QStringList options,
-                         EditorStore& store, QObject* parent)
-    : NumberField(key, member, store, parent), options_(std::move(options))
+ChoiceField::ChoiceField(std::string_view key, QStringList options, EditorStore& store, QObject* parent)
+    : NumberField(key, store, parent), options_(std::move(options))
 {
 }
 
@@ -85,9 +93,8 @@ int ChoiceField::index() const
     return EditorOptions::optionIndex(value(), options_.size());
 }
 
-StepperField::StepperField(std::string_view key, std::int64_t EditorFields::*member, QString caption,
-                           EditorStore& store, QObject* parent)
-    : NumberField(key, member, store, parent), caption_(std::move(caption))
+StepperField::StepperField(std::string_view key, QString caption, EditorStore& store, QObject* parent)
+    : NumberField(key, store, parent), caption_(std::move(caption))
 {
 }
 
@@ -112,8 +119,8 @@ std::int64_t StepperField::stepped(std::int64_t value, int delta)
     return std::clamp<std::int64_t>(start + delta, kMinimum, kMaximum);
 }
 
-SwitchField::SwitchField(std::string_view key, bool EditorFields::*member, EditorStore& store, QObject* parent)
-    : EditorField(key, store, parent), member_(member)
+SwitchField::SwitchField(std::string_view key, EditorStore& store, QObject* parent)
+    : EditorField(key, store, parent), member_(std::get<bool EditorFields::*>(row().member))
 {
 }
 

@@ -15,6 +15,7 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include "EditableKeys.h"
 #include "EditorSettings.h"
 
 // What all fields of one editor read and write: the values being edited and
@@ -36,10 +37,13 @@ class EditorField : public QObject {
     Q_PROPERTY(bool mixed READ mixed NOTIFY changed)
 
 public:
+    // `key` names a row of the editable-key table.
     EditorField(std::string_view key, EditorStore& store, QObject* parent);
 
-    std::string_view unitKey() const { return key_; }
-    QString key() const { return QString::fromLatin1(key_.data(), static_cast<qsizetype>(key_.size())); }
+    // The field's row of the editable-key table.
+    const Settings::EditableKey& row() const { return row_; }
+    std::string_view unitKey() const { return row_.key; }
+    QString key() const { return QString::fromLatin1(unitKey().data(), static_cast<qsizetype>(unitKey().size())); }
     bool dirty() const { return dirty_; }
     bool valid() const;
     bool touched() const { return touched_; }
@@ -82,7 +86,7 @@ private:
     void noteEdit();
     QVariantList snapshot() const;
 
-    std::string_view key_;
+    const Settings::EditableKey& row_;
     bool dirty_ = false;
     bool touched_ = false;
     bool mixed_ = false;
@@ -96,7 +100,7 @@ class TextField : public EditorField {
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
 
 public:
-    TextField(std::string_view key, std::string EditorFields::*member, EditorStore& store, QObject* parent);
+    TextField(std::string_view key, EditorStore& store, QObject* parent);
 
     QString text() const { return QString::fromStdString(store_.fields.*member_); }
     void setText(const QString& text);
@@ -117,7 +121,7 @@ class NumberField : public EditorField {
     Q_PROPERTY(qint64 value READ value WRITE setValue NOTIFY changed)
 
 public:
-    NumberField(std::string_view key, std::int64_t EditorFields::*member, EditorStore& store, QObject* parent);
+    NumberField(std::string_view key, EditorStore& store, QObject* parent);
 
     qint64 value() const { return store_.fields.*member_; }
     void setValue(qint64 value);
@@ -140,8 +144,7 @@ class ChoiceField : public NumberField {
     Q_PROPERTY(int index READ index NOTIFY changed)
 
 public:
-    ChoiceField(std::string_view key, std::int64_t EditorFields::*member, QStringList options, EditorStore& store,
-                QObject* parent);
+    ChoiceField(std::string_view key, QStringList options, EditorStore& store, QObject* parent);
 
     QStringList options() const { return options_; }
     int index() const;
@@ -172,8 +175,7 @@ public:
     static constexpr std::int64_t kMaximum = Settings::kTypeMaximum;
 
     // `caption` holds %1 for the value: "type %1".
-    StepperField(std::string_view key, std::int64_t EditorFields::*member, QString caption, EditorStore& store,
-                 QObject* parent);
+    StepperField(std::string_view key, QString caption, EditorStore& store, QObject* parent);
 
     QString title() const;
     static qint64 minimum() { return kMinimum; }
@@ -202,7 +204,7 @@ class SwitchField : public EditorField {
     Q_PROPERTY(bool checked READ checked WRITE setChecked NOTIFY changed)
 
 public:
-    SwitchField(std::string_view key, bool EditorFields::*member, EditorStore& store, QObject* parent);
+    SwitchField(std::string_view key, EditorStore& store, QObject* parent);
 
     bool checked() const { return store_.fields.*member_; }
     void setChecked(bool checked);

@@ -3,23 +3,15 @@
 
 #include <algorithm>
 
-EditorSection::EditorSection(EditorStore& store, QObject* parent) : QObject(parent), store_(store) {}
-
-std::vector<KeyComparison> EditorSection::comparison() const
+EditorSection::EditorSection(Settings::Section section, EditorStore& store, QObject* parent)
+    : QObject(parent), store_(store), section_(section)
 {
-    std::vector<KeyComparison> mine;
-    for (auto& key : coreComparison()) {
-        const bool owned = std::any_of(fields_.begin(), fields_.end(),
-                                       [&](const EditorField* field) { return field->unitKey() == key.key; });
-        if (owned)
-            mine.push_back(std::move(key));
-    }
-    return mine;
 }
 
 void EditorSection::refresh()
 {
-    const std::vector<KeyComparison> keys = comparison();
+    keys_ = compareSection(store_.fields, store_.live, section_);
+    const std::vector<KeyComparison>& keys = keys_;
     for (EditorField* field : fields_) {
         const auto entry = std::find_if(keys.begin(), keys.end(),
                                         [&](const KeyComparison& key) { return key.key == field->unitKey(); });

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NetworkSection.h"
 
-NetworkSection::NetworkSection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
-
-std::vector<KeyComparison> NetworkSection::coreComparison() const
+NetworkSection::NetworkSection(EditorStore& store, QObject* parent)
+    : EditorSection(Settings::Section::Network, store, parent)
 {
-    const auto all = compareNetwork(store_.fields, store_.live);
-    return {all.begin(), all.end()};
 }

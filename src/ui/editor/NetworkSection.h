@@ -8,9 +8,9 @@
 class NetworkSection : public EditorSection {
     Q_OBJECT
 
-    EDITOR_FIELD(TextField, ipAddr, SettingKeys::kIPAddress, &EditorFields::ipAddr)
-    EDITOR_FIELD(TextField, netmask, SettingKeys::kNetmask, &EditorFields::netmask)
-    EDITOR_FIELD(TextField, gateway, SettingKeys::kGateway, &EditorFields::gateway)
+    EDITOR_FIELD(TextField, ipAddr, SettingKeys::kIPAddress)
+    EDITOR_FIELD(TextField, netmask, SettingKeys::kNetmask)
+    EDITOR_FIELD(TextField, gateway, SettingKeys::kGateway)
 
     // Changed, but not all three are dotted quads: "invalid IPv4".
     Q_PROPERTY(bool warning READ warning NOTIFY changed)
@@ -19,7 +19,4 @@ public:
     NetworkSection(EditorStore& store, QObject* parent);
 
     bool warning() const { return dirty() && !valid(); }
-
-protected:
-    std::vector<KeyComparison> coreComparison() const override;
 };

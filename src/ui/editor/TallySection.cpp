@@ -5,7 +5,10 @@
 #include "SwitcherCatalog.h"
 #include "TranslatedMessage.h"
 
-TallySection::TallySection(EditorStore& store, QObject* parent) : EditorSection(store, parent) {}
+TallySection::TallySection(EditorStore& store, QObject* parent)
+    : EditorSection(Settings::Section::Tally, store, parent)
+{
+}
 
 QVariantList TallySection::switcherEntries() const
 {
@@ -45,11 +48,6 @@ QString TallySection::switcherLabel() const
     return translatedText(SwitcherCatalog::label(band->value(), model->value()));
 }
 
-std::vector<KeyComparison> TallySection::coreComparison() const
-{
-    const auto all = compareSettings(store_.fields, store_.live);
-    return {all.begin(), all.end()};
-}
 
 QVariantList TallySection::shown() const
 {

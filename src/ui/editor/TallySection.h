@@ -10,14 +10,13 @@
 class TallySection : public EditorSection {
     Q_OBJECT
 
-    EDITOR_FIELD(TextField, atemIp, SettingKeys::kAtemIp, &EditorFields::atemIp)
-    EDITOR_FIELD(TextField, atemPort, SettingKeys::kAtemPort, &EditorFields::atemPort)
-    EDITOR_FIELD(NumberField, band, SettingKeys::kSwitcherBand, &EditorFields::band)
-    EDITOR_FIELD(NumberField, model, SettingKeys::kSwitcherModel, &EditorFields::model)
-    EDITOR_FIELD(ChoiceField, extTally, SettingKeys::kAtemExtTally, &EditorFields::extTally,
-                 EditorOptions::tallyBankOptions())
-    EDITOR_FIELD(StepperField, tallyType, SettingKeys::kTallyType, &EditorFields::tallyType, tr("type %1"))
-    EDITOR_FIELD(StepperField, gpioType, SettingKeys::kTallyGpioType, &EditorFields::gpioType, tr("gpio %1"))
+    EDITOR_FIELD(TextField, atemIp, SettingKeys::kAtemIp)
+    EDITOR_FIELD(TextField, atemPort, SettingKeys::kAtemPort)
+    EDITOR_FIELD(NumberField, band, SettingKeys::kSwitcherBand)
+    EDITOR_FIELD(NumberField, model, SettingKeys::kSwitcherModel)
+    EDITOR_FIELD(ChoiceField, extTally, SettingKeys::kAtemExtTally, EditorOptions::tallyBankOptions())
+    EDITOR_FIELD(StepperField, tallyType, SettingKeys::kTallyType, tr("type %1"))
+    EDITOR_FIELD(StepperField, gpioType, SettingKeys::kTallyGpioType, tr("gpio %1"))
 
     // The switcher picker: its entries {label, tag}, the row of the values
     // being edited, and their tag "band.model", which it also sets.
@@ -38,6 +37,5 @@ public:
     QString switcherLabel() const;
 
 protected:
-    std::vector<KeyComparison> coreComparison() const override;
     QVariantList shown() const override;
 };

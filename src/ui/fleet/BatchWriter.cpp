@@ -7,7 +7,12 @@
 #include "TranslatedMessage.h"
 #include "ValueSafety.h"
 
-BatchWriter::BatchWriter(QObject* parent) : QAbstractListModel(parent) {}
+BatchWriter::BatchWriter(QObject* parent) : QAbstractListModel(parent)
+{
+    connect(&links_, &LinkSlot::aboutToSwitch, this, &BatchWriter::clear);
+    // The verdicts settle on replies and on the deadline, as a single save's does.
+    connect(&links_, &LinkSlot::changed, this, &BatchWriter::judgeAll);
+}
 
 BatchWriter::~BatchWriter() = default;
 
@@ -15,31 +20,13 @@ void BatchWriter::setClient(VornClient* client)
 {
     if (client == links_.client())
         return;
-    detach();
     links_.useClient(client);
-    attach();
     emit clientChanged();
 }
 
 void BatchWriter::setLink(EditorLink* link)
 {
-    detach();
     links_.useLink(link);
-    attach();
-}
-
-void BatchWriter::detach()
-{
-    clear();
-    if (EditorLink* link = links_.link())
-        disconnect(link, nullptr, this, nullptr);
-}
-
-void BatchWriter::attach()
-{
-    // The verdicts settle on replies and on the deadline, as a single save's does.
-    if (EditorLink* link = links_.link())
-        connect(link, &EditorLink::changed, this, &BatchWriter::judgeAll);
 }
 
 void BatchWriter::write(const std::vector<UnitWrite>& units)

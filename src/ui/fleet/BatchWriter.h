@@ -75,8 +75,6 @@ private:
     };
 
     // Leaves the current link (and the batch on it) before another is taken, then follows the new one.
-    void detach();
-    void attach();
     void judgeAll();
 
     LinkSlot links_;

@@ -9,6 +9,10 @@
 
 MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
 {
+    // The writer lets go of the link first: it may be about to go.
+    connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { writer_.setLink(nullptr); });
+    connect(&links_, &LinkSlot::switched, this, [this] { writer_.setLink(links_.link()); });
+    connect(&links_, &LinkSlot::changed, this, &MultiEditor::refresh);
     for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_)})
         connect(section, &EditorSection::edited, this, &MultiEditor::refresh);
 }
@@ -19,35 +23,15 @@ void MultiEditor::setClient(VornClient* client)
 {
     if (client == links_.client())
         return;
-    detach();
     links_.useClient(client);
-    attach();
     emit clientChanged();
     load();
 }
 
 void MultiEditor::setLink(EditorLink* link)
 {
-    detach();
     links_.useLink(link);
-    attach();
     load();
-}
-
-void MultiEditor::detach()
-{
-    // The writer lets go of the link first: it may be about to go.
-    writer_.setLink(nullptr);
-    if (EditorLink* link = links_.link())
-        disconnect(link, nullptr, this, nullptr);
-}
-
-void MultiEditor::attach()
-{
-    EditorLink* link = links_.link();
-    writer_.setLink(link);
-    if (link)
-        connect(link, &EditorLink::changed, this, &MultiEditor::refresh);
 }
 
 void MultiEditor::setAddresses(const QStringList& addresses)
@@ -97,7 +81,7 @@ void MultiEditor::load()
     // there; a mixed text stays empty under its "Mixed" placeholder.
     Vorn::Config shown = values.equal;
     for (const EditorField* field : fields) {
-        if (isMixed(field->unitKey()) && !qobject_cast<const TextField*>(field))
+        if (isMixed(field->unitKey()) && !field->row().holdsText())
             shown.insert_or_assign(std::string(field->unitKey()), units.front().at(std::string(field->unitKey())));
     }
     store_.fields = loadFields(shown);

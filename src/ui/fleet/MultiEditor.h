@@ -68,8 +68,6 @@ signals:
     void stateChanged();
 
 private:
-    void detach();
-    void attach();
     std::vector<EditorField*> allFields() const;
     Vorn::Config liveOf(const QString& address) const;
     // Re-reads the units: replies change what a save would send.

@@ -60,7 +60,7 @@ Panel {
             model: root.editor.tally.switcherEntries
             textRole: "label"
             currentIndex: root.editor.tally.switcherIndex
-            mixed: root.editor.tally.band.mixed
+            mixed: root.editor.tally.band.mixed || root.editor.tally.model.mixed
             onActivated: index => root.editor.tally.switcherSelection = root.editor.tally.switcherEntries[index].tag
         }
     }
