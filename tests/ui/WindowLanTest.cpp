@@ -2,6 +2,7 @@
 // The real vornlink window (offscreen) on a private LAN against vorn-sim:
 // what the sidebar lists, a unit with markup in its serial, and one running
 // instance per user.
+#include <algorithm>
 #include <fstream>
 
 #include <nlohmann/json.hpp>
@@ -190,10 +191,13 @@ TEST_F(WindowWithRoutedSubnet, UnitFoundOnceBehindTheRouterIsListedAtTheNextStar
 
     auto app = startVornlink();
     // Listed at once from the store, offline, with when it was last seen.
+    // The office unit may answer the first broadcast before the list is read.
     const auto remembered = waitForRows(app, 1);
-    ASSERT_EQ(addressesOf(remembered), std::vector<std::string>{IsolatedLan::kFirstRoutedUnitAddress})
-        << app.stderrText();
-    EXPECT_EQ(warningsOf(remembered), std::vector<std::string>{" \u00b7 last seen just now"});
+    const auto listed = addressesOf(remembered);
+    const auto routedRow = std::find(listed.begin(), listed.end(), IsolatedLan::kFirstRoutedUnitAddress);
+    ASSERT_NE(routedRow, listed.end()) << app.stderrText();
+    EXPECT_EQ(warningsOf(remembered).at(static_cast<std::size_t>(routedRow - listed.begin())),
+              " \u00b7 last seen just now");
 
     // Then it answers the unicast: the note goes, and no warning comes.
     const std::vector<std::string> answered{"10.232.1.1", IsolatedLan::kFirstRoutedUnitAddress};
