@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-# bash completion for vornctl: its commands, each command's options, the
+# bash completion for vornctl: its commands, the site options, each command's options, the
 # backup files for restore and, after "set ADDRESS", the keys it writes.
 
 _vornctl()
@@ -15,7 +15,7 @@ _vornctl()
     for ((i = 1; i < COMP_CWORD; i++)); do
         word=${COMP_WORDS[i]}
         case $word in
-            --timeout | --expect | -o | --output) ((i++)) ;;
+            --timeout | --expect | --range | --since | --site | -o | --output) ((i++)) ;;
             -*) ;;
             =) ((i++)) ;;
             *)
@@ -29,8 +29,8 @@ _vornctl()
     done
 
     case $prev in
-        --timeout | --expect) return ;;
-        -o | --output)
+        --timeout | --expect | --range | --since) return ;;
+        -o | --output | --site)
             COMPREPLY=($(compgen -f -- "$cur"))
             return
             ;;
@@ -41,14 +41,17 @@ _vornctl()
     local options
     case $command in
         "")
-            COMPREPLY=($(compgen -W "discover show set backup restore --help --version" -- "$cur"))
+            COMPREPLY=($(compgen -W "discover show set backup restore units history forget --site --no-site --help --version" -- "$cur"))
             return
             ;;
-        discover) options="--timeout --expect --json --help" ;;
+        discover) options="--timeout --expect --json --range --help" ;;
         show) options="--timeout --json --help" ;;
         set) options="--yes --timeout --help" ;;
         backup) options="-o --output --timeout --help" ;;
-        restore) options="--dry-run --network --yes --timeout --help" ;;
+        restore) options="--dry-run --network --yes --allow-other-serial --timeout --help" ;;
+        units) options="--timeout --json --help" ;;
+        history) options="--json --since --show-secrets --help" ;;
+        forget) options="--yes --help" ;;
         *) return ;;
     esac
 

@@ -67,14 +67,16 @@ using Set = std::set<std::string>;
 
 TEST(Completion, CommandsAfterTheProgramName)
 {
-    EXPECT_EQ(candidates("vornctl "), (Set{"discover", "show", "set", "backup", "restore", "--help", "--version"}));
+    EXPECT_EQ(candidates("vornctl "), (Set{"discover", "show", "set", "backup", "restore", "units", "history", "forget",
+                                           "--site", "--no-site", "--help", "--version"}));
     EXPECT_EQ(candidates("vornctl se"), (Set{"set"}));
     EXPECT_EQ(candidates("vornctl re"), (Set{"restore"}));
 }
 
 TEST(Completion, EachCommandsOwnOptions)
 {
-    EXPECT_EQ(candidates("vornctl discover --"), (Set{"--timeout", "--expect", "--json", "--help"}));
+    EXPECT_EQ(candidates("vornctl discover --"), (Set{"--timeout", "--expect", "--json", "--range", "--help"}));
+    EXPECT_EQ(candidates("vornctl history --s"), (Set{"--since", "--show-secrets"}));
     EXPECT_EQ(candidates("vornctl restore --d"), (Set{"--dry-run"}));
     EXPECT_EQ(candidates("vornctl set 10.0.0.1 --y"), (Set{"--yes"}));
     EXPECT_EQ(candidates("vornctl backup -"), (Set{"-o", "--output", "--timeout", "--help"}));
@@ -94,6 +96,49 @@ TEST(Completion, NothingWhereAnAddressOrAValueIsTyped)
     EXPECT_EQ(candidates("vornctl show "), Set{});
     EXPECT_EQ(candidates("vornctl set 10.0.0.1 Channel="), Set{});
     EXPECT_EQ(candidates("vornctl discover --timeout "), Set{});
+}
+
+// What `vornctl [COMMAND] --help` lists: its subcommands, or the long
+// options and the short ones other than -h.
+Set fromHelp(const std::string& command, const std::string& section)
+{
+    const auto [help, status] = run(quoted(VORNCTL_PROGRAM) + " " + command + " --help");
+    EXPECT_EQ(status, 0) << command;
+    Set words;
+    std::istringstream lines(help);
+    bool inSection = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line[0] != ' ') {
+            inSection = line == section;
+            continue;
+        }
+        if (!inSection)
+            continue;
+        std::istringstream columns(line);
+        std::string first;
+        columns >> first;
+        if (section == "Subcommands:") {
+            words.insert(first);
+            continue;
+        }
+        for (std::istringstream names(first); std::getline(names, first, ',');)
+            if (first != "-h")
+                words.insert(first);
+    }
+    return words;
+}
+
+TEST(Completion, OffersEveryCommandAndOptionVornctlsHelpLists)
+{
+    Set commands = fromHelp("", "Subcommands:");
+    ASSERT_FALSE(commands.empty());
+    Set expected = commands;
+    expected.merge(fromHelp("", "Options:"));
+    EXPECT_EQ(candidates("vornctl "), expected);
+    for (const std::string& command : commands) {
+        SCOPED_TRACE(command);
+        EXPECT_EQ(candidates("vornctl " + command + " -"), fromHelp(command, "Options:"));
+    }
 }
 
 TEST(Completion, ZshReadsItsCompletionFile)
