@@ -12,9 +12,11 @@ WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client
     };
     std::vector<Listed> units;
     recorder_.runAndWait([&units](Site::SiteStore& store) {
+        auto configurations = store.latestConfigurations();
         for (const auto& unit : store.units()) {
-            const auto versions = store.history(unit.key);
-            units.push_back({unit.address, versions.empty() ? Vorn::Config{} : versions.front().config, unit.lastSeen});
+            const auto latest = configurations.find(unit.key);
+            units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
+                             unit.lastSeen});
         }
     });
     // Listed before the rows are recorded: what was remembered is not heard anew.

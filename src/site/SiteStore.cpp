@@ -293,6 +293,21 @@ std::vector<RememberedUnit> SiteStore::units()
     return list;
 }
 
+std::map<std::string, Vorn::Config> SiteStore::latestConfigurations()
+{
+    std::map<std::string, Vorn::Config> latest;
+    if (state_ == StoreState::Unavailable)
+        return latest;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    if (!query.exec(QStringLiteral("SELECT v.unit_key, v.config FROM config_versions v JOIN (SELECT unit_key,"
+                                   " MAX(seen_ms) AS newest FROM config_versions GROUP BY unit_key) n"
+                                   " ON v.unit_key = n.unit_key AND v.seen_ms = n.newest")))
+        return latest;
+    while (query.next())
+        latest.insert_or_assign(text(query.value(0)), configFromText(text(query.value(1))));
+    return latest;
+}
+
 std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
 {
     if (state_ == StoreState::Unavailable)

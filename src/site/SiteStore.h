@@ -70,6 +70,8 @@ public:
 
     // Every remembered unit, by address.
     std::vector<RememberedUnit> units();
+    // Every remembered unit's latest configuration, by unit key, in one query.
+    std::map<std::string, Vorn::Config> latestConfigurations();
     // The unit whose serial is `name`, else the one last seen at address `name`.
     std::optional<RememberedUnit> findUnit(const std::string& name);
     // The unit's configuration versions, newest first, with their causes.

@@ -232,3 +232,20 @@ TEST(SiteStore, FindUnitTakesASerialBeforeAnAddress)
     EXPECT_EQ(store->findUnit("10.77.1.5")->serial, "KT-0001");
     EXPECT_FALSE(store->findUnit("KT-0003"));
 }
+
+TEST(SiteStore, LatestConfigurationsGiveEachUnitsNewestVersionInOneList)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path());
+    auto first = sighting("KT-0001", "10.77.1.5", 0);
+    ASSERT_TRUE(store->record({first, sighting("KT-0002", "10.77.1.7", 0)}));
+    auto changed = sighting("KT-0001", "10.77.1.5", 5);
+    changed.config.insert_or_assign("Channel", "9");
+    ASSERT_TRUE(store->record({changed}));
+
+    const auto latest = store->latestConfigurations();
+    ASSERT_EQ(latest.size(), 2u);
+    EXPECT_EQ(latest.at(store->findUnit("KT-0001")->key), changed.config);
+    EXPECT_EQ(latest.at(store->findUnit("KT-0002")->key), store->history(store->findUnit("KT-0002")->key).front().config);
+    EXPECT_EQ(latest.at(store->findUnit("KT-0001")->key), store->history(store->findUnit("KT-0001")->key).front().config);
+}
