@@ -10,6 +10,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
+#include <QScopeGuard>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "AppLogging.h"
@@ -17,6 +18,7 @@
 #include "SharedClient.h"
 #include "SingleInstance.h"
 #include "SiteLocation.h"
+#include "UnitHistory.h"
 #include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
@@ -90,6 +92,9 @@ int runWindowApp(int& argc, char** argv)
     std::optional<WindowSite> memory;
     if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
         memory.emplace(*SharedClient::of(engine), *path);
+    // The History tabs read and record through the store; not after it is gone.
+    UnitHistory::useRecorder(memory ? &memory->recorder() : nullptr);
+    const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
