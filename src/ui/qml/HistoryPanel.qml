@@ -43,15 +43,25 @@ Panel {
         color: Theme.inkMuted
         font.pixelSize: Theme.fontBody
     }
-    Repeater {
-        objectName: "historyRows"
-        model: unitHistory
+    // A positioner, not a layout, holds the rows: rows that come and go
+    // inside a layout have crashed its arrangement.
+    Column {
+        id: rowsColumn
 
-        HistoryRow {
-            Layout.fillWidth: true
-            onRestoreRequested: row => {
-                unitHistory.restore(row);
-                root.restored();
+        objectName: "historyList"
+        Layout.fillWidth: true
+        spacing: Theme.gapTiny
+
+        Repeater {
+            objectName: "historyRows"
+            model: unitHistory
+
+            HistoryRow {
+                width: rowsColumn.width
+                onRestoreRequested: row => {
+                    unitHistory.restore(row);
+                    root.restored();
+                }
             }
         }
     }
