@@ -112,6 +112,12 @@ TestCase {
         tryCompare(history(), "count", 1, 5000);
         compare(cause(0), "First seen");
         compare(changes(0), []);
+        // The Details tab says when the store first and last heard the unit.
+        mouseClick(child("segment3"));
+        const firstSeen = child("detail_First seen");
+        verify(firstSeen !== null);
+        compare(findChild(firstSeen, "detailValue").text, findChild(row(0), "historyTime").text);
+        verify(findChild(child("detail_Last seen"), "detailValue").text !== "");
         // Ctrl+5 is the History tab's key.
         mouseClick(child("segment0"));
         keyClick(Qt.Key_5, Qt.ControlModifier);

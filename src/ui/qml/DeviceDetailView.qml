@@ -136,8 +136,11 @@ Item {
                     visible: root.tab === DeviceDetailView.Details
                     editor: deviceEditor
                     unitNetwork: root.unitNetwork
+                    remembered: historyPanel.history
                 }
                 HistoryPanel {
+                    id: historyPanel
+
                     objectName: "historyPanel"
                     visible: root.tab === DeviceDetailView.History
                     editor: deviceEditor

@@ -18,6 +18,14 @@ QString text(const std::string& value)
     return QString::fromStdString(value);
 }
 
+QString timeText(Site::Time time)
+{
+    return QDateTime::fromMSecsSinceEpoch(
+               std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count())
+        .toLocalTime()
+        .toString(UnitHistory::tr("yyyy-MM-dd HH:mm:ss", "the time of a configuration version"));
+}
+
 Site::Verdict verdictOf(SaveVerdict::Kind kind)
 {
     switch (kind) {
@@ -55,11 +63,7 @@ QVariant UnitHistory::data(const QModelIndex& index, int role) const
         return {};
     const auto& entry = entries_[static_cast<std::size_t>(index.row())];
     switch (role) {
-    case TimeRole:
-        return QDateTime::fromMSecsSinceEpoch(
-                   std::chrono::duration_cast<std::chrono::milliseconds>(entry.at.time_since_epoch()).count())
-            .toLocalTime()
-            .toString(tr("yyyy-MM-dd HH:mm:ss", "the time of a configuration version"));
+    case TimeRole: return timeText(entry.at);
     case CauseRole: return causeText(entry);
     case ChangesRole: return changeLines(entry);
     default: return {};
@@ -101,7 +105,7 @@ void UnitHistory::reload()
 {
     const std::uint64_t generation = ++generation_;
     if (!recorder_ || !editor_ || editor_->ip().isEmpty()) {
-        take(generation, {});
+        take(generation, std::nullopt, {});
         return;
     }
     const std::string serial = Site::serialOf(editor_->liveConfig());
@@ -113,19 +117,31 @@ void UnitHistory::reload()
         // Back on the window's thread; the list may be gone by then.
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
-            [self, generation, entries = std::move(entries)]() mutable {
+            [self, generation, unit, entries = std::move(entries)]() mutable {
                 if (self)
-                    self->take(generation, std::move(entries));
+                    self->take(generation, std::move(unit), std::move(entries));
             },
             Qt::QueuedConnection);
     });
 }
 
-void UnitHistory::take(std::uint64_t generation, std::vector<Site::HistoryEntry> entries)
+QString UnitHistory::firstSeen() const
+{
+    return unit_ ? timeText(unit_->firstSeen) : QString();
+}
+
+QString UnitHistory::lastSeen() const
+{
+    return unit_ ? timeText(unit_->lastSeen) : QString();
+}
+
+void UnitHistory::take(std::uint64_t generation, std::optional<Site::RememberedUnit> unit,
+                       std::vector<Site::HistoryEntry> entries)
 {
     if (generation != generation_)
         return;
     beginResetModel();
+    unit_ = std::move(unit);
     entries_ = std::move(entries);
     endResetModel();
     emit loaded();

@@ -28,6 +28,10 @@ class UnitHistory : public QAbstractListModel {
     // Whether there is a store to read at all (not with --no-site).
     Q_PROPERTY(bool remembering READ remembering CONSTANT)
     Q_PROPERTY(int count READ count NOTIFY loaded)
+    // When the store first and last heard the unit, as the Details tab shows
+    // them; "" while it holds nothing of the unit.
+    Q_PROPERTY(QString firstSeen READ firstSeen NOTIFY loaded)
+    Q_PROPERTY(QString lastSeen READ lastSeen NOTIFY loaded)
 
 public:
     enum Role { TimeRole = Qt::UserRole + 1, CauseRole, ChangesRole };
@@ -49,6 +53,8 @@ public:
     void setShowPasswords(bool show);
     bool remembering() const { return recorder_ != nullptr; }
     int count() const { return rowCount(); }
+    QString firstSeen() const;
+    QString lastSeen() const;
 
     // Reads the unit's history again.
     Q_INVOKABLE void reload();
@@ -63,13 +69,15 @@ signals:
 
 private:
     void recordVerdict();
-    void take(std::uint64_t generation, std::vector<Site::HistoryEntry> entries);
+    void take(std::uint64_t generation, std::optional<Site::RememberedUnit> unit,
+              std::vector<Site::HistoryEntry> entries);
     QString causeText(const Site::HistoryEntry& entry) const;
     QStringList changeLines(const Site::HistoryEntry& entry) const;
 
     Site::SiteRecorder* recorder_;
     QPointer<DeviceEditor> editor_;
     bool showPasswords_ = false;
+    std::optional<Site::RememberedUnit> unit_;
     std::vector<Site::HistoryEntry> entries_;
     // Answers to an older reading (another unit) are dropped.
     std::uint64_t generation_ = 0;
