@@ -11,6 +11,7 @@
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QSettings>
+#include <QScopeGuard>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "AppLogging.h"
@@ -20,6 +21,7 @@
 #include "Translations.h"
 #include "WindowMemory.h"
 #include "SiteLocation.h"
+#include "UnitHistory.h"
 #include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
@@ -97,6 +99,9 @@ int runWindowApp(int& argc, char** argv)
     std::optional<WindowSite> siteMemory;
     if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
         siteMemory.emplace(*SharedClient::of(engine), *path);
+    // The History tabs read and record through the store; not after it is gone.
+    UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);
+    const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {

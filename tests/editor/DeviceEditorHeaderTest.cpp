@@ -77,7 +77,8 @@ TEST_F(DeviceEditorHeader, SwitcherChipFollowsThePickerBeforeSaving)
 TEST_F(DeviceEditorHeader, TabsHaveTheirTitlesInCaseOrder)
 {
     EXPECT_EQ(header().tabTitles(), (QStringList{QStringLiteral("Tally"), QStringLiteral("Communication"),
-                                                 QStringLiteral("Network"), QStringLiteral("Details")}));
+                                                 QStringLiteral("Network"), QStringLiteral("Details"),
+                                                 QStringLiteral("History")}));
 }
 
 TEST_F(DeviceEditorHeader, ChipsShowPercentSignsOfTheUnitAsTheyAre)

@@ -229,8 +229,8 @@ private slots:
         const QStringList found = problems(w);
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u'\n')));
 
-        // The tab bar: four page tabs, the shown one selected.
-        const QStringList titles{"Tally", "Communication", "Network", "Details"};
+        // The tab bar: five page tabs, the shown one selected.
+        const QStringList titles{"Tally", "Communication", "Network", "Details", "History"};
         for (int i = 0; i < titles.size(); ++i) {
             QAccessibleInterface* segment = nodeOf(w, qPrintable(QStringLiteral("segment%1").arg(i)));
             QCOMPARE(segment->text(QAccessible::Name), titles.at(i));

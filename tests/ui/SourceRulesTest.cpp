@@ -200,7 +200,8 @@ private slots:
     void everyQtCppTextIsTranslatable()
     {
         QStringList found;
-        for (const char* directory : {VORN_CLIENT_DIR, VORN_UI_APP_DIR, VORN_UI_EDITOR_DIR, VORN_UI_FLEET_DIR, VORN_APP_DIR}) {
+        for (const char* directory : {VORN_CLIENT_DIR, VORN_UI_APP_DIR, VORN_UI_EDITOR_DIR, VORN_UI_FLEET_DIR, VORN_UI_SITE_DIR,
+                                      VORN_APP_DIR}) {
             // The self-test and main() are Qt-free: they run before any Qt object exists.
             for (const QString& path : filesIn(QString::fromUtf8(directory), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
                                                {QStringLiteral("SelfTest.cpp"), QStringLiteral("main.cpp")}))

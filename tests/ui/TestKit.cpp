@@ -11,6 +11,7 @@
 
 #include "Ipv4.h"
 #include "PresenceClock.h"
+#include "UnitHistory.h"
 
 UnitProbe::UnitProbe(std::uint16_t port, const char* address, QObject* parent)
     : QObject(parent), unit_(port, address)
@@ -33,6 +34,19 @@ int UnitProbe::totalAfter(int windowMs)
 VornClient* TestKit::makeClient()
 {
     return new VornClient(ClientTest::freeUdpPort(), "127.0.0.3", this);
+}
+
+void TestKit::rememberSite(VornClient* client, const QUrl& file)
+{
+    closeSite();
+    site_ = std::make_unique<VornLink::WindowSite>(*client, file.toLocalFile());
+    UnitHistory::useRecorder(&site_->recorder());
+}
+
+void TestKit::closeSite()
+{
+    UnitHistory::useRecorder(nullptr);
+    site_.reset();
 }
 
 void TestKit::startWithoutRepeats(VornClient* client)

@@ -19,6 +19,7 @@
 #include "FakeUnit.h"
 #include "SimulatedUnits.h"
 #include "VornClient.h"
+#include "WindowSite.h"
 
 class UnitProbe : public QObject {
     Q_OBJECT
@@ -48,6 +49,11 @@ class TestKit : public QObject {
 public:
     // A client on a free port that broadcasts to 127.0.0.3 and is not started.
     Q_INVOKABLE VornClient* makeClient();
+    // The window's site store at `file` for `client` (before it starts), read
+    // and recorded by the History tabs made after it; replaces the last one.
+    Q_INVOKABLE void rememberSite(VornClient* client, const QUrl& file);
+    // Ends the store of rememberSite, storing what is pending.
+    Q_INVOKABLE void closeSite();
     // Starts `client` with one discover to its broadcast address and then no
     // periodic ones, so every later datagram is one the test caused.
     Q_INVOKABLE void startWithoutRepeats(VornClient* client);
@@ -97,4 +103,5 @@ public:
 
 private:
     QTemporaryDir scratch_;
+    std::unique_ptr<VornLink::WindowSite> site_;  // its file lies in scratch_
 };

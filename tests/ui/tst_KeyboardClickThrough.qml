@@ -106,7 +106,7 @@ TestCase {
         selectTheUnitByKeys();
         tabTo(child("deviceList"));
         const expected = ["deviceList", "addressField", "queryButton", "fleetMenuButton", "discoverButton",
-                          "segment0", "segment1", "segment2", "segment3",
+                          "segment0", "segment1", "segment2", "segment3", "segment4",
                           "atemIpField", "atemPortField", "switcherPicker", "tallyBankPicker",
                           "tallyTypeStepper", "tallyTypeStepper", "gpioTypeStepper", "gpioTypeStepper",
                           "editorMenuButton", "reloadButton", "networksButton", "activityToggle", "deviceList"];
@@ -189,10 +189,10 @@ TestCase {
         compare(write.config.Wire2Enable, "1");
     }
 
-    function test_ctrl_1_to_4_switch_tabs_and_ctrl_r_reloads() {
+    function test_ctrl_1_to_5_switch_tabs_and_ctrl_r_reloads() {
         selectTheUnitByKeys();
-        const panels = ["tallyPanel", "communicationPanel", "networkPanel", "detailsPanel"];
-        for (const index of [3, 1, 0, 2]) {
+        const panels = ["tallyPanel", "communicationPanel", "networkPanel", "detailsPanel", "historyPanel"];
+        for (const index of [3, 1, 4, 0, 2]) {
             keyClick(Qt.Key_1 + index, Qt.ControlModifier);
             compare(detailView().tab, index);
             for (let other = 0; other < panels.length; ++other)
@@ -215,6 +215,8 @@ TestCase {
         verify(hasKeyboard(child("segment2")));
         keyClick(Qt.Key_Tab);
         verify(hasKeyboard(child("segment3")));
+        keyClick(Qt.Key_Tab);
+        verify(hasKeyboard(child("segment4")));
         keyClick(Qt.Key_Tab);
         verify(hasKeyboard(child("ipAddrField")));
         // Where the keyboard stays visible, a switch leaves it there.

@@ -71,5 +71,5 @@ QString EditorHeader::networkChangeWarning()
 
 QStringList EditorHeader::tabTitles() const
 {
-    return {tr("Tally"), tr("Communication"), tr("Network"), tr("Details")};
+    return {tr("Tally"), tr("Communication"), tr("Network"), tr("Details"), tr("History")};
 }

@@ -43,7 +43,7 @@ public:
     // confirmation's words, also for a restore that changes addresses.
     static QString newNetworkSettings(const QString& ipAddr, const QString& netmask, const QString& gateway);
     static QString networkChangeWarning();
-    // Tally, Communication, Network, Details: the order of the tab bar.
+    // Tally, Communication, Network, Details, History: the order of the tab bar.
     QStringList tabTitles() const;
 
 signals:

@@ -62,6 +62,16 @@ void SaveVerdict::settle(const std::optional<Vorn::Config>& reply)
     else
         kind_ = Settings::allConfirmed(checks_) ? Kind::Confirmed : Kind::NotConfirmed;
     emit changed();
+    emit settled();
+}
+
+std::vector<std::string> SaveVerdict::unconfirmedKeys() const
+{
+    std::vector<std::string> keys;
+    for (const auto& check : checks_)
+        if (check.outcome != Settings::KeyOutcome::Confirmed)
+            keys.push_back(check.key);
+    return keys;
 }
 
 QString SaveVerdict::text() const

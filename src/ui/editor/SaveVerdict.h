@@ -56,9 +56,15 @@ public:
     QString text() const;
     QStringList details() const;
     QString movedTo() const;
+    // The settled write: what was sent, when, and the keys not confirmed.
+    const Vorn::Config& written() const { return written_; }
+    WallClock::time_point writtenAt() const { return writtenAt_; }
+    std::vector<std::string> unconfirmedKeys() const;
 
 signals:
     void changed();
+    // A write got its verdict (once per write).
+    void settled();
 
 private:
     void settle(const std::optional<Vorn::Config>& reply);

@@ -27,7 +27,7 @@ Item {
     signal showUnit(string ip)
 
     // The tabs in the order the tab bar shows them.
-    enum Tab { Tally, Intercom, Network, Details }
+    enum Tab { Tally, Intercom, Network, Details, History }
     // Where the unit was heard and what is wrong there: {heardOn,
     // interfaceName, interfaceSubnet, wrongSubnet, addressConflict,
     // serialsSeen}. Read again on every reply and every tick of the clock,
@@ -93,7 +93,7 @@ Item {
 
             objectName: "segmentBar"
             titles: deviceEditor.header.tabTitles
-            glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details]
+            glyphs: [Glyphs.tally, Glyphs.intercom, Glyphs.network, Glyphs.details, Glyphs.history]
             selection: root.tab
             onSelected: index => root.tab = index
         }
@@ -136,6 +136,16 @@ Item {
                     visible: root.tab === DeviceDetailView.Details
                     editor: deviceEditor
                     unitNetwork: root.unitNetwork
+                    remembered: historyPanel.history
+                }
+                HistoryPanel {
+                    id: historyPanel
+
+                    objectName: "historyPanel"
+                    visible: root.tab === DeviceDetailView.History
+                    editor: deviceEditor
+                    // The loaded values show where they are edited.
+                    onRestored: root.tab = DeviceDetailView.Tally
                 }
             }
 

@@ -22,6 +22,7 @@ QtObject {
     readonly property string intercom: "\uf01f"     // headphones: communication
     readonly property string network: "\ueb2f"      // lan: the unit's own network settings
     readonly property string details: "\ue88e"      // info: what the unit reports
+    readonly property string history: "\ue889"      // history: the stored versions of a unit
     readonly property string save: "\ue5ca"         // check: save changes
     readonly property string warning: "\ue002"      // warning: apply network settings
     readonly property string increase: "\ue145"     // add: stepper up
