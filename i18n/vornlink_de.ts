@@ -285,6 +285,14 @@
         <source>Last save</source>
         <translation>Letztes Speichern</translation>
     </message>
+    <message>
+        <source>First seen</source>
+        <translation>Zuerst gesehen</translation>
+    </message>
+    <message>
+        <source>Last seen</source>
+        <translation>Zuletzt gesehen</translation>
+    </message>
 </context>
 <context>
     <name>Device</name>
@@ -379,6 +387,10 @@
     <message>
         <source>Details</source>
         <translation>Details</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
     </message>
 </context>
 <context>
@@ -522,6 +534,32 @@
     <message>
         <source>Scan addresses…</source>
         <translation>Adressen durchsuchen…</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryPanel</name>
+    <message>
+        <source>Configuration history</source>
+        <translation>Verlauf der Konfiguration</translation>
+    </message>
+    <message>
+        <source>Show passwords</source>
+        <translation>Passwörter zeigen</translation>
+    </message>
+    <message>
+        <source>Nothing stored for this unit yet.</source>
+        <translation>Für dieses Gerät ist noch nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>VornLink is not remembering this site.</source>
+        <translation>VornLink merkt sich diesen Standort nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryRow</name>
+    <message>
+        <source>Restore this version…</source>
+        <translation>Diese Version wiederherstellen…</translation>
     </message>
 </context>
 <context>
@@ -982,6 +1020,50 @@
     <message>
         <source>gpio %1</source>
         <translation>GPIO %1</translation>
+    </message>
+</context>
+<context>
+    <name>UnitHistory</name>
+    <message>
+        <source>yyyy-MM-dd HH:mm:ss</source>
+        <comment>the time of a configuration version</comment>
+        <translation>dd.MM.yyyy HH:mm:ss</translation>
+    </message>
+    <message>
+        <source>First seen</source>
+        <translation>Zuerst gesehen</translation>
+    </message>
+    <message>
+        <source>Changed outside VornLink</source>
+        <translation>Außerhalb von VornLink geändert</translation>
+    </message>
+    <message>
+        <source>confirmed</source>
+        <translation>bestätigt</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>umgezogen</translation>
+    </message>
+    <message>
+        <source>not confirmed: %1</source>
+        <translation>nicht bestätigt: %1</translation>
+    </message>
+    <message>
+        <source>Saved from VornLink by %1 on %2 · %3</source>
+        <translation>Aus VornLink gespeichert von %1 auf %2 · %3</translation>
+    </message>
+    <message>
+        <source>Set by %1 by %2 on %3 · %4</source>
+        <translation>Gesetzt mit %1 von %2 auf %3 · %4</translation>
+    </message>
+    <message>
+        <source>%1: %2 → %3</source>
+        <translation>%1: %2 → %3</translation>
     </message>
 </context>
 <context>

@@ -156,9 +156,11 @@ def read_and_drive(simlog):
     tab_list = wait_for("the editor's tabs", tabs)
     names = [tab.name for tab in tab_list]
     print("read-window: tabs %s" % names)
-    for expected in ("Tally", "Communication", "Network", "Details"):
+    for expected in ("Tally", "Communication", "Network", "Details", "History"):
         if expected not in names:
             fail("no tab %r among %s" % (expected, names))
+    if len(names) != 5:
+        fail("%d tabs, not 5: %s" % (len(names), names))
     if not has(tab_list[0], pyatspi.STATE_SELECTED):
         fail("the first tab is not the selected one")
 
