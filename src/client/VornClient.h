@@ -10,7 +10,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,6 +23,7 @@
 
 #include "ActivityLog.h"
 #include "Device.h"
+#include "DeviceTable.h"
 #include "LogTime.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
@@ -146,12 +146,7 @@ public:
     // Row of the unit at `ip` in devices(), or -1.
     int indexOf(std::string_view ip) const;
     // The table in address order, each element a const Device&.
-    auto devices() const
-    {
-        return std::views::transform(devices_, [](const std::unique_ptr<Device>& device) -> const Device& {
-            return *device;
-        });
-    }
+    DeviceTable devices() const { return DeviceTable(devices_); }
     int deviceCount() const { return static_cast<int>(devices_.size()); }
 
     QString status() const { return status_; }
@@ -186,9 +181,7 @@ signals:
     void discoversSent(const QStringList& addresses);
 
 private:
-    // Each unit on the heap, so that a unit joining the middle of a large
-    // table moves pointers, not records.
-    using DeviceSlots = std::vector<std::unique_ptr<Device>>;
+    using DeviceSlots = DeviceTable::Slots;
 
     void installPacketHandler();
     // Where the unit at `ip` is or would go in the table.
