@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const auto read = Settings::readBackup(text);
     if (const auto* error = std::get_if<Settings::BackupError>(&read)) {
-        require(!error->message.empty());
+        require(!Settings::english(error->message).empty());
         return 0;
     }
     const auto& backup = std::get<Settings::Backup>(read);

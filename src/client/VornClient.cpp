@@ -187,7 +187,8 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
     }
     const QString address = QString::fromStdString(reply.deviceIp);
     emit deviceAboutToBeAdded(row);
-    devices_.insert(place, std::make_unique<Device>(std::move(reply.deviceIp), std::move(reply.config), now, arrival));
+    devices_.insert(place,
+                    std::make_unique<Device>(Device{std::move(reply.deviceIp), std::move(reply.config), now, arrival}));
     noteInserted(row);
     emit deviceAdded(row);
     if (draining_)

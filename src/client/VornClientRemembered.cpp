@@ -30,7 +30,7 @@ void VornClient::addRemembered(const std::string& address, Vorn::Config config, 
     const auto place = placeOf(address);
     const int row = static_cast<int>(place - devices_.begin());
     emit deviceAboutToBeAdded(row);
-    devices_.insert(place, std::make_unique<Device>(address, std::move(config), lastSeen, Vorn::Arrival{}, true));
+    devices_.insert(place, std::make_unique<Device>(Device{address, std::move(config), lastSeen, {}, true}));
     emit deviceAdded(row);
     emit deviceCountChanged();
     noteArrival(std::nullopt, Vorn::Arrival{});
