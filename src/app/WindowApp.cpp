@@ -95,7 +95,8 @@ int runWindowApp(int& argc, char** argv)
     QQmlApplicationEngine engine;
     SharedClient::provide(engine, SharedClient::deviceFactory());
     WindowMemory::provide(engine, std::make_unique<QSettings>());
-    // Before the scene starts the client: the remembered units go with its first round.
+    // The store opens and is read on its own thread while the scene builds; its
+    // units are listed long before the first round asks them by unicast.
     std::optional<WindowSite> siteMemory;
     if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
         siteMemory.emplace(*SharedClient::of(engine), *path);

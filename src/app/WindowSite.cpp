@@ -1,29 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WindowSite.h"
 
+#include <QMetaObject>
+
 namespace VornLink {
 
 WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client), recorder_(path)
 {
-    struct Listed {
-        std::string address;
-        Vorn::Config config;
-        Site::Time lastSeen;
-    };
-    std::vector<Listed> units;
-    recorder_.runAndWait([&units](Site::SiteStore& store) {
+    // Read on the store's thread while the window builds; listed on the
+    // window's thread in one go.
+    recorder_.run([this](Site::SiteStore& store) {
+        std::vector<VornClient::RememberedDevice> units;
         auto configurations = store.latestConfigurations();
         for (const auto& unit : store.units()) {
             const auto latest = configurations.find(unit.key);
             units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
                              unit.lastSeen});
         }
+        QMetaObject::invokeMethod(
+            this, [this, units = std::move(units)]() mutable { listRemembered(std::move(units)); },
+            Qt::QueuedConnection);
     });
+}
+
+void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units)
+{
     // Listed before the rows are recorded: what was remembered is not heard anew.
-    for (auto& unit : units)
-        client_.addRemembered(unit.address, std::move(unit.config), unit.lastSeen);
+    client_.addRemembered(std::move(units));
     connect(&client_, &VornClient::deviceAdded, this, [this](int row) { recordRows(row, row); });
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
+    recordRows(0, static_cast<int>(client_.devices().size()) - 1);
+    emit rememberedListed();
 }
 
 void WindowSite::recordRows(int first, int last)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The window's tie to the site store: at start the client lists the
+// The window's tie to the site store: soon after start the client lists the
 // remembered units, offline, with their last configuration and sighting, and
 // asks them by unicast when they miss a broadcast (a unit behind a router
 // comes back with nothing typed); every unit the client lists or hears again
@@ -19,12 +19,18 @@ class WindowSite : public QObject {
 
 public:
     // Opens the store at `path` on its thread and lists its units in
-    // `client`; call before the client starts.
+    // `client` once they are read, without holding up the window; units the
+    // client lists before then are recorded then.
     WindowSite(VornClient& client, const QString& path);
 
     Site::SiteRecorder& recorder() { return recorder_; }
 
+signals:
+    // The remembered units are listed; from now on every unit heard is recorded.
+    void rememberedListed();
+
 private:
+    void listRemembered(std::vector<VornClient::RememberedDevice> units);
     void recordRows(int first, int last);
 
     VornClient& client_;

@@ -84,9 +84,15 @@ public:
     void setRemembered(const std::vector<std::string>& addresses);
     // Adds one address to the remembered units (a unit found by a scan).
     void remember(const std::string& address);
-    // Lists a remembered unit, offline, with what was remembered of it, until
-    // it answers; a listed address is left alone. Also remembers its address.
-    void addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen);
+    struct RememberedDevice {
+        std::string address;
+        Vorn::Config config;
+        WallClock::time_point lastSeen;
+    };
+    // Lists remembered units, offline, with what was remembered of them, until
+    // they answer; a listed address is left alone. Also remembers their
+    // addresses. The views hear of all of them at once, as of one drain.
+    void addRemembered(std::vector<RememberedDevice> units);
     const std::vector<std::string>& remembered() const { return remembered_; }
 
     // Queues one unicast discover to each address, sent at most

@@ -22,18 +22,27 @@ void VornClient::remember(const std::string& address)
         remembered_.push_back(address);
 }
 
-void VornClient::addRemembered(const std::string& address, Vorn::Config config, WallClock::time_point lastSeen)
+void VornClient::addRemembered(std::vector<RememberedDevice> units)
 {
-    remember(address);
-    if (indexOf(address) >= 0)
-        return;
-    const auto place = placeOf(address);
-    const int row = static_cast<int>(place - devices_.begin());
-    emit deviceAboutToBeAdded(row);
-    devices_.insert(place, std::make_unique<Device>(Device{address, std::move(config), lastSeen, {}, true}));
-    emit deviceAdded(row);
-    emit deviceCountChanged();
-    noteArrival(std::nullopt, Vorn::Arrival{});
+    draining_ = true;
+    for (auto& unit : units) {
+        remember(unit.address);
+        const auto place = placeOf(unit.address);
+        if (place != devices_.end() && (*place)->ip == unit.address)
+            continue;
+        const int row = static_cast<int>(place - devices_.begin());
+        emit deviceAboutToBeAdded(row);
+        devices_.insert(place, std::make_unique<Device>(
+                                   Device{std::move(unit.address), std::move(unit.config), unit.lastSeen, {}, true}));
+        noteInserted(row);
+        emit deviceAdded(row);
+        drainAdded_ = true;
+        noteArrival(std::nullopt, Vorn::Arrival{});
+    }
+    draining_ = false;
+    if (std::exchange(drainAdded_, false))
+        emit deviceCountChanged();
+    refreshNetworks();
 }
 
 void VornClient::queryUnansweredRemembered()

@@ -5,12 +5,7 @@
 
 namespace Site {
 
-SiteRecorder::SiteRecorder(const QString& path)
-    : thread_([this, path] { loop(path); })
-{
-    std::unique_lock lock(lock_);
-    changed_.wait(lock, [this] { return opened_; });
-}
+SiteRecorder::SiteRecorder(const QString& path) : thread_([this, path] { loop(path); }) {}
 
 SiteRecorder::~SiteRecorder()
 {
@@ -91,19 +86,22 @@ void SiteRecorder::runAndWait(const std::function<void(SiteStore&)>& job)
 
 StoreState SiteRecorder::state() const
 {
-    std::lock_guard lock(lock_);
+    std::unique_lock lock(lock_);
+    changed_.wait(lock, [this] { return opened_; });
     return state_;
 }
 
 QString SiteRecorder::problem() const
 {
-    std::lock_guard lock(lock_);
+    std::unique_lock lock(lock_);
+    changed_.wait(lock, [this] { return opened_; });
     return problem_;
 }
 
 std::optional<QString> SiteRecorder::takeDamagedNotice()
 {
-    std::lock_guard lock(lock_);
+    std::unique_lock lock(lock_);
+    changed_.wait(lock, [this] { return opened_; });
     return std::exchange(damagedAside_, std::nullopt);
 }
 

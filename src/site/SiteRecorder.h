@@ -31,7 +31,8 @@ public:
     // How long the store's thread gathers after the first item of a batch.
     static constexpr auto kGather = std::chrono::milliseconds(250);
 
-    // Opens the store at `path` on the new thread; returns once it is open.
+    // Opens the store at `path` on the new thread, without waiting for it:
+    // what is handed over or run meanwhile waits for the opening.
     explicit SiteRecorder(const QString& path);
     // Stores what is still pending, then ends the thread.
     ~SiteRecorder();
@@ -50,7 +51,8 @@ public:
     void runAndWait(const std::function<void(SiteStore&)>& job);
 
     // As the store was at opening, and why nothing is remembered (also after
-    // a batch failed, e.g. on a full disk), or empty.
+    // a batch failed, e.g. on a full disk), or empty. These wait for the
+    // opening; a window asks from a job (run) instead, which never blocks.
     StoreState state() const;
     QString problem() const;
     std::optional<QString> takeDamagedNotice();
@@ -68,7 +70,7 @@ private:
     void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
 
     mutable std::mutex lock_;
-    std::condition_variable changed_;
+    mutable std::condition_variable changed_;
     Batch pending_;
     bool opened_ = false;
     bool stopping_ = false;

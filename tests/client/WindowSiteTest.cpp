@@ -22,6 +22,13 @@ protected:
     QTemporaryDir dir;
     QString path() const { return dir.filePath(QStringLiteral("site.sqlite")); }
 
+    // The remembered units are read on the store's thread and listed on this one.
+    static bool listed(VornLink::WindowSite& site)
+    {
+        QSignalSpy spy(&site, &VornLink::WindowSite::rememberedListed);
+        return spy.wait(10000);
+    }
+
     std::vector<Site::RememberedUnit> storedUnits(VornLink::WindowSite& site)
     {
         std::vector<Site::RememberedUnit> units;
@@ -48,6 +55,7 @@ TEST_F(WindowSiteTest, RememberedUnitsAreListedOfflineWithTheirLastConfiguration
     }
     auto client = loopbackClient();
     VornLink::WindowSite site(*client, path());
+    ASSERT_TRUE(listed(site));
     auto remembered = client->remembered();
     std::sort(remembered.begin(), remembered.end());
     EXPECT_EQ(remembered, (std::vector<std::string>{"10.77.1.20", "10.78.5.129"}));
@@ -80,6 +88,7 @@ TEST_F(WindowSiteTest, UnitsTheClientHearsAreRecordedAndRememberedAtTheNextStart
     {
         auto client = loopbackClient();
         VornLink::WindowSite site(*client, path());
+        ASSERT_TRUE(listed(site));
         EXPECT_TRUE(client->remembered().empty());
         client->ingest(report("10.78.5.129", "KT4-R00001"));
         client->ingest(report("10.78.5.129", "KT4-R00001"));
@@ -90,10 +99,38 @@ TEST_F(WindowSiteTest, UnitsTheClientHearsAreRecordedAndRememberedAtTheNextStart
     }
     auto restarted = loopbackClient();
     VornLink::WindowSite site(*restarted, path());
+    ASSERT_TRUE(listed(site));
     EXPECT_EQ(restarted->remembered(), std::vector<std::string>{"10.78.5.129"});
     ASSERT_EQ(restarted->deviceCount(), 1);
     EXPECT_TRUE(restarted->devices()[0].remembered);
     EXPECT_EQ(restarted->devices()[0].config.at("Serial"), "KT4-R00001");
     // Listing what was remembered records nothing new.
     EXPECT_EQ(storedUnits(site).size(), 1u);
+}
+
+TEST_F(WindowSiteTest, AUnitHeardBeforeTheRememberedOnesAreListedKeepsItsRowAndIsRecorded)
+{
+    {
+        auto store = Site::SiteStore::open(path());
+        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}, {"Channel", "7"}}, Site::Clock::now()},
+                                   {"10.77.1.20", "", {{"Serial", "KT4-S00001"}}, Site::Clock::now()}}));
+    }
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    // The window's thread hears a unit while the store is still being read.
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    ASSERT_TRUE(listed(site));
+    ASSERT_EQ(client->deviceCount(), 2);
+    const auto heard = client->device("10.78.5.129");
+    ASSERT_TRUE(heard);
+    EXPECT_FALSE(heard->remembered);
+    EXPECT_EQ(heard->config.at("Channel"), "3");
+    EXPECT_TRUE(client->device("10.77.1.20")->remembered);
+    std::map<std::string, Vorn::Config> latest;
+    site.recorder().runAndWait([&latest](Site::SiteStore& store) { latest = store.latestConfigurations(); });
+    ASSERT_EQ(latest.size(), 2u);
+    const auto recorded = std::find_if(latest.begin(), latest.end(),
+                                       [](const auto& unit) { return unit.second.at("Serial") == "KT4-R00001"; });
+    ASSERT_NE(recorded, latest.end());
+    EXPECT_EQ(recorded->second.at("Channel"), "3");
 }
