@@ -2,8 +2,9 @@
 // Starts a program, and reports the time from its start to the first line on
 // its standard error that contains "first frame", and its resident memory a
 // while later; then ends it. With --until, the wait for the memory reading
-// starts only once a line containing TEXT has come (say, the program reports
-// that every unit is listed); the program gets 60 s for each line.
+// starts only once a line containing TEXT has come too, before or after the
+// first frame (say, the program reports that every unit is listed); the
+// program gets 60 s for each line.
 //   startup_probe SETTLE_MS [--until TEXT] PROGRAM [ARG...]
 // Output: "first_frame_ms=<ms> rss_kib=<KiB>", with --until also
 // "until_ms=<ms>", the time from the start to the line with TEXT.
@@ -46,7 +47,7 @@ struct ErrorWatch {
             std::lock_guard lock(mutex);
             if (!firstFrame && std::strstr(buffer, "first frame"))
                 firstFrame = now;
-            if (firstFrame && !untilAt && !until.empty() && std::strstr(buffer, until.c_str()))
+            if (!untilAt && !until.empty() && std::strstr(buffer, until.c_str()))
                 untilAt = now;
             changed.notify_all();
         }

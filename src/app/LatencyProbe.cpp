@@ -71,9 +71,6 @@ void startLatencyProbe(QQuickWindow* window, VornClient* client)
         if (probe->list)
             qCInfo(lcLatency, "%d rows listed", probe->list->property("count").toInt());
     };
-    // Remembered units are listed before the window comes up.
-    if (client->deviceCount() > 0)
-        reportRows();
     QObject::connect(client, &VornClient::deviceCountChanged, window, reportRows);
 }
 
