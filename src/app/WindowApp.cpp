@@ -96,10 +96,13 @@ int runWindowApp(int& argc, char** argv)
     SharedClient::provide(engine, SharedClient::deviceFactory());
     WindowMemory::provide(engine, std::make_unique<QSettings>());
     // The store opens and is read on its own thread while the scene builds; its
-    // units are listed long before the first round asks them by unicast.
+    // units are listed after the first frame, long before the first round
+    // asks them by unicast.
     std::optional<WindowSite> siteMemory;
-    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
+    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site))) {
         siteMemory.emplace(*SharedClient::of(engine), *path);
+        siteMemory->holdListing();
+    }
     // The History tabs read and record through the store; not after it is gone.
     UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);
     const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
@@ -124,6 +127,10 @@ int runWindowApp(int& argc, char** argv)
     });
 
     reportFirstFrame(window);
+    if (siteMemory)
+        QObject::connect(
+            window, &QQuickWindow::frameSwapped, &*siteMemory, [&siteMemory] { siteMemory->releaseListing(); },
+            Qt::SingleShotConnection);
     startLatencyProbe(window, SharedClient::of(engine));
     bringToFront(window);
     QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {

@@ -3,6 +3,8 @@
 
 #include <QMetaObject>
 
+#include <utility>
+
 namespace VornLink {
 
 WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client), recorder_(path)
@@ -18,16 +20,33 @@ WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client
                              unit.lastSeen});
         }
         QMetaObject::invokeMethod(
-            this, [this, units = std::move(units)]() mutable { listRemembered(std::move(units)); },
+            this,
+            [this, units = std::move(units)]() mutable {
+                read_ = std::move(units);
+                if (!held_)
+                    releaseListing();
+            },
             Qt::QueuedConnection);
     });
+}
+
+void WindowSite::holdListing()
+{
+    held_ = true;
+}
+
+void WindowSite::releaseListing()
+{
+    held_ = false;
+    if (auto units = std::exchange(read_, std::nullopt))
+        listRemembered(std::move(*units));
 }
 
 void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units)
 {
     // Listed before the rows are recorded: what was remembered is not heard anew.
     client_.addRemembered(std::move(units));
-    connect(&client_, &VornClient::deviceAdded, this, [this](int row) { recordRows(row, row); });
+    connect(&client_, &VornClient::deviceAdded, this, &WindowSite::recordRows);
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
     recordRows(0, static_cast<int>(client_.devices().size()) - 1);
     emit rememberedListed();

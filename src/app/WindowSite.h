@@ -9,6 +9,9 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+#include <vector>
+
 #include "SiteRecorder.h"
 #include "VornClient.h"
 
@@ -25,6 +28,11 @@ public:
 
     Site::SiteRecorder& recorder() { return recorder_; }
 
+    // Keeps the remembered units back until releaseListing(): a window lists
+    // them after its first frame, which they would otherwise delay.
+    void holdListing();
+    void releaseListing();
+
 signals:
     // The remembered units are listed; from now on every unit heard is recorded.
     void rememberedListed();
@@ -34,6 +42,8 @@ private:
     void recordRows(int first, int last);
 
     VornClient& client_;
+    bool held_ = false;
+    std::optional<std::vector<VornClient::RememberedDevice>> read_;
     Site::SiteRecorder recorder_;
 };
 

@@ -22,7 +22,8 @@ void DeviceListModel::setClient(VornClient* client)
 
 void DeviceListModel::connectClient()
 {
-    connect(client_, &VornClient::deviceAboutToBeAdded, this, [this](int row) { beginInsertRows({}, row, row); });
+    connect(client_, &VornClient::deviceAboutToBeAdded, this,
+            [this](int first, int last) { beginInsertRows({}, first, last); });
     connect(client_, &VornClient::deviceAdded, this, [this] { endInsertRows(); });
     connect(client_, &VornClient::devicesUpdated, this,
             [this](int first, int last) { emit dataChanged(index(first), index(last)); });

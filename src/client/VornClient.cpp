@@ -186,11 +186,11 @@ void VornClient::ingest(Vorn::Reply reply, Vorn::Arrival arrival)
         return;
     }
     const QString address = QString::fromStdString(reply.deviceIp);
-    emit deviceAboutToBeAdded(row);
+    emit deviceAboutToBeAdded(row, row);
     devices_.insert(place,
                     std::make_unique<Device>(Device{std::move(reply.deviceIp), std::move(reply.config), now, arrival}));
     noteInserted(row);
-    emit deviceAdded(row);
+    emit deviceAdded(row, row);
     if (draining_)
         drainAdded_ = true;
     else

@@ -174,9 +174,10 @@ signals:
     void listeningChanged();
     void logChanged();
     void deviceCountChanged();
-    // Around the insertion of a new unit at `row`, so a model can follow.
-    void deviceAboutToBeAdded(int row);
-    void deviceAdded(int row);
+    // Around the insertion of new units at rows first..last, so a model can
+    // follow: one unit heard, or a run of remembered units listed at once.
+    void deviceAboutToBeAdded(int first, int last);
+    void deviceAdded(int first, int last);
     // Known units in rows first..last had their configuration and lastSeen
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);

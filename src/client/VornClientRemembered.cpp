@@ -24,24 +24,36 @@ void VornClient::remember(const std::string& address)
 
 void VornClient::addRemembered(std::vector<RememberedDevice> units)
 {
-    draining_ = true;
+    std::sort(units.begin(), units.end(), [](const auto& a, const auto& b) { return a.address < b.address; });
+    std::vector<std::unique_ptr<Device>> unlisted;
     for (auto& unit : units) {
         remember(unit.address);
-        const auto place = placeOf(unit.address);
-        if (place != devices_.end() && (*place)->ip == unit.address)
+        if (indexOf(unit.address) >= 0 || (!unlisted.empty() && unlisted.back()->ip == unit.address))
             continue;
+        unlisted.push_back(
+            std::make_unique<Device>(Device{std::move(unit.address), std::move(unit.config), unit.lastSeen, {}, true}));
+    }
+    if (unlisted.empty())
+        return;
+    // The units that go between the same two listed ones go in as one run:
+    // at start, with nothing listed yet, all of them at once.
+    draining_ = true;
+    for (auto first = unlisted.begin(); first != unlisted.end();) {
+        const auto place = placeOf((*first)->ip);
+        const auto last = place == devices_.end()
+                              ? unlisted.end()
+                              : std::find_if(first, unlisted.end(), [&](const auto& unit) { return unit->ip > (*place)->ip; });
         const int row = static_cast<int>(place - devices_.begin());
-        emit deviceAboutToBeAdded(row);
-        devices_.insert(place, std::make_unique<Device>(
-                                   Device{std::move(unit.address), std::move(unit.config), unit.lastSeen, {}, true}));
-        noteInserted(row);
-        emit deviceAdded(row);
-        drainAdded_ = true;
-        noteArrival(std::nullopt, Vorn::Arrival{});
+        const int lastRow = row + static_cast<int>(last - first) - 1;
+        emit deviceAboutToBeAdded(row, lastRow);
+        devices_.insert(place, std::make_move_iterator(first), std::make_move_iterator(last));
+        emit deviceAdded(row, lastRow);
+        for (auto unit = first; unit != last; ++unit)
+            noteArrival(std::nullopt, Vorn::Arrival{});
+        first = last;
     }
     draining_ = false;
-    if (std::exchange(drainAdded_, false))
-        emit deviceCountChanged();
+    emit deviceCountChanged();
     refreshNetworks();
 }
 

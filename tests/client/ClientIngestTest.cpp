@@ -21,14 +21,6 @@ Vorn::Reply report(const std::string& ip, Vorn::Config config = {})
     return Vorn::Reply{ip, Vorn::kCmdReport, std::move(config)};
 }
 
-std::vector<std::string> addresses(const VornClient& client)
-{
-    std::vector<std::string> ips;
-    for (const Device& device : client.devices())
-        ips.push_back(device.ip);
-    return ips;
-}
-
 }  // namespace
 
 TEST(ClientState, StartsWithStatusStartingAndEllipsisAndEmptyTableAndLog)

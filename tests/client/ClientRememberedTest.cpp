@@ -99,3 +99,48 @@ TEST_F(ClientRemembered, DroppedDiscoversAreNotSent)
     EXPECT_EQ(sent.count(), 1);
     EXPECT_TRUE(unit.receiveWithin(100ms).empty());
 }
+
+TEST_F(ClientRemembered, RememberedUnitsAreListedInOneRunIntoAnEmptyList)
+{
+    QSignalSpy about(client.get(), &VornClient::deviceAboutToBeAdded);
+    QSignalSpy added(client.get(), &VornClient::deviceAdded);
+    QSignalSpy count(client.get(), &VornClient::deviceCountChanged);
+    const auto now = WallClock::now();
+    client->addRemembered({{"10.0.0.9", {{"Channel", "9"}}, now},
+                           {"10.0.0.10", {{"Channel", "10"}}, now},
+                           {"10.0.0.2", {}, now}});
+    EXPECT_EQ(addresses(*client), (std::vector<std::string>{"10.0.0.10", "10.0.0.2", "10.0.0.9"}));
+    ASSERT_EQ(about.count(), 1);
+    EXPECT_EQ(about.at(0), (QVariantList{0, 2}));
+    EXPECT_EQ(added.at(0), (QVariantList{0, 2}));
+    EXPECT_EQ(count.count(), 1);
+    for (const auto& device : client->devices())
+        EXPECT_TRUE(device.remembered) << device.ip;
+    EXPECT_EQ(client->device("10.0.0.9")->config.at("Channel"), "9");
+}
+
+TEST_F(ClientRemembered, RememberedUnitsGoInAsOneRunBetweenEachPairOfListedUnitsAndListedOnesStay)
+{
+    client->ingest(Vorn::Reply{"10.0.0.3", Vorn::kCmdReport, {{"Channel", "1"}}});
+    client->ingest(Vorn::Reply{"10.0.0.6", Vorn::kCmdReport, {{"Channel", "1"}}});
+    QSignalSpy about(client.get(), &VornClient::deviceAboutToBeAdded);
+    const auto now = WallClock::now();
+    client->addRemembered({{"10.0.0.7", {}, now},
+                           {"10.0.0.1", {}, now},
+                           {"10.0.0.4", {}, now},
+                           {"10.0.0.6", {{"Channel", "2"}}, now},
+                           {"10.0.0.2", {}, now},
+                           {"10.0.0.5", {}, now},
+                           {"10.0.0.2", {}, now}});
+    EXPECT_EQ(addresses(*client), (std::vector<std::string>{"10.0.0.1", "10.0.0.2", "10.0.0.3", "10.0.0.4",
+                                                            "10.0.0.5", "10.0.0.6", "10.0.0.7"}));
+    // Before 10.0.0.3, between it and 10.0.0.6, after 10.0.0.6.
+    ASSERT_EQ(about.count(), 3);
+    EXPECT_EQ(about.at(0), (QVariantList{0, 1}));
+    EXPECT_EQ(about.at(1), (QVariantList{3, 4}));
+    EXPECT_EQ(about.at(2), (QVariantList{6, 6}));
+    // The unit heard in this run keeps what it said; every address is remembered once.
+    EXPECT_FALSE(client->device("10.0.0.6")->remembered);
+    EXPECT_EQ(client->device("10.0.0.6")->config.at("Channel"), "1");
+    EXPECT_EQ(client->remembered().size(), 6u);
+}

@@ -11,6 +11,14 @@ std::unique_ptr<VornClient> loopbackClient(std::uint16_t port)
     return std::make_unique<VornClient>(port, kUnitAddress);
 }
 
+std::vector<std::string> addresses(const VornClient& client)
+{
+    std::vector<std::string> ips;
+    for (const Device& device : client.devices())
+        ips.push_back(device.ip);
+    return ips;
+}
+
 bool processEventsUntil(const std::function<bool()>& done, std::chrono::milliseconds patience)
 {
     const auto deadline = std::chrono::steady_clock::now() + patience;

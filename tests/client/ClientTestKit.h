@@ -6,6 +6,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "FakeUnit.h"
 #include "VornClient.h"
@@ -14,6 +16,9 @@ namespace ClientTest {
 
 // A client whose discovery goes to the fake unit's address on `port`.
 std::unique_ptr<VornClient> loopbackClient(std::uint16_t port = freeUdpPort());
+
+// The listed units' addresses, in the client's order.
+std::vector<std::string> addresses(const VornClient& client);
 
 // Runs the event loop until `done` holds or `patience` passes; returns `done()`.
 bool processEventsUntil(const std::function<bool()>& done,

@@ -134,3 +134,38 @@ TEST_F(WindowSiteTest, AUnitHeardBeforeTheRememberedOnesAreListedKeepsItsRowAndI
     ASSERT_NE(recorded, latest.end());
     EXPECT_EQ(recorded->second.at("Channel"), "3");
 }
+
+TEST_F(WindowSiteTest, AHeldListingWaitsForItsReleaseAndThenListsWhatWasRead)
+{
+    {
+        auto store = Site::SiteStore::open(path());
+        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}}));
+    }
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    site.holdListing();
+    QSignalSpy listedSpy(&site, &VornLink::WindowSite::rememberedListed);
+    // What was read waits on this thread: the store's job has long finished.
+    site.recorder().runAndWait([](Site::SiteStore&) {});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(listedSpy.count(), 0);
+    EXPECT_EQ(client->deviceCount(), 0);
+    site.releaseListing();
+    EXPECT_EQ(listedSpy.count(), 1);
+    ASSERT_EQ(client->deviceCount(), 1);
+    EXPECT_TRUE(client->devices()[0].remembered);
+}
+
+TEST_F(WindowSiteTest, AListingReleasedBeforeTheStoreIsReadListsAsSoonAsItIs)
+{
+    {
+        auto store = Site::SiteStore::open(path());
+        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}}));
+    }
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    site.holdListing();
+    site.releaseListing();
+    ASSERT_TRUE(listed(site));
+    EXPECT_EQ(client->deviceCount(), 1);
+}
