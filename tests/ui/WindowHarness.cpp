@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WindowHarness.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTest>
 
 #include "FakeUnit.h"
+#include "Translations.h"
 #include "VisualTree.h"
 
 QNetworkReply* CountingNetwork::Manager::createRequest(Operation op, const QNetworkRequest& request, QIODevice* data)
@@ -27,6 +29,12 @@ void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 
 }  // namespace
 
+QString useLanguage(const QLocale& locale)
+{
+    static const QString loaded = VornLink::installTranslations(*QCoreApplication::instance(), locale);
+    return loaded;
+}
+
 Vorn::Config studioUnit()
 {
     return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
@@ -47,6 +55,7 @@ Window::Window()
 
 bool Window::load()
 {
+    useLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
     engine.setNetworkAccessManagerFactory(&network);
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     if (engine.rootObjects().isEmpty())
@@ -100,11 +109,28 @@ QStringList Window::visibleTexts()
     return texts;
 }
 
+QStringList Window::clippedTexts()
+{
+    QStringList found;
+    for (QQuickItem* text : visibleTextItems()) {
+        const bool wraps = text->property("wrapMode").toInt() != 0;
+        const bool elides = text->property("elide").toInt() != 0;
+        if (!wraps && !elides && text->implicitWidth() > text->width() + 1.0)
+            found << QStringLiteral("%1 (%2 wide in %3)")
+                         .arg(text->property("text").toString())
+                         .arg(text->implicitWidth())
+                         .arg(text->width());
+    }
+    return found;
+}
+
 QImage Window::shoot(const QString& name)
 {
     QTest::qWait(50);  // let the scene settle after the last change
     QImage image = window->grabWindow();
     QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
-    image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(name));
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR");
+    const QString file = scale.isEmpty() ? name : QStringLiteral("x%1-%2").arg(scale, name);
+    image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(file));
     return image;
 }
