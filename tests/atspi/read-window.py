@@ -8,7 +8,9 @@
 # from the last tab into the shown tab's first field, the Wire2 switch is
 # read, flipped through its Toggle action and saved through the Press action
 # of "Save changes"; the simulator's log must hold that write, and the unit
-# must report the new value to vornctl afterwards.
+# must report the new value to vornctl once the window has ended. Then the
+# window starts again as LANG=de_DE.UTF-8: German tabs and status line, and
+# the unit and tab it was left on.
 # run.sh starts it inside the LAN harness with three simulated units logging
 # to SIMLOG, under xvfb-run and then dbus-run-session (so that the AT-SPI
 # registry sees the display).
@@ -99,41 +101,83 @@ def main():
     scratch = tempfile.mkdtemp()
     runtime = os.path.join(scratch, "run")
     os.mkdir(runtime, 0o700)
-    # Its own runtime and temporary folders: a window of another session
-    # (single instance) must not take this launch over.
+    # Its own runtime, settings and temporary folders: a window of another
+    # session (single instance) must not take this launch over.
     environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", HOME=scratch, TMPDIR=scratch,
                        XDG_RUNTIME_DIR=runtime, XDG_CONFIG_HOME=scratch + "/config",
                        XDG_DATA_HOME=scratch + "/data", LANG="C.UTF-8", LC_ALL="C.UTF-8")
-    window = subprocess.Popen([program], env=environment, cwd=scratch,
-                              stderr=open(os.path.join(scratch, "stderr"), "w"))
+    stderr = os.path.join(scratch, "stderr")
+    window = None
     try:
+        window = subprocess.Popen([program], env=environment, cwd=scratch, stderr=open(stderr, "w"))
         address, wire2 = read_and_drive(simlog)
+        end_window(window)
         # The unit itself, asked once the window has let go of the port.
-        window.terminate()
-        window.wait(10)
         reported = unit_reports(vornctl, address, environment).get("config", {}).get("Wire2Enable")
         if reported != wire2:
             fail("the unit at %s reports Wire2Enable=%s, not %s" % (address, reported, wire2))
         print("read-window: the unit at %s reports Wire2Enable=%s" % (address, reported))
+        # Started again as LANG=de_DE.UTF-8 starts it, on the same settings.
+        german = dict(environment, LANG="de_DE.UTF-8")
+        del german["LC_ALL"]
+        window = subprocess.Popen([program], env=german, cwd=scratch, stderr=open(stderr, "a"))
+        read_again(address)
+        end_window(window)
     except SystemExit:
-        with open(os.path.join(scratch, "stderr")) as log:
+        with open(stderr) as log:
             print(log.read(), file=sys.stderr)
         raise
     finally:
-        if window.poll() is None:
+        if window is not None and window.poll() is None:
             window.terminate()
             window.wait(10)
         shutil.rmtree(scratch, ignore_errors=True)
     return 0
 
 
-def read_and_drive(simlog):
-    def application():
-        for candidate in pyatspi.Registry.getDesktop(0):
-            if candidate is not None and candidate.name == "VornLink":
-                return candidate
-        return None
+def end_window(window):
+    """Ends the window (SIGTERM) and waits for it; what it remembers was written when it changed."""
+    window.terminate()
+    try:
+        window.wait(15)
+    except subprocess.TimeoutExpired:
+        fail("the window did not end on SIGTERM")
 
+
+def application():
+    """The running VornLink on the AT-SPI bus, or None."""
+    for candidate in pyatspi.Registry.getDesktop(0):
+        if candidate is not None and candidate.name == "VornLink":
+            return candidate
+    return None
+
+
+def read_again(address):
+    """The restarted window, in German, on the unit and the tab it was left on."""
+    def tabs():
+        app = application()
+        found = [node for node in nodes_of(app) if node.getRoleName() == "page tab"] if app else []
+        return found if len(found) == 5 else None
+
+    tab_list = wait_for("the restarted window's editor", tabs)
+    names = [tab.name for tab in tab_list]
+    print("read-window: after the restart in German: tabs %s" % names)
+    if names != ["Tally", "Kommunikation", "Netzwerk", "Details", "Verlauf"]:
+        fail("the tabs are not the German ones: %s" % names)
+    selected = [tab.name for tab in tab_list if has(tab, pyatspi.STATE_SELECTED)]
+    if selected != ["Kommunikation"]:
+        fail("after the restart the selected tab is %s, not the one left" % selected)
+    app = application()
+    rows = [node for node in nodes_of(app) if node.getRoleName() == "list item" and has(node, pyatspi.STATE_SELECTED)]
+    if len(rows) != 1 or ROW.match(rows[0].name or "") is None or ROW.match(rows[0].name).group(1) != address:
+        fail("after the restart the selected row is %s, not the unit at %s" % ([row.name for row in rows], address))
+    status = [node.name for node in nodes_of(app) if node.getRoleName() == "status bar"]
+    if len(status) != 1 or not status[0].startswith("empfängt auf 23457"):
+        fail("status line after the restart: %r" % status)
+    print("read-window: after the restart %r is selected, the status line reads %r" % (rows[0].name, status[0]))
+
+
+def read_and_drive(simlog):
     app = wait_for("the VornLink application on the AT-SPI bus", application)
 
     def rows():
