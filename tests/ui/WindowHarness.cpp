@@ -112,14 +112,27 @@ QStringList Window::visibleTexts()
 QStringList Window::clippedTexts()
 {
     QStringList found;
+    const QRectF windowArea(QPointF(0, 0), window->size());
     for (QQuickItem* text : visibleTextItems()) {
+        const QString shown = text->property("text").toString();
         const bool wraps = text->property("wrapMode").toInt() != 0;
-        const bool elides = text->property("elide").toInt() != 0;
-        if (!wraps && !elides && text->implicitWidth() > text->width() + 1.0)
-            found << QStringLiteral("%1 (%2 wide in %3)")
-                         .arg(text->property("text").toString())
-                         .arg(text->implicitWidth())
-                         .arg(text->width());
+        // Text.ElideNone is Qt::ElideNone (3), not 0: 0 is Text.ElideLeft.
+        const bool elides = text->property("elide").toInt() != Qt::ElideNone;
+        if (!wraps && !elides && text->implicitWidth() > text->width() + 1.0) {
+            found << QStringLiteral("%1 (%2 wide in %3)").arg(shown).arg(text->implicitWidth()).arg(text->width());
+            continue;
+        }
+        // Laid out in full, but cut by the view or the window around it.
+        QQuickItem* clipping = text->parentItem();
+        while (clipping && !clipping->clip())
+            clipping = clipping->parentItem();
+        const QRectF area = clipping ? clipping->mapRectToScene(clipping->boundingRect()) : windowArea;
+        const QRectF drawn = text->mapRectToScene(QRectF(0, 0, text->width(), text->height()));
+        if (shown.trimmed().isEmpty() || drawn.isEmpty() || !drawn.intersects(area))
+            continue;  // scrolled out of its view, not cut
+        if (drawn.left() < area.left() - 1.0 || drawn.right() > area.right() + 1.0)
+            found << QStringLiteral("%1 (cut at the side of %2)")
+                         .arg(shown, clipping ? clipping->objectName() : QStringLiteral("the window"));
     }
     return found;
 }

@@ -3,6 +3,7 @@
 // look, and checked for the texts and parts each state must show.
 #include <algorithm>
 
+#include <QQmlComponent>
 #include <QQuickStyle>
 #include <QSignalSpy>
 #include <QTest>
@@ -300,6 +301,30 @@ private slots:
         const QStringList texts = w.visibleTexts();
         for (const char* expected : {"office", "192.168.50.20/24", "0 units", "studio", "10.77.1.5/24", "2 units"})
             QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+    }
+
+    // The check every shot runs finds a text squeezed into a narrower item
+    // and one running out of the window, and lets an eliding text be.
+    void clippedTextsAreFound()
+    {
+        Window w;
+        QVERIFY(w.load());
+        QVERIFY2(w.clippedTexts().isEmpty(), qPrintable(w.clippedTexts().join(QLatin1String(" | "))));
+        const auto place = [&](const QByteArray& text) {
+            QQmlComponent component(&w.engine);
+            component.setData("import QtQuick\n" + text, QUrl());
+            auto* item = qobject_cast<QQuickItem*>(component.create());
+            item->setParent(w.window->contentItem());
+            item->setParentItem(w.window->contentItem());
+            return item;
+        };
+        QQuickItem* squeezed = place("Text { text: \"Netzwerkeinstellungen\"; width: 30 }");
+        QCOMPARE(w.clippedTexts().size(), 1);
+        squeezed->setProperty("elide", Qt::ElideRight);
+        QVERIFY(w.clippedTexts().isEmpty());
+        QQuickItem* outside = place("Text { text: \"Anwenden\" }");
+        outside->setX(w.window->width() - outside->width() / 2);
+        QCOMPARE(w.clippedTexts().size(), 1);
     }
 
     void bindFailure()
