@@ -122,6 +122,10 @@ QStringList Window::clippedTexts()
             found << QStringLiteral("%1 (%2 wide in %3)").arg(shown).arg(text->implicitWidth()).arg(text->width());
             continue;
         }
+        if (!elides && text->implicitHeight() > text->height() + 1.0) {
+            found << QStringLiteral("%1 (%2 high in %3)").arg(shown).arg(text->implicitHeight()).arg(text->height());
+            continue;
+        }
         // Laid out in full, but cut by the view or the window around it.
         QQuickItem* clipping = text->parentItem();
         while (clipping && !clipping->clip())

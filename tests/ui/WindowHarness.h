@@ -61,8 +61,9 @@ struct Window {
     QStringList visibleTexts();
     // Every visible Text item, for checks of where texts were laid out.
     QList<QQuickItem*> visibleTextItems();
-    // The texts on screen laid out wider than their item that neither elide
-    // nor wrap: cut off, or running over whatever is next to them.
+    // The texts on screen that do not fit and do not elide: wider than their
+    // item without wrapping, lower than their lines, or cut at the side by a
+    // clipping view or the window's edge.
     QStringList clippedTexts();
     // Saves the window as window-shots/NAME.png, or x<SCALE>-NAME.png under
     // QT_SCALE_FACTOR, and returns the image.

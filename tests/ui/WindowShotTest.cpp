@@ -303,8 +303,9 @@ private slots:
             QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
     }
 
-    // The check every shot runs finds a text squeezed into a narrower item
-    // and one running out of the window, and lets an eliding text be.
+    // The check every shot runs finds a text squeezed into a narrower item,
+    // one running out of the window and one lower than its lines, and lets
+    // an eliding text be.
     void clippedTextsAreFound()
     {
         Window w;
@@ -325,6 +326,11 @@ private slots:
         QQuickItem* outside = place("Text { text: \"Anwenden\" }");
         outside->setX(w.window->width() - outside->width() / 2);
         QCOMPARE(w.clippedTexts().size(), 1);
+        outside->setX(0);
+        QQuickItem* low = place("Text { text: \"Neu:\\nIP\\nMaske\"; width: 200; height: 12 }");
+        QCOMPARE(w.clippedTexts().size(), 1);
+        low->setHeight(low->implicitHeight());
+        QVERIFY(w.clippedTexts().isEmpty());
     }
 
     void bindFailure()
