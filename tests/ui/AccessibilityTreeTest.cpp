@@ -3,7 +3,9 @@
 // way a platform does it, the accessibility tree walked in each state of the
 // window, and every interactive item checked for a name and its role.
 #include <QAccessible>
+#include <QQmlComponent>
 #include <QQuickStyle>
+#include <QSignalSpy>
 #include <QTest>
 #include <QtGui/private/qguiapplication_p.h>
 #include <QtQml/QQmlExtensionPlugin>
@@ -174,7 +176,7 @@ private slots:
         QAccessibleInterface* status = nodeOf(w, "statusText");
         QCOMPARE(status->role(), QAccessible::StatusBar);
         QTRY_COMPARE(status->text(QAccessible::Name), w.client()->status());
-        QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("0 unit(s) known"));
+        QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("0 units known"));
         QCOMPARE(nodeOf(w, "deviceList")->role(), QAccessible::List);
         QCOMPARE(nodeOf(w, "deviceList")->text(QAccessible::Name), QStringLiteral("Base stations"));
     }
@@ -197,7 +199,7 @@ private slots:
                 rows.append(node->text(QAccessible::Name));
         QCOMPARE(rows, (QStringList{QStringLiteral("KT400 \u00b70002C9, 10.232.1.10, online"),
                                     QStringLiteral("KT400 \u00b70001B7, 10.232.1.2, online")}));
-        QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("2 unit(s) known"));
+        QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("2 units known"));
         // The selected row says so.
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.2"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
@@ -265,6 +267,75 @@ private slots:
             QVERIFY(toggle->state().checkable);
             QVERIFY(toggle->state().checked);
         }
+    }
+
+    // Each of the window's buttons and switches, alone, driven through the
+    // action a screen reader offers: it acts once, as a click does, and not
+    // while disabled; a switch or a box also tells its owner (toggled).
+    void actions_data()
+    {
+        QTest::addColumn<QByteArray>("control");
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QByteArray>("signal");
+        const QByteArray clicked = SIGNAL(clicked());
+        const QByteArray toggled = SIGNAL(toggled());
+        QTest::newRow("accent") << QByteArray("AccentButton { tint: \"cyan\"; text: \"Save\" }") << "Press" << clicked;
+        QTest::newRow("ghost") << QByteArray("GhostButton { tint: \"white\"; text: \"Reload\" }") << "Press" << clicked;
+        QTest::newRow("activity") << QByteArray("ActivityToggle { shown: false }") << "Press" << clicked;
+        QTest::newRow("networks") << QByteArray("NetworksButton { networks: [] }") << "Press" << clicked;
+        QTest::newRow("menu-entry") << QByteArray("FleetMenuEntry { glyph: \"\"; text: \"Export\" }") << "Press" << clicked;
+        QTest::newRow("switch") << QByteArray("Toggle {}") << "Toggle" << toggled;
+        QTest::newRow("switch-press") << QByteArray("Toggle {}") << "Press" << toggled;
+        QTest::newRow("box") << QByteArray("TickBox { text: \"Include\" }") << "Toggle" << toggled;
+    }
+
+    void actions()
+    {
+        QFETCH(QByteArray, control);
+        QFETCH(QString, action);
+        QFETCH(QByteArray, signal);
+        QQmlEngine engine;
+        QQmlComponent component(&engine);
+        // Beside the window's own files, as they meet each other.
+        component.setData(control, QUrl(QStringLiteral("qrc:/VornLink/Probe.qml")));
+        std::unique_ptr<QObject> made{component.create()};
+        auto* item = qobject_cast<QQuickItem*>(made.get());
+        QVERIFY2(item, qPrintable(component.errorString()));
+        QQuickWindow window;
+        item->setParentItem(window.contentItem());
+        QAccessibleInterface* node = QAccessible::queryAccessibleInterface(item);
+        QVERIFY(node && node->actionInterface());
+        const QStringList names = node->actionInterface()->actionNames();
+        QVERIFY2(names.count(action) == 1, qPrintable(names.join(u',')));
+
+        QSignalSpy acted(item, signal.constData());
+        const bool wasChecked = item->property("checked").toBool();
+        node->actionInterface()->doAction(action);
+        QCOMPARE(acted.count(), 1);
+        if (signal == SIGNAL(toggled()))
+            QCOMPARE(item->property("checked").toBool(), !wasChecked);
+        item->setEnabled(false);
+        node->actionInterface()->doAction(action);
+        QCOMPARE(acted.count(), 1);
+    }
+
+    // A stepper's buttons and the tabs act through their Press action.
+    void pressActionsInTheEditor()
+    {
+        Window w;
+        QVERIFY(w.load());
+        QVERIFY(openStudioUnit(w));
+        QQuickItem* stepper = w.item("tallyTypeStepper");
+        auto* increase = stepper->findChild<QQuickItem*>(QStringLiteral("increase"));
+        QVERIFY(increase);
+        QAccessible::queryAccessibleInterface(increase)->actionInterface()->doAction(QStringLiteral("Press"));
+        QTRY_COMPARE(QAccessible::queryAccessibleInterface(stepper)->valueInterface()->currentValue().toInt(), 3);
+
+        QAccessibleInterface* network = nodeOf(w, "segment2");
+        QCOMPARE(network->actionInterface()->actionNames().count(QStringLiteral("Press")), 1);
+        network->actionInterface()->doAction(QStringLiteral("Press"));
+        QTRY_COMPARE(w.detailView()->property("tab").toInt(), 2);
+        QVERIFY(network->state().selected);
     }
 
     void networkConfirmationOpen()

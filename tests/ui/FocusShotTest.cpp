@@ -5,6 +5,7 @@
 // ring's colour where the ring is drawn. The tooltips name the shortcuts.
 #include <QQmlProperty>
 #include <QQuickStyle>
+#include <QSignalSpy>
 #include <QTest>
 #include <QtQml/QQmlExtensionPlugin>
 
@@ -153,6 +154,21 @@ private slots:
         const QString native = QKeySequence(keys).toString(QKeySequence::NativeText);
         QCOMPARE(QQmlProperty::read(item, QStringLiteral("ToolTip.text"), qmlContext(item)).toString(),
                  QStringLiteral("%1 (%2)").arg(text, native));
+    }
+
+    // Ctrl+Q quits from wherever the keyboard is.
+    void quitShortcut()
+    {
+        Window w;
+        QVERIFY(w.load());
+        QSignalSpy quit(&w.engine, &QQmlEngine::quit);
+        QTest::keyClick(w.window, Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quit.count(), 1);
+        // Also from a text field.
+        w.item("addressField")->forceActiveFocus();
+        QVERIFY(w.item("addressField")->hasActiveFocus());
+        QTest::keyClick(w.window, Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quit.count(), 2);
     }
 
     void networkConfirmation()

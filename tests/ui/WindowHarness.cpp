@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WindowHarness.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTest>
 
 #include "FakeUnit.h"
+#include "Translations.h"
 #include "VisualTree.h"
 
 QNetworkReply* CountingNetwork::Manager::createRequest(Operation op, const QNetworkRequest& request, QIODevice* data)
@@ -27,6 +29,12 @@ void collect(QQuickItem* item, QList<QQuickItem*>& texts)
 
 }  // namespace
 
+QString useLanguage(const QLocale& locale)
+{
+    static const QString loaded = VornLink::installTranslations(*QCoreApplication::instance(), locale);
+    return loaded;
+}
+
 Vorn::Config studioUnit()
 {
     return {{"IPAddress", "10.232.1.10"}, {"Netmask", "255.255.0.0"},    {"Gateway", "10.232.0.1"},
@@ -47,6 +55,7 @@ Window::Window()
 
 bool Window::load()
 {
+    useLanguage(QLocale(QLocale::English, QLocale::UnitedStates));
     engine.setNetworkAccessManagerFactory(&network);
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     if (engine.rootObjects().isEmpty())
@@ -100,11 +109,45 @@ QStringList Window::visibleTexts()
     return texts;
 }
 
+QStringList Window::clippedTexts()
+{
+    QStringList found;
+    const QRectF windowArea(QPointF(0, 0), window->size());
+    for (QQuickItem* text : visibleTextItems()) {
+        const QString shown = text->property("text").toString();
+        const bool wraps = text->property("wrapMode").toInt() != 0;
+        // Text.ElideNone is Qt::ElideNone (3), not 0: 0 is Text.ElideLeft.
+        const bool elides = text->property("elide").toInt() != Qt::ElideNone;
+        if (!wraps && !elides && text->implicitWidth() > text->width() + 1.0) {
+            found << QStringLiteral("%1 (%2 wide in %3)").arg(shown).arg(text->implicitWidth()).arg(text->width());
+            continue;
+        }
+        if (!elides && text->implicitHeight() > text->height() + 1.0) {
+            found << QStringLiteral("%1 (%2 high in %3)").arg(shown).arg(text->implicitHeight()).arg(text->height());
+            continue;
+        }
+        // Laid out in full, but cut by the view or the window around it.
+        QQuickItem* clipping = text->parentItem();
+        while (clipping && !clipping->clip())
+            clipping = clipping->parentItem();
+        const QRectF area = clipping ? clipping->mapRectToScene(clipping->boundingRect()) : windowArea;
+        const QRectF drawn = text->mapRectToScene(QRectF(0, 0, text->width(), text->height()));
+        if (shown.trimmed().isEmpty() || drawn.isEmpty() || !drawn.intersects(area))
+            continue;  // scrolled out of its view, not cut
+        if (drawn.left() < area.left() - 1.0 || drawn.right() > area.right() + 1.0)
+            found << QStringLiteral("%1 (cut at the side of %2)")
+                         .arg(shown, clipping ? clipping->objectName() : QStringLiteral("the window"));
+    }
+    return found;
+}
+
 QImage Window::shoot(const QString& name)
 {
     QTest::qWait(50);  // let the scene settle after the last change
     QImage image = window->grabWindow();
     QDir().mkpath(QStringLiteral(VORN_SHOT_DIR));
-    image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(name));
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR");
+    const QString file = scale.isEmpty() ? name : QStringLiteral("x%1-%2").arg(scale, name);
+    image.save(QStringLiteral(VORN_SHOT_DIR "/%1.png").arg(file));
     return image;
 }

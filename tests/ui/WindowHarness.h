@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QImage>
+#include <QLocale>
 #include <QNetworkAccessManager>
 #include <QQmlApplicationEngine>
 #include <QQmlNetworkAccessManagerFactory>
@@ -31,6 +32,12 @@ public:
     QNetworkAccessManager* create(QObject* parent) override { return new Manager(parent); }
 };
 
+// Installs the program's translations for `locale` as the program does at
+// start, once per test process (the first call wins; Window::load asks for
+// English, whose file gives the plural forms: "1 network", not "1
+// network(s)"). Returns the language loaded, e.g. "en" or "de".
+QString useLanguage(const QLocale& locale);
+
 // A unit as a studio has it: every key the editor shows, firmware and serial.
 Vorn::Config studioUnit();
 
@@ -54,7 +61,12 @@ struct Window {
     QStringList visibleTexts();
     // Every visible Text item, for checks of where texts were laid out.
     QList<QQuickItem*> visibleTextItems();
-    // Saves the window as window-shots/NAME.png and returns the image.
+    // The texts on screen that do not fit and do not elide: wider than their
+    // item without wrapping, lower than their lines, or cut at the side by a
+    // clipping view or the window's edge.
+    QStringList clippedTexts();
+    // Saves the window as window-shots/NAME.png, or x<SCALE>-NAME.png under
+    // QT_SCALE_FACTOR, and returns the image.
     QImage shoot(const QString& name);
 
     std::uint16_t port = 0;

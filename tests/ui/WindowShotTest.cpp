@@ -3,6 +3,7 @@
 // look, and checked for the texts and parts each state must show.
 #include <algorithm>
 
+#include <QQmlComponent>
 #include <QQuickStyle>
 #include <QSignalSpy>
 #include <QTest>
@@ -35,6 +36,17 @@ const Vorn::Arrival kOnStudio{kStudio.index, kStudio.address};
 
 // The studio unit at a loopback address, so a save stays on this machine.
 constexpr const char* kSavedUnit = "127.0.0.5";
+
+// Shoots the window as NAME and fails on any text that does not fit its item.
+QImage shoot(Window& w, const QString& name)
+{
+    const QImage shot = w.shoot(name);
+    const QStringList clipped = w.clippedTexts();
+    if (!clipped.isEmpty())
+        QTest::qFail(qPrintable(name + QStringLiteral(": wider than their item: ") + clipped.join(QLatin1String(" | "))),
+                     __FILE__, __LINE__);
+    return shot;
+}
 
 Vorn::Config savedUnit(const Vorn::Config& changes = {})
 {
@@ -79,7 +91,7 @@ private slots:
         Window w;
         QVERIFY(w.load());
         QTRY_VERIFY(w.client()->status().startsWith(QStringLiteral("listening on ")));
-        const QImage shot = w.shoot(QStringLiteral("no-units"));
+        const QImage shot = shoot(w, QStringLiteral("no-units"));
         QCOMPARE(shot.size(), w.window->size() * w.window->devicePixelRatio());
 
         const QStringList texts = w.visibleTexts();
@@ -104,7 +116,7 @@ private slots:
         w.ingest("10.232.1.1", unitConfig("KT4-0004F1", "1"));
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("detailTitle") != nullptr);
-        w.shoot(QStringLiteral("three-units"));
+        shoot(w, QStringLiteral("three-units"));
 
         const QStringList texts = w.visibleTexts();
         QVERIFY(!texts.contains(QStringLiteral("Scanning the network\u2026")));
@@ -153,6 +165,9 @@ private slots:
                                                 "SwitcherModel", "0", "Channel", "3", "CallMagic", "studio-b",
                                                 "TallyType", "2", "TallyGpioType", "1", "AtemExtTally", "1",
                                                 "Serial", "KT4-0002C9", "Version", "2.4.1"};
+        QTest::newRow("history") << "segment4"
+                                 << QStringList{"Configuration history", "Show passwords",
+                                                "VornLink is not remembering this site."};
     }
 
     void editorTabs()
@@ -163,7 +178,7 @@ private slots:
         QVERIFY(w.load());
         QVERIFY(openStudioUnit(w));
         clickOn(w, qPrintable(segment));
-        w.shoot(QStringLiteral("editor-") + QString::fromUtf8(QTest::currentDataTag()));
+        shoot(w, QStringLiteral("editor-") + QString::fromUtf8(QTest::currentDataTag()));
 
         const QStringList texts = w.visibleTexts();
         // The header and the tab bar on every tab.
@@ -190,7 +205,7 @@ private slots:
         w.field("network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
         w.detailView()->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Apply network settings to 10.232.1.10?")));
-        w.shoot(QStringLiteral("editor-network-confirm"));
+        shoot(w, QStringLiteral("editor-network-confirm"));
 
         const QStringList texts = w.visibleTexts();
         for (const char* expected : {"unsaved changes", "Apply network settings to 10.232.1.10?", "Apply", "Cancel"})
@@ -211,7 +226,7 @@ private slots:
         w.client()->writeChanges("10.232.1.10", {{"Channel", "4"}});
         clickOn(w, "activityToggle");
         QTRY_VERIFY(w.item("activityPane")->isVisible());
-        w.shoot(QStringLiteral("activity-pane"));
+        shoot(w, QStringLiteral("activity-pane"));
 
         const QStringList log = w.client()->log();
         QVERIFY(log.last().endsWith(QStringLiteral("  write \u2192 10.232.1.10: Channel=4")));
@@ -262,11 +277,11 @@ private slots:
         w.item("contentView")->setProperty("selection", selection);
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         clickOn(w, qPrintable(segment));
-        w.shoot(QStringLiteral("network-warnings-") + QString::fromUtf8(QTest::currentDataTag()));
+        shoot(w, QStringLiteral("network-warnings-") + QString::fromUtf8(QTest::currentDataTag()));
 
         const QStringList texts = w.visibleTexts();
         for (const char* always : {"192.168.0.50", " \u00b7 wrong subnet", "10.77.1.30", " \u00b7 address conflict",
-                                   "10.77.1.20", "2 network(s)"})
+                                   "10.77.1.20", "2 networks"})
             QVERIFY2(texts.contains(QString::fromUtf8(always)), always);
         for (const QString& text : expected)
             QVERIFY2(texts.contains(text), qPrintable(text));
@@ -281,11 +296,41 @@ private slots:
         w.ingest("10.77.1.21", {{"Serial", "KT4-0001B8"}}, kOnStudio);
         clickOn(w, "networksButton");
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Discovery goes out on")));
-        w.shoot(QStringLiteral("networks-popup"));
+        shoot(w, QStringLiteral("networks-popup"));
 
         const QStringList texts = w.visibleTexts();
-        for (const char* expected : {"office", "192.168.50.20/24", "0 unit(s)", "studio", "10.77.1.5/24", "2 unit(s)"})
+        for (const char* expected : {"office", "192.168.50.20/24", "0 units", "studio", "10.77.1.5/24", "2 units"})
             QVERIFY2(texts.contains(QString::fromUtf8(expected)), expected);
+    }
+
+    // The check every shot runs finds a text squeezed into a narrower item,
+    // one running out of the window and one lower than its lines, and lets
+    // an eliding text be.
+    void clippedTextsAreFound()
+    {
+        Window w;
+        QVERIFY(w.load());
+        QVERIFY2(w.clippedTexts().isEmpty(), qPrintable(w.clippedTexts().join(QLatin1String(" | "))));
+        const auto place = [&](const QByteArray& text) {
+            QQmlComponent component(&w.engine);
+            component.setData("import QtQuick\n" + text, QUrl());
+            auto* item = qobject_cast<QQuickItem*>(component.create());
+            item->setParent(w.window->contentItem());
+            item->setParentItem(w.window->contentItem());
+            return item;
+        };
+        QQuickItem* squeezed = place("Text { text: \"Netzwerkeinstellungen\"; width: 30 }");
+        QCOMPARE(w.clippedTexts().size(), 1);
+        squeezed->setProperty("elide", Qt::ElideRight);
+        QVERIFY(w.clippedTexts().isEmpty());
+        QQuickItem* outside = place("Text { text: \"Anwenden\" }");
+        outside->setX(w.window->width() - outside->width() / 2);
+        QCOMPARE(w.clippedTexts().size(), 1);
+        outside->setX(0);
+        QQuickItem* low = place("Text { text: \"Neu:\\nIP\\nMaske\"; width: 200; height: 12 }");
+        QCOMPARE(w.clippedTexts().size(), 1);
+        low->setHeight(low->implicitHeight());
+        QVERIFY(w.clippedTexts().isEmpty());
     }
 
     void bindFailure()
@@ -296,7 +341,7 @@ private slots:
         QVERIFY(w.load());
         const QString status = QStringLiteral("cannot bind UDP %1 (in use?)").arg(w.port);
         QTRY_COMPARE(w.client()->status(), status);
-        w.shoot(QStringLiteral("bind-failure"));
+        shoot(w, QStringLiteral("bind-failure"));
         ::close(holder);
 
         const QStringList texts = w.visibleTexts();
@@ -314,7 +359,7 @@ private slots:
         w.ingest("10.232.1.5", {{"Serial", serial}});
         w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.5"));
         QTRY_VERIFY(w.item("detailTitle") != nullptr);
-        w.shoot(QStringLiteral("untrusted-serial"));
+        shoot(w, QStringLiteral("untrusted-serial"));
 
         const QString title = w.client()->device("10.232.1.5")->title();
         QVERIFY(title.endsWith(QStringLiteral("</b>")));
@@ -371,14 +416,14 @@ private slots:
             w.client()->clock()->tick();
         }
         QTRY_VERIFY(w.item("saveVerdict")->isVisible());
-        w.shoot(QStringLiteral("verdict-") + kind);
+        shoot(w, QStringLiteral("verdict-") + kind);
         QVERIFY2(w.visibleTexts().contains(expected), qPrintable(w.visibleTexts().join(" | ")));
         QCOMPARE(w.item("showMovedButton")->isVisible(), kind == "moved");
 
         if (kind == "not-confirmed") {
             w.detailView()->setProperty("tab", 3);
             QTRY_VERIFY(w.item("lastSave")->isVisible());
-            w.shoot(QStringLiteral("verdict-not-confirmed-details"));
+            shoot(w, QStringLiteral("verdict-not-confirmed-details"));
             QVERIFY(w.visibleTexts().contains(QStringLiteral("AtemPort: wrote 9911, unit reports 9910\n"
                                                              "Channel: wrote 5, unit reports 3")));
         }

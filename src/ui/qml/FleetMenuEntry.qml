@@ -13,6 +13,10 @@ MenuItem {
     padding: Theme.gapMedium
     spacing: Theme.gapMedium
 
+    // A menu entry has no press action of its own: a screen reader's Press
+    // clicks it, as Space does (not while disabled).
+    Accessible.onPressAction: if (root.enabled) root.clicked()
+
     contentItem: Row {
         spacing: root.spacing
 

@@ -19,6 +19,12 @@ Button {
     // Return and Enter press the focused button, as Space does.
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
+    // A screen reader's Press clicks it, as Space does; Qt's own Press
+    // action does nothing on a button here.
+    function accessiblePressAction() {
+        if (root.enabled)
+            root.clicked();
+    }
 
     Behavior on opacity {
         NumberAnimation { duration: 120; easing.type: Easing.BezierSpline; easing.bezierCurve: [0, 0, 0.58, 1, 1, 1] }

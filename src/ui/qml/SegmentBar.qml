@@ -61,6 +61,8 @@ Rectangle {
                 Accessible.description: segmentShortcut.nativeText
                 Accessible.selectable: true
                 Accessible.selected: segment.current
+                // A tab has no press action of its own: a screen reader switches tabs with this one.
+                Accessible.onPressAction: segment.clicked()
                 ToolTip.visible: segment.hovered
                 ToolTip.delay: Theme.toolTipDelay
                 ToolTip.text: qsTr("%1 (%2)").arg(segment.modelData).arg(segmentShortcut.nativeText)

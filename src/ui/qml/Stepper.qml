@@ -44,6 +44,12 @@ Rectangle {
         Keys.onDownPressed: if (root.canDecrease) root.stepped(-1)
         Keys.onReturnPressed: button.clicked()
         Keys.onEnterPressed: button.clicked()
+        // A screen reader's Press clicks it, as Space does; Qt's own Press
+        // action does nothing on a button here.
+        function accessiblePressAction() {
+            if (button.enabled)
+                button.clicked();
+        }
 
         FocusRing {
             shown: button.visualFocus

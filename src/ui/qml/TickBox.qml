@@ -11,6 +11,20 @@ CheckBox {
     spacing: Theme.gap
     padding: 0
 
+    // A screen reader's Toggle or Press flips it as a click does, toggled()
+    // included: Qt's own Toggle only sets `checked`, which the owner never
+    // hears of (and which breaks the binding to its value). Like a click, it
+    // does nothing while disabled.
+    function accessibleToggleAction() {
+        if (!root.enabled)
+            return;
+        root.toggle();
+        root.toggled();
+    }
+    function accessiblePressAction() {
+        root.accessibleToggleAction();
+    }
+
     indicator: Rectangle {
         implicitWidth: Theme.fleetBoxSize
         implicitHeight: Theme.fleetBoxSize

@@ -15,6 +15,20 @@ Switch {
     padding: 0
     spacing: 0
 
+    // A screen reader's Toggle or Press flips it as a click does, toggled()
+    // included: Qt's own Toggle only sets `checked`, which the owner never
+    // hears of (and which breaks the binding to its value). Like a click, it
+    // does nothing while disabled.
+    function accessibleToggleAction() {
+        if (!root.enabled)
+            return;
+        root.toggle();
+        root.toggled();
+    }
+    function accessiblePressAction() {
+        root.accessibleToggleAction();
+    }
+
     FocusRing {
         shown: root.visualFocus
         targetRadius: root.height / 2
