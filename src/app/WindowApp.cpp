@@ -21,7 +21,7 @@
 #include "Translations.h"
 #include "WindowMemory.h"
 #include "SiteLocation.h"
-#include "UnitHistory.h"
+#include "WindowRecorder.h"
 #include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
@@ -100,9 +100,9 @@ int runWindowApp(int& argc, char** argv)
     std::optional<WindowSite> siteMemory;
     if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
         siteMemory.emplace(*SharedClient::of(engine), *path);
-    // The History tabs read and record through the store; not after it is gone.
-    UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);
-    const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
+    // The History tabs and every write from the window go through the store; not after it is gone.
+    WindowRecorder::use(siteMemory ? &siteMemory->recorder() : nullptr);
+    const auto forgetRecorder = qScopeGuard([] { WindowRecorder::use(nullptr); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
@@ -124,6 +124,13 @@ int runWindowApp(int& argc, char** argv)
     });
 
     reportFirstFrame(window);
+    if (siteMemory) {
+        // Earlier runs' activity is read after the first frame, off its path.
+        WindowSite* site = &*siteMemory;
+        QObject::connect(
+            window, &QQuickWindow::frameSwapped, site, [site] { site->showEarlierActivity(); },
+            Qt::SingleShotConnection);
+    }
     startLatencyProbe(window, SharedClient::of(engine));
     bringToFront(window);
     QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {
