@@ -172,6 +172,27 @@ TestCase {
         compare(row(1).lastSeenNote, "");
     }
 
+    function test_a_forgotten_unit_leaves_a_selection_of_several() {
+        openWindow(storeWith([]));
+        for (let i = 1; i <= 3; ++i)
+            TestKit.ingest(client, "10.232.1." + i, unitConfig("10.232.1." + i, "KT4-00000" + i));
+        mouseClick(row(0));
+        keyClick(Qt.Key_A, Qt.ControlModifier);
+        compare(view.unitSelection.count, 3);
+
+        mouseClick(row(1), 40, 20, Qt.RightButton);
+        const menu = child("unitRowMenu");
+        tryVerify(() => menu.opened);
+        mouseClick(menu.itemAt(0));
+        tryVerify(() => forgetDialog().opened);
+        mouseClick(findChild(forgetDialog(), "forgetButton"));
+        tryVerify(() => !forgetDialog().visible);
+
+        compare(client.deviceCount, 2);
+        compare(view.unitSelection.addresses, ["10.232.1.1", "10.232.1.3"]);
+        verify(view.multiSelected);
+    }
+
     function test_earlier_runs_activity_shows_above_this_runs_under_date_lines() {
         const file = storeWith(["10.232.1.7"]);
         openWindow(file);
