@@ -260,8 +260,10 @@ void VornClient::setSiteNotice(const QString& notice)
 
 void VornClient::showEarlierLog(const std::vector<EarlierEntry>& entries)
 {
-    activity_->insertEarlier(
-        earlierLogLines(entries, kLogLimit - activity_->lines().size(), clock_->nowDateTime().toLocalTime().date()));
+    const QStringList lines =
+        earlierLogLines(entries, kLogLimit - activity_->lines().size(), clock_->nowDateTime().toLocalTime().date());
+    qCInfo(lcVornClient) << "earlier runs' activity:" << lines.size() << "lines of" << entries.size() << "entries";
+    activity_->insertEarlier(lines);
 }
 
 void VornClient::addLog(const QString& message)
