@@ -339,6 +339,19 @@
     </message>
 </context>
 <context>
+    <name>EarlierLog</name>
+    <message>
+        <source>—— %1 ——</source>
+        <comment>a date line above a day&apos;s earlier activity</comment>
+        <translation>—— %1 ——</translation>
+    </message>
+    <message>
+        <source>—— %1 · this run ——</source>
+        <comment>the line between earlier runs&apos; activity and this run&apos;s</comment>
+        <translation>—— %1 · dieser Lauf ——</translation>
+    </message>
+</context>
+<context>
     <name>EditorHeader</name>
     <message>
         <source>Ch %1</source>
@@ -422,6 +435,14 @@
     <message>
         <source>Import</source>
         <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Forget this unit…</source>
+        <translation>Dieses Gerät vergessen…</translation>
+    </message>
+    <message>
+        <source>Forget this unit</source>
+        <translation>Dieses Gerät vergessen</translation>
     </message>
 </context>
 <context>
@@ -534,6 +555,25 @@
     <message>
         <source>Scan addresses…</source>
         <translation>Adressen durchsuchen…</translation>
+    </message>
+</context>
+<context>
+    <name>ForgetUnitDialog</name>
+    <message>
+        <source>Forget %1?</source>
+        <translation>%1 vergessen?</translation>
+    </message>
+    <message>
+        <source>The unit at %1 leaves the list, with the configuration history and the writes VornLink remembers of it. Nothing is sent to the unit. A unit that is online comes back as soon as it answers again.</source>
+        <translation>Das Gerät unter %1 verschwindet aus der Liste, mit dem Konfigurationsverlauf und den Schreibvorgängen, die VornLink sich von ihm gemerkt hat. An das Gerät wird nichts gesendet. Ein Gerät, das online ist, erscheint wieder, sobald es erneut antwortet.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Vergessen</translation>
     </message>
 </context>
 <context>
@@ -1067,6 +1107,17 @@
     </message>
 </context>
 <context>
+    <name>UnitRowMenu</name>
+    <message>
+        <source>Forget this unit…</source>
+        <translation>Dieses Gerät vergessen…</translation>
+    </message>
+    <message>
+        <source>Forget this unit</source>
+        <translation>Dieses Gerät vergessen</translation>
+    </message>
+</context>
+<context>
     <name>UnitTransfer</name>
     <message>
         <source>No unit to export</source>
@@ -1174,6 +1225,10 @@
         <source>write refused → %1: not an IPv4 address</source>
         <translation>Schreiben abgelehnt → %1: keine IPv4-Adresse</translation>
     </message>
+    <message>
+        <source>forgot %1</source>
+        <translation>vergessen: %1</translation>
+    </message>
 </context>
 <context>
     <name>VornLink</name>
@@ -1188,6 +1243,21 @@
 </source>
         <translation>vornlink: das Fenster konnte nicht erstellt werden
 </translation>
+    </message>
+</context>
+<context>
+    <name>VornLink::WindowSite</name>
+    <message>
+        <source>The site file was damaged; kept as %1 and started a new one</source>
+        <translation>Die Standortdatei war beschädigt; sie wurde als %1 aufbewahrt und eine neue begonnen</translation>
+    </message>
+    <message>
+        <source>This site file is from a newer VornLink; changes are not remembered</source>
+        <translation>Diese Standortdatei stammt von einem neueren VornLink; Änderungen werden nicht gemerkt</translation>
+    </message>
+    <message>
+        <source>Not remembering: %1</source>
+        <translation>Wird nicht gemerkt: %1</translation>
     </message>
 </context>
 <context>

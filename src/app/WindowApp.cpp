@@ -21,7 +21,7 @@
 #include "Translations.h"
 #include "WindowMemory.h"
 #include "SiteLocation.h"
-#include "UnitHistory.h"
+#include "WindowRecorder.h"
 #include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
@@ -103,9 +103,9 @@ int runWindowApp(int& argc, char** argv)
         siteMemory.emplace(*SharedClient::of(engine), *path);
         siteMemory->holdListing();
     }
-    // The History tabs read and record through the store; not after it is gone.
-    UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);
-    const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
+    // The History tabs and every write from the window go through the store; not after it is gone.
+    WindowRecorder::use(siteMemory ? &siteMemory->recorder() : nullptr);
+    const auto forgetRecorder = qScopeGuard([] { WindowRecorder::use(nullptr); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
@@ -127,10 +127,17 @@ int runWindowApp(int& argc, char** argv)
     });
 
     reportFirstFrame(window);
-    if (siteMemory)
+    if (siteMemory) {
+        // The remembered units and earlier runs' activity come after the first frame, off its path.
+        WindowSite* site = &*siteMemory;
         QObject::connect(
-            window, &QQuickWindow::frameSwapped, &*siteMemory, [&siteMemory] { siteMemory->releaseListing(); },
+            window, &QQuickWindow::frameSwapped, site,
+            [site] {
+                site->releaseListing();
+                site->showEarlierActivity();
+            },
             Qt::SingleShotConnection);
+    }
     startLatencyProbe(window, SharedClient::of(engine));
     bringToFront(window);
     QObject::connect(&instance, &SingleInstance::activationRequested, window, [window] {

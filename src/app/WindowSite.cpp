@@ -7,10 +7,11 @@
 
 namespace VornLink {
 
-WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client), recorder_(path)
+WindowSite::WindowSite(VornClient& client, const QString& path)
+    : client_(client), recorder_(path), startedAt_(Site::Clock::now())
 {
     // Read on the store's thread while the window builds; listed on the
-    // window's thread in one go.
+    // window's thread in one go, with what the store has to say.
     recorder_.run([this](Site::SiteStore& store) {
         std::vector<VornClient::RememberedDevice> units;
         auto configurations = store.latestConfigurations();
@@ -19,15 +20,32 @@ WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client
             units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
                              unit.lastSeen});
         }
+        // The store is open by now: asking the recorder does not wait.
+        Opening opening{store.state() == Site::StoreState::NewerSchema, store.problem(),
+                        recorder_.takeDamagedNotice()};
         QMetaObject::invokeMethod(
             this,
-            [this, units = std::move(units)]() mutable {
-                read_ = std::move(units);
+            [this, units = std::move(units), opening = std::move(opening)]() mutable {
+                read_ = Read{std::move(units), std::move(opening)};
                 if (!held_)
                     releaseListing();
             },
             Qt::QueuedConnection);
     });
+    connect(&client_, &VornClient::unitForgotten, this, &WindowSite::forget);
+    connect(&client_, &VornClient::logged, this, [this](WallClock::time_point at, const QString& message) {
+        recorder_.logged({at, message.toStdString()});
+    });
+    // A batch that fails later (a full disk) is told from the store's thread.
+    // This object outlives the store's thread (its recorder ends it first).
+    recorder_.setProblemListener([this](const QString& problem) {
+        QMetaObject::invokeMethod(this, [this, problem] { showProblem(problem); }, Qt::QueuedConnection);
+    });
+}
+
+WindowSite::~WindowSite()
+{
+    recorder_.setProblemListener(nullptr);
 }
 
 void WindowSite::holdListing()
@@ -38,18 +56,52 @@ void WindowSite::holdListing()
 void WindowSite::releaseListing()
 {
     held_ = false;
-    if (auto units = std::exchange(read_, std::nullopt))
-        listRemembered(std::move(*units));
+    if (auto read = std::exchange(read_, std::nullopt))
+        listRemembered(std::move(read->units), read->opening);
 }
 
-void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units)
+void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units, const Opening& opening)
 {
     // Listed before the rows are recorded: what was remembered is not heard anew.
     client_.addRemembered(std::move(units));
     connect(&client_, &VornClient::deviceAdded, this, &WindowSite::recordRows);
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
     recordRows(0, static_cast<int>(client_.devices().size()) - 1);
+    newerFile_ = opening.newer;
+    if (opening.damagedAside)
+        damagedNotice_ = tr("The site file was damaged; kept as %1 and started a new one").arg(*opening.damagedAside);
+    showProblem(opening.problem);
     emit rememberedListed();
+}
+
+void WindowSite::showProblem(const QString& problem)
+{
+    if (newerFile_)
+        client_.setSiteNotice(tr("This site file is from a newer VornLink; changes are not remembered"));
+    else if (!problem.isEmpty())
+        client_.setSiteNotice(tr("Not remembering: %1").arg(problem));
+    else
+        client_.setSiteNotice(damagedNotice_);
+}
+
+void WindowSite::showEarlierActivity()
+{
+    recorder_.run([this, before = startedAt_](Site::SiteStore& store) {
+        std::vector<EarlierEntry> earlier;
+        for (auto& entry : store.activityBefore(before, VornClient::kLogLimit))
+            earlier.push_back({entry.at, QString::fromStdString(entry.message)});
+        if (earlier.empty())
+            return;
+        // Back on the window's thread, in one hand-over.
+        QMetaObject::invokeMethod(
+            this, [this, earlier = std::move(earlier)] { client_.showEarlierLog(earlier); }, Qt::QueuedConnection);
+    });
+}
+
+void WindowSite::forget(const Device& unit)
+{
+    const std::string key = Site::unitKey(Site::serialOf(unit.config), unit.ip);
+    recorder_.run([key](Site::SiteStore& store) { store.forget(key); });
 }
 
 void WindowSite::recordRows(int first, int last)

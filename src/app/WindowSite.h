@@ -2,8 +2,11 @@
 // The window's tie to the site store: soon after start the client lists the
 // remembered units, offline, with their last configuration and sighting, and
 // asks them by unicast when they miss a broadcast (a unit behind a router
-// comes back with nothing typed); every unit the client lists or hears again
-// is handed to the store's own thread to record.
+// comes back with nothing typed); every unit the client lists or hears again,
+// and every line of its activity log, is handed to the store's own thread to
+// record; a unit the user forgets leaves the store. What the store has to say
+// ("Not remembering: …", a damaged file moved aside) becomes the client's
+// site notice.
 #pragma once
 
 #include <QObject>
@@ -25,6 +28,7 @@ public:
     // `client` once they are read, without holding up the window; units the
     // client lists before then are recorded then.
     WindowSite(VornClient& client, const QString& path);
+    ~WindowSite() override;
 
     Site::SiteRecorder& recorder() { return recorder_; }
 
@@ -33,18 +37,43 @@ public:
     void holdListing();
     void releaseListing();
 
+    // Reads the activity of earlier runs on the store's thread and shows it
+    // in the client's log when it arrives; the window calls it once, after
+    // its first frame.
+    void showEarlierActivity();
+
 signals:
-    // The remembered units are listed; from now on every unit heard is recorded.
+    // The remembered units are listed and the store's notice is shown; from
+    // now on every unit heard is recorded.
     void rememberedListed();
 
 private:
-    void listRemembered(std::vector<VornClient::RememberedDevice> units);
+    // What the store said when it was read at start.
+    struct Opening {
+        bool newer = false;
+        QString problem;
+        std::optional<QString> damagedAside;
+    };
+
+    void listRemembered(std::vector<VornClient::RememberedDevice> units, const Opening& opening);
     void recordRows(int first, int last);
+    void forget(const Device& unit);
+    void showProblem(const QString& problem);
+
+    // What was read at start, until the listing is released.
+    struct Read {
+        std::vector<VornClient::RememberedDevice> units;
+        Opening opening;
+    };
 
     VornClient& client_;
     bool held_ = false;
-    std::optional<std::vector<VornClient::RememberedDevice>> read_;
+    std::optional<Read> read_;
     Site::SiteRecorder recorder_;
+    // This run's activity is recorded from here on; earlier runs' is older.
+    const Site::Time startedAt_;
+    bool newerFile_ = false;
+    QString damagedNotice_;
 };
 
 }  // namespace VornLink

@@ -33,6 +33,20 @@ void ActivityLog::append(const QString& line)
         announce();
 }
 
+void ActivityLog::insertEarlier(QStringList earlier)
+{
+    const qsizetype room = limit_ - lines_.size() - held_.size();
+    if (room <= 0 || earlier.isEmpty())
+        return;
+    if (earlier.size() > room)
+        earlier.remove(0, earlier.size() - room);
+    beginInsertRows({}, 0, static_cast<int>(earlier.size()) - 1);
+    lines_ = earlier + lines_;
+    endInsertRows();
+    emit countChanged();
+    emit changed();
+}
+
 void ActivityLog::hold()
 {
     ++holds_;

@@ -24,6 +24,9 @@ public:
 
     // Adds a line; announced at once unless changes are held.
     void append(const QString& line);
+    // Puts lines of earlier runs above every line, as far as the limit leaves
+    // room (the newest of them first); announced at once.
+    void insertEarlier(QStringList earlier);
     // Between hold() and release() lines gather; release() announces them
     // in one change. Holds nest.
     void hold();

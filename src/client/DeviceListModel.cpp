@@ -25,6 +25,8 @@ void DeviceListModel::connectClient()
     connect(client_, &VornClient::deviceAboutToBeAdded, this,
             [this](int first, int last) { beginInsertRows({}, first, last); });
     connect(client_, &VornClient::deviceAdded, this, [this] { endInsertRows(); });
+    connect(client_, &VornClient::deviceAboutToBeRemoved, this, [this](int row) { beginRemoveRows({}, row, row); });
+    connect(client_, &VornClient::deviceRemoved, this, [this] { endRemoveRows(); });
     connect(client_, &VornClient::devicesUpdated, this,
             [this](int first, int last) { emit dataChanged(index(first), index(last)); });
     connect(client_, &QObject::destroyed, this, &DeviceListModel::forgetClient);

@@ -250,7 +250,25 @@ void VornClient::setStatus(const QString& status)
     emit statusChanged();
 }
 
+void VornClient::setSiteNotice(const QString& notice)
+{
+    if (notice == siteNotice_)
+        return;
+    siteNotice_ = notice;
+    emit siteNoticeChanged();
+}
+
+void VornClient::showEarlierLog(const std::vector<EarlierEntry>& entries)
+{
+    const QStringList lines =
+        earlierLogLines(entries, kLogLimit - activity_->lines().size(), clock_->nowDateTime().toLocalTime().date());
+    qCInfo(lcVornClient) << "earlier runs' activity:" << lines.size() << "lines of" << entries.size() << "entries";
+    activity_->insertEarlier(lines);
+}
+
 void VornClient::addLog(const QString& message)
 {
-    activity_->append(logStamps_.textFor(clock_->now()) + QStringLiteral("  ") + message);
+    const auto now = clock_->now();
+    activity_->append(logStamps_.textFor(now) + QStringLiteral("  ") + message);
+    emit logged(now, message);
 }

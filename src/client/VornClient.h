@@ -24,6 +24,7 @@
 #include "ActivityLog.h"
 #include "Device.h"
 #include "DeviceTable.h"
+#include "EarlierLog.h"
 #include "LogTime.h"
 #include "PresenceClock.h"
 #include "NetworkInterfaces.h"
@@ -44,6 +45,9 @@ class VornClient : public QObject {
     // The same lines as a list model, for views that add only new lines.
     Q_PROPERTY(ActivityLog* activity READ activity CONSTANT)
     Q_PROPERTY(int deviceCount READ deviceCount NOTIFY deviceCountChanged)
+    // What the site memory has to say under the status line ("Not
+    // remembering: …"), or "" while all is well; set by whoever records.
+    Q_PROPERTY(QString siteNotice READ siteNotice NOTIFY siteNoticeChanged)
     Q_PROPERTY(QString broadcastAddress READ broadcastAddress CONSTANT)
     Q_PROPERTY(PresenceClock* clock READ clock CONSTANT)
     // One map per eligible interface address: {name, address, prefixLength,
@@ -94,6 +98,10 @@ public:
     // addresses. The views hear of all of them at once, as of one drain.
     void addRemembered(std::vector<RememberedDevice> units);
     const std::vector<std::string>& remembered() const { return remembered_; }
+    // Removes the unit at `ip` from the table and from the remembered units
+    // (no more unicast queries); false when it is not listed. A unit that
+    // answers again is listed again as a new one.
+    Q_INVOKABLE bool forget(const QString& ip);
 
     // Queues one unicast discover to each address, sent at most
     // Vorn::PacedQueue::kBurst every Vorn::PacedQueue::kInterval; an address
@@ -156,6 +164,10 @@ public:
     int deviceCount() const { return static_cast<int>(devices_.size()); }
 
     QString status() const { return status_; }
+    QString siteNotice() const { return siteNotice_; }
+    void setSiteNotice(const QString& notice);
+    // Shows the activity of earlier runs above this run's lines (oldest first), once.
+    void showEarlierLog(const std::vector<EarlierEntry>& entries);
     bool listening() const { return socket_.isListening(); }
     QStringList log() const { return activity_->lines(); }
     ActivityLog* activity() const { return activity_; }
@@ -171,6 +183,7 @@ public:
 
 signals:
     void statusChanged();
+    void siteNoticeChanged();
     void listeningChanged();
     void logChanged();
     void deviceCountChanged();
@@ -182,6 +195,13 @@ signals:
     // replaced: one signal for a single merge, one per drain of the inbox.
     void devicesUpdated(int first, int last);
     void networksChanged();
+    // Around the removal of the unit at `row` (see forget), so a model can follow.
+    void deviceAboutToBeRemoved(int row);
+    void deviceRemoved(int row);
+    // The unit was forgotten; `unit` is what the table held of it.
+    void unitForgotten(const Device& unit);
+    // A line was added to the activity log: when, and the message without its time.
+    void logged(WallClock::time_point at, const QString& message);
     // A unit listed from the site store answered for the first time in this run.
     void rememberedUnitAnswered();
     // One paced burst of queued unicast discovers has just been sent.
@@ -205,6 +225,8 @@ private:
     void noteSerial(const Device* known, const std::string& ip, const Vorn::Config& config,
                     WallClock::time_point now);
     void noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival now);
+    // A unit last heard at `before` is no longer listed.
+    void countDeparture(Vorn::Arrival before);
     void rejudgeConflicts();
     void refreshNetworks();
     QVariantMap networkData(const Device& device) const;
@@ -241,6 +263,7 @@ private:
     std::map<std::pair<unsigned, std::uint32_t>, int> unitsByArrival_;
     std::chrono::steady_clock::time_point lastUnknownArrivalRead_;
     QString status_;
+    QString siteNotice_;
     ActivityLog* activity_;
     LogStamps logStamps_;
     std::uint16_t seq_;

@@ -94,14 +94,18 @@ void VornClient::noteArrival(std::optional<Vorn::Arrival> before, Vorn::Arrival 
 {
     if (before == now)
         return;
-    if (before) {
-        const auto key = std::make_pair(before->interfaceIndex, before->localAddress);
-        if (--unitsByArrival_[key] == 0)
-            unitsByArrival_.erase(key);
-    }
+    if (before)
+        countDeparture(*before);
     ++unitsByArrival_[std::make_pair(now.interfaceIndex, now.localAddress)];
     if (!draining_)
         refreshNetworks();
+}
+
+void VornClient::countDeparture(Vorn::Arrival before)
+{
+    const auto key = std::make_pair(before.interfaceIndex, before.localAddress);
+    if (--unitsByArrival_[key] == 0)
+        unitsByArrival_.erase(key);
 }
 
 bool VornClient::isWrongSubnet(const Device& device) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Units that broadcasts do not reach: the remembered units asked by unicast
 // in each round, and the pacing of every queued unicast discover (a round's
-// queries and a scan of an address block).
+// queries and a scan of an address block); and forgetting a unit.
 #include <algorithm>
 
 #include <QStringList>
@@ -55,6 +55,28 @@ void VornClient::addRemembered(std::vector<RememberedDevice> units)
     draining_ = false;
     emit deviceCountChanged();
     refreshNetworks();
+}
+
+bool VornClient::forget(const QString& ip)
+{
+    const std::string address = ip.toStdString();
+    std::erase(remembered_, address);
+    pacedDiscovers_.removeIf([&address](const std::string& queued) { return queued == address; });
+    const int row = indexOf(address);
+    if (row < 0)
+        return false;
+    emit deviceAboutToBeRemoved(row);
+    const auto place = devices_.begin() + row;
+    const std::unique_ptr<Device> gone = std::move(*place);
+    devices_.erase(place);
+    emit deviceRemoved(row);
+    emit deviceCountChanged();
+    conflicts_.erase(address);
+    countDeparture(gone->heardOn);
+    refreshNetworks();
+    addLog(tr("forgot %1").arg(ip));
+    emit unitForgotten(*gone);
+    return true;
 }
 
 void VornClient::queryUnansweredRemembered()

@@ -105,6 +105,12 @@ std::optional<QString> SiteRecorder::takeDamagedNotice()
     return std::exchange(damagedAside_, std::nullopt);
 }
 
+void SiteRecorder::setProblemListener(std::function<void(const QString&)> listener)
+{
+    std::lock_guard lock(lock_);
+    problemListener_ = std::move(listener);
+}
+
 void SiteRecorder::loop(QString path)
 {
     pthread_setname_np(pthread_self(), "vorn.site");
@@ -132,7 +138,13 @@ void SiteRecorder::loop(QString path)
             job(*store);
         const QString problem = store->problem();
         lock.lock();
-        problem_ = problem;
+        if (std::exchange(problem_, problem) != problem && problemListener_) {
+            // Not under the lock: the listener may hand over more.
+            const auto listener = problemListener_;
+            lock.unlock();
+            listener(problem);
+            lock.lock();
+        }
     }
 }
 

@@ -56,6 +56,9 @@ public:
     StoreState state() const;
     QString problem() const;
     std::optional<QString> takeDamagedNotice();
+    // Called on the store's thread with problem() whenever a batch changed it
+    // (a full disk, and the write after it went through again); nullptr for none.
+    void setProblemListener(std::function<void(const QString&)> listener);
 
 private:
     struct Batch {
@@ -77,6 +80,7 @@ private:
     StoreState state_ = StoreState::Unavailable;
     QString problem_;
     std::optional<QString> damagedAside_;
+    std::function<void(const QString&)> problemListener_;
     std::thread thread_;
 };
 

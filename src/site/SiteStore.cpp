@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QVariant>
 
+#include <algorithm>
 #include <atomic>
 
 #include "ConfigText.h"
@@ -371,6 +372,23 @@ std::vector<ActivityEntry> SiteStore::activity(Time since)
         while (query.next())
             entries.push_back({timeOf(query.value(0)), text(query.value(1))});
     }
+    return entries;
+}
+
+std::vector<ActivityEntry> SiteStore::activityBefore(Time before, std::size_t count)
+{
+    std::vector<ActivityEntry> entries;
+    if (state_ == StoreState::Unavailable || count == 0)
+        return entries;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT at_ms, message FROM activity WHERE at_ms < ? ORDER BY at_ms DESC LIMIT ?"));
+    query.addBindValue(QVariant::fromValue<qint64>(msOf(before)));
+    query.addBindValue(QVariant::fromValue<qint64>(static_cast<qint64>(count)));
+    if (query.exec()) {
+        while (query.next())
+            entries.push_back({timeOf(query.value(0)), text(query.value(1))});
+    }
+    std::reverse(entries.begin(), entries.end());
     return entries;
 }
 

@@ -78,6 +78,8 @@ public:
     std::vector<HistoryEntry> history(const std::string& unitKey);
     // Activity entries from `since` on, oldest first.
     std::vector<ActivityEntry> activity(Time since);
+    // The newest `count` activity entries from before `before`, oldest first.
+    std::vector<ActivityEntry> activityBefore(Time before, std::size_t count);
     // Removes the unit, its versions and its writes; false when it was not there.
     bool forget(const std::string& unitKey);
     // Removes activity older than kActivityKept; how many entries went.

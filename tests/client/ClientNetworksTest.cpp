@@ -264,3 +264,17 @@ TEST_F(ClientNetworks, ALinkThatAppearsIsReadWhenAReplyArrivesOnIt)
     EXPECT_EQ(client->networks().size(), 3);
     EXPECT_TRUE(data("192.168.0.50").value("wrongSubnet").toBool());
 }
+
+TEST_F(ClientNetworks, AForgottenUnitNoLongerCountsOnItsNetworkNorKeepsItsConflict)
+{
+    hear("10.77.1.20", "A", {kStudio, ip("10.77.1.5")});
+    hear("10.77.1.20", "B", {kStudio, ip("10.77.1.5")});
+    hear("10.77.1.21", "C", {kStudio, ip("10.77.1.5")});
+    ASSERT_TRUE(client->hasAddressConflict("10.77.1.20"));
+    ASSERT_EQ(client->networks()[1].toMap().value("units").toInt(), 2);
+
+    client->forget(QStringLiteral("10.77.1.20"));
+
+    EXPECT_EQ(client->networks()[1].toMap().value("units").toInt(), 1);
+    EXPECT_FALSE(client->hasAddressConflict("10.77.1.20"));
+}

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-// Remembered units and paced unicast discovers, on loopback: the client
-// "broadcasts" to a fake unit on 127.0.0.2, which never answers by itself.
+// Remembered units, paced unicast discovers and forgetting a unit, on
+// loopback: the client "broadcasts" to a fake unit on 127.0.0.2, which never
+// answers by itself.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "ClientTestKit.h"
+#include "DeviceListModel.h"
 
 using namespace ClientTest;
 using namespace std::chrono_literals;
@@ -143,4 +146,64 @@ TEST_F(ClientRemembered, RememberedUnitsGoInAsOneRunBetweenEachPairOfListedUnits
     EXPECT_FALSE(client->device("10.0.0.6")->remembered);
     EXPECT_EQ(client->device("10.0.0.6")->config.at("Channel"), "1");
     EXPECT_EQ(client->remembered().size(), 6u);
+}
+
+TEST_F(ClientRemembered, AForgottenUnitLeavesTheTableAndIsNoLongerAsked)
+{
+    client->addRemembered({{"127.0.0.2", {{"Serial", "KT4-0001B7"}}, WallClock::now() - 1h},
+                           {"10.78.5.129", {{"Serial", "KT4-R00001"}}, WallClock::now() - 1h}});
+    DeviceListModel model;
+    model.setClient(client.get());
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QSignalSpy forgotten(client.get(), &VornClient::unitForgotten);
+    QSignalSpy counted(client.get(), &VornClient::deviceCountChanged);
+
+    EXPECT_TRUE(client->forget(QStringLiteral("127.0.0.2")));
+
+    EXPECT_EQ(client->deviceCount(), 1);
+    EXPECT_EQ(client->indexOf("127.0.0.2"), -1);
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(model.data(model.index(0), DeviceListModel::IpRole).toString(), QStringLiteral("10.78.5.129"));
+    EXPECT_EQ(client->remembered(), std::vector<std::string>{"10.78.5.129"});
+    ASSERT_EQ(forgotten.count(), 1);
+    EXPECT_EQ(counted.count(), 1);
+    EXPECT_TRUE(client->log().last().endsWith(QStringLiteral("forgot 127.0.0.2")));
+    // An address that is not listed is not forgotten twice.
+    EXPECT_FALSE(client->forget(QStringLiteral("127.0.0.2")));
+    EXPECT_EQ(forgotten.count(), 1);
+
+    // The round asks only the unit still remembered: nothing reaches 127.0.0.2 but the broadcast.
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    client->start();
+    QTRY_COMPARE_WITH_TIMEOUT(sent.count(), 1, 3000);
+    EXPECT_EQ(sent.at(0).at(0).toStringList(), QStringList{QStringLiteral("10.78.5.129")});
+    EXPECT_EQ(unit.receiveWithin(300ms).size(), 1u);
+}
+
+TEST_F(ClientRemembered, AForgottenUnitThatAnswersIsListedAgainAsANewUnit)
+{
+    client->ingest(Vorn::Reply{"127.0.0.2", Vorn::kCmdReport, {{"Serial", "KT4-0001B7"}}});
+    ASSERT_TRUE(client->forget(QStringLiteral("127.0.0.2")));
+    ASSERT_EQ(client->deviceCount(), 0);
+
+    client->ingest(Vorn::Reply{"127.0.0.2", Vorn::kCmdReport, {{"Serial", "KT4-0001B7"}}});
+
+    ASSERT_EQ(client->deviceCount(), 1);
+    EXPECT_FALSE(client->devices()[0].remembered);
+    EXPECT_TRUE(client->log().last().endsWith(QStringLiteral("found 127.0.0.2")));
+}
+
+TEST_F(ClientRemembered, AForgottenUnitsQueuedDiscoverIsDropped)
+{
+    QSignalSpy sent(client.get(), &VornClient::discoversSent);
+    auto addresses = quietAddresses(100);
+    addresses.push_back("127.0.0.2");
+    client->queueDiscovers(addresses);
+    ASSERT_EQ(sent.count(), 1);  // the first hundred; 127.0.0.2 waits for the next burst
+
+    client->forget(QStringLiteral("127.0.0.2"));
+
+    QTest::qWait(200);
+    EXPECT_EQ(sent.count(), 1);
+    EXPECT_TRUE(unit.receiveWithin(100ms).empty());
 }

@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
-// The window's tie to the site store, on a real SQLite file in a temporary
-// folder and a client on loopback that is never started.
+// The window's tie to the site store, on real SQLite files in temporary
+// folders and a client on loopback that is never started: remembered units,
+// forgetting one, the activity of earlier runs and what the store has to say.
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 
 #include "DeviceListModel.h"
 
 #include "ClientTestKit.h"
+#include "SmallDisk.h"
 #include "SiteStore.h"
 #include "WindowSite.h"
 
@@ -168,4 +174,137 @@ TEST_F(WindowSiteTest, AListingReleasedBeforeTheStoreIsReadListsAsSoonAsItIs)
     site.releaseListing();
     ASSERT_TRUE(listed(site));
     EXPECT_EQ(client->deviceCount(), 1);
+}
+
+TEST_F(WindowSiteTest, AForgottenUnitLeavesTheStoreWithItsVersionsAndWrites)
+{
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    ASSERT_TRUE(listed(site));
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    client->ingest(report("10.77.1.20", "KT4-S00001"));
+    site.recorder().wrote({Site::Clock::now(), "vornlink", "desk", "kim", "KT4-R00001", "10.78.5.129",
+                           {{"Channel", "4"}}, Site::Verdict::NoAnswer, {}});
+    ASSERT_EQ(storedUnits(site).size(), 2u);
+
+    ASSERT_TRUE(client->forget(QStringLiteral("10.78.5.129")));
+
+    const auto units = storedUnits(site);
+    ASSERT_EQ(units.size(), 1u);
+    EXPECT_EQ(units[0].serial, "KT4-S00001");
+    std::vector<Site::HistoryEntry> history{Site::HistoryEntry{}};
+    site.recorder().runAndWait([&history](Site::SiteStore& store) { history = store.history("serial:KT4-R00001"); });
+    EXPECT_TRUE(history.empty());
+    // Not listed at the next start either.
+    auto restarted = loopbackClient();
+    VornLink::WindowSite again(*restarted, path());
+    ASSERT_TRUE(listed(again));
+    EXPECT_EQ(restarted->remembered(), std::vector<std::string>{"10.77.1.20"});
+}
+
+TEST_F(WindowSiteTest, EarlierRunsActivityIsShownAboveThisRunsOnceAsked)
+{
+    {
+        auto client = loopbackClient();
+        VornLink::WindowSite site(*client, path());
+        ASSERT_TRUE(listed(site));
+        client->ingest(report("10.78.5.129", "KT4-R00001"));
+    }
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, path());
+    ASSERT_TRUE(listed(site));
+    client->ingest(report("10.77.1.20", "KT4-S00001"));
+    ASSERT_EQ(client->log().size(), 1);
+
+    site.showEarlierActivity();
+
+    ASSERT_TRUE(processEventsUntil([&] { return client->log().size() > 1; }));
+    const QStringList lines = client->log();
+    ASSERT_EQ(lines.size(), 4) << lines.join(u'\n').toStdString();
+    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("—— "))) << lines[0].toStdString();
+    EXPECT_TRUE(lines[1].endsWith(QStringLiteral("  found 10.78.5.129"))) << lines[1].toStdString();
+    EXPECT_TRUE(lines[2].endsWith(QStringLiteral(" · this run ——"))) << lines[2].toStdString();
+    EXPECT_TRUE(lines[3].endsWith(QStringLiteral("  found 10.77.1.20"))) << lines[3].toStdString();
+}
+
+TEST_F(WindowSiteTest, AStoreThatCannotBeMadeSaysNotRemembering)
+{
+    QFile blocker(dir.filePath(QStringLiteral("vornlink")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));  // a file where the folder should be
+    auto client = loopbackClient();
+
+    VornLink::WindowSite site(*client, dir.filePath(QStringLiteral("vornlink/site.sqlite")));
+    ASSERT_TRUE(listed(site));
+
+    EXPECT_EQ(client->siteNotice(),
+              QStringLiteral("Not remembering: cannot make the folder ") + dir.filePath(QStringLiteral("vornlink")));
+    // The window goes on without memory.
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    EXPECT_EQ(client->deviceCount(), 1);
+}
+
+TEST_F(WindowSiteTest, AFileOfANewerVornLinkIsSaidSo)
+{
+    ASSERT_TRUE(Site::SiteStore::open(path())->canRecord());
+    {
+        auto db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("newer"));
+        db.setDatabaseName(path());
+        ASSERT_TRUE(db.open());
+        ASSERT_TRUE(QSqlQuery(db).exec(QStringLiteral("UPDATE site_schema SET version = 99")));
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("newer"));
+    auto client = loopbackClient();
+
+    VornLink::WindowSite site(*client, path());
+    ASSERT_TRUE(listed(site));
+
+    EXPECT_EQ(client->siteNotice(), QStringLiteral("This site file is from a newer VornLink; changes are not remembered"));
+}
+
+TEST_F(WindowSiteTest, ADamagedFileIsSaidOnceWithWhereItWasKept)
+{
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray(8192, '\x5a'));
+    }
+    auto client = loopbackClient();
+    {
+        VornLink::WindowSite site(*client, path());
+        ASSERT_TRUE(listed(site));
+        const QStringList kept = QDir(dir.path()).entryList({QStringLiteral("site.sqlite.damaged-*")});
+        ASSERT_EQ(kept.size(), 1);
+        EXPECT_EQ(client->siteNotice(), QStringLiteral("The site file was damaged; kept as %1 and started a new one")
+                                            .arg(dir.filePath(kept[0])));
+    }
+    auto restarted = loopbackClient();
+    VornLink::WindowSite site(*restarted, path());
+    ASSERT_TRUE(listed(site));
+    EXPECT_EQ(restarted->siteNotice(), QString());
+}
+
+TEST_F(WindowSiteTest, AFullDiskLeavesTheWindowWorkingAndSaysNotRemembering)
+{
+    SmallDisk disk(256);
+    if (!disk.mounted())
+        GTEST_SKIP() << disk.whyNot();
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, disk.path() + QStringLiteral("/site.sqlite"));
+    ASSERT_TRUE(listed(site));
+    ASSERT_EQ(client->siteNotice(), QString());
+
+    // Units with long notes until the store no longer fits.
+    const std::string note(2000, 'n');
+    for (int unit = 0; unit < 400; ++unit) {
+        const std::string address = "10.78." + std::to_string(unit / 200 + 5) + "." + std::to_string(unit % 200 + 1);
+        client->ingest(Vorn::Reply{address, Vorn::kCmdReport, {{"Serial", "KT4-F" + std::to_string(unit)}, {"Note", note}}});
+    }
+
+    ASSERT_TRUE(processEventsUntil([&] { return !client->siteNotice().isEmpty(); }, std::chrono::seconds(10)));
+    EXPECT_TRUE(client->siteNotice().startsWith(QStringLiteral("Not remembering: "))) << client->siteNotice().toStdString();
+    EXPECT_TRUE(client->siteNotice().contains(QStringLiteral("full"))) << client->siteNotice().toStdString();
+    EXPECT_EQ(client->deviceCount(), 400);
+    client->ingest(report("10.77.1.20", "KT4-S00001"));
+    EXPECT_EQ(client->deviceCount(), 401);
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The store on its own thread: what is handed over arrives, in one batch.
+// The store on its own thread: what is handed over arrives, in one batch,
+// and a batch that fails is told.
 #include <gtest/gtest.h>
+
+#include <mutex>
 
 #include "SiteRecorder.h"
 #include "SiteTestKit.h"
@@ -50,4 +53,35 @@ TEST(SiteRecorder, AnUnavailableStoreSaysWhy)
 
     EXPECT_EQ(recorder.state(), Site::StoreState::Unavailable);
     EXPECT_FALSE(recorder.problem().isEmpty());
+}
+
+TEST(SiteRecorder, TheProblemListenerHearsABatchFailAndTheNextOneGoThrough)
+{
+    Scratch scratch;
+    Site::SiteRecorder recorder(scratch.path());
+    ASSERT_EQ(recorder.state(), Site::StoreState::Ready);  // opened before another program takes the lock
+    std::mutex heardLock;
+    std::vector<QString> heard;
+    recorder.setProblemListener([&](const QString& problem) {
+        std::lock_guard guard(heardLock);
+        heard.push_back(problem);
+    });
+    RawFile other(scratch.path());
+    // Another program holds the write lock longer than the store waits for it.
+    ASSERT_TRUE(other.exec(QStringLiteral("BEGIN IMMEDIATE")));
+    recorder.logged({at(1), "found 10.77.1.2"});
+    recorder.runAndWait([](Site::SiteStore&) {});
+    recorder.runAndWait([](Site::SiteStore&) {});  // the listener runs after a batch's jobs
+    EXPECT_FALSE(recorder.problem().isEmpty());
+    ASSERT_TRUE(other.exec(QStringLiteral("ROLLBACK")));
+    recorder.logged({at(2), "found 10.77.1.3"});
+    recorder.runAndWait([](Site::SiteStore&) {});
+    recorder.runAndWait([](Site::SiteStore&) {});
+
+    std::lock_guard guard(heardLock);
+    ASSERT_EQ(heard.size(), 2u);
+    EXPECT_TRUE(heard[0].contains(QStringLiteral("locked")) || heard[0].contains(QStringLiteral("busy")))
+        << heard[0].toStdString();
+    EXPECT_EQ(heard[1], QString());
+    EXPECT_TRUE(recorder.problem().isEmpty());
 }

@@ -222,6 +222,22 @@ TEST(SiteStore, ActivityIsKeptNinetyDays)
     EXPECT_EQ(left[0].at, at(10 * day));
 }
 
+TEST(SiteStore, TheNewestActivityBeforeAnInstantComesOldestFirst)
+{
+    Scratch scratch;
+    auto store = SiteStore::open(scratch.path(), at(0));
+    ASSERT_TRUE(store->record({}, {}, {{at(1), "one"}, {at(2), "two"}, {at(3), "three"}, {at(4), "this run"}}));
+
+    const auto earlier = store->activityBefore(at(4), 2);
+
+    ASSERT_EQ(earlier.size(), 2u);
+    EXPECT_EQ(earlier[0].message, "two");
+    EXPECT_EQ(earlier[0].at, at(2));
+    EXPECT_EQ(earlier[1].message, "three");
+    EXPECT_EQ(store->activityBefore(at(4), 10).size(), 3u);
+    EXPECT_TRUE(store->activityBefore(at(1), 10).empty());
+}
+
 TEST(SiteStore, FindUnitTakesASerialBeforeAnAddress)
 {
     Scratch scratch;

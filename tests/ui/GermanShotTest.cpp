@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The window in German, as LANG=de_DE.UTF-8 starts it: every tab, the fleet
-// views and the dialogs shot to window-shots/de-*.png for a look, checked
+// views, the dialogs and the footer's site notice shot to window-shots/de-*.png for a look, checked
 // for German texts and for text that does not fit its item. Run again under
 // QT_SCALE_FACTOR (shots de-x2-*.png and so on).
 #include <QQuickStyle>
@@ -10,6 +10,7 @@
 
 #include "BackupFile.h"
 #include "WindowHarness.h"
+#include "WindowSite.h"
 
 Q_IMPORT_QML_PLUGIN(VornLinkPlugin)
 
@@ -127,6 +128,26 @@ private slots:
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Aus Sicherung wiederherstellen")));
         check(w, QStringLiteral("de-fleet-restore-review"),
               {"über die Seriennummer zugeordnet", "nicht gefunden", "Netzwerkeinstellungen einbeziehen", "Abbrechen"});
+    }
+
+    void forgetConfirmationAndSiteNotice()
+    {
+        Window w;
+        QVERIFY(w.load());
+        openStudioUnit(w);
+        // A store whose folder cannot be made: the footer says nothing is remembered.
+        QTemporaryDir dir;
+        QFile blocker(dir.filePath(QStringLiteral("vornlink")));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        VornLink::WindowSite site(*w.client(), dir.filePath(QStringLiteral("vornlink/site.sqlite")));
+        QObject* dialog = w.item("contentView")->findChild<QObject*>(QStringLiteral("forgetDialog"));
+        QVERIFY(dialog);
+        QMetaObject::invokeMethod(dialog, "ask", Q_ARG(QVariant, QStringLiteral("10.232.1.10")));
+        QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("KT400 \u00b70002C9 vergessen?")));
+        // The store's notice comes once it has been opened on its own thread.
+        QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Wird nicht gemerkt: cannot make the folder ") +
+                                              dir.filePath(QStringLiteral("vornlink"))));
+        check(w, QStringLiteral("de-forget-confirm"), {"Vergessen", "Abbrechen"});
     }
 
     void refusedFile()

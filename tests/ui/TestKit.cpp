@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTimer>
@@ -11,7 +12,7 @@
 
 #include "Ipv4.h"
 #include "PresenceClock.h"
-#include "UnitHistory.h"
+#include "WindowRecorder.h"
 
 UnitProbe::UnitProbe(std::uint16_t port, const char* address, QObject* parent)
     : QObject(parent), unit_(port, address)
@@ -40,13 +41,24 @@ void TestKit::rememberSite(VornClient* client, const QUrl& file)
 {
     closeSite();
     site_ = std::make_unique<VornLink::WindowSite>(*client, file.toLocalFile());
-    UnitHistory::useRecorder(&site_->recorder());
+    WindowRecorder::use(&site_->recorder());
+    // The remembered units are read on the store's thread; a test starts from them listed.
+    QEventLoop listing;
+    connect(site_.get(), &VornLink::WindowSite::rememberedListed, &listing, &QEventLoop::quit);
+    QTimer::singleShot(10000, &listing, &QEventLoop::quit);
+    listing.exec();
 }
 
 void TestKit::closeSite()
 {
-    UnitHistory::useRecorder(nullptr);
+    WindowRecorder::use(nullptr);
     site_.reset();
+}
+
+void TestKit::showEarlierActivity()
+{
+    if (site_)
+        site_->showEarlierActivity();
 }
 
 void TestKit::startWithoutRepeats(VornClient* client)

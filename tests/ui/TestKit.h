@@ -51,9 +51,13 @@ public:
     Q_INVOKABLE VornClient* makeClient();
     // The window's site store at `file` for `client` (before it starts), read
     // and recorded by the History tabs made after it; replaces the last one.
+    // Returns once the remembered units are listed.
     Q_INVOKABLE void rememberSite(VornClient* client, const QUrl& file);
     // Ends the store of rememberSite, storing what is pending.
     Q_INVOKABLE void closeSite();
+    // What the window does after its first frame: earlier runs' activity from
+    // the store of rememberSite into its client's log.
+    Q_INVOKABLE void showEarlierActivity();
     // Starts `client` with one discover to its broadcast address and then no
     // periodic ones, so every later datagram is one the test caused.
     Q_INVOKABLE void startWithoutRepeats(VornClient* client);

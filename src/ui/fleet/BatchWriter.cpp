@@ -6,6 +6,7 @@
 #include "FleetValues.h"
 #include "TranslatedMessage.h"
 #include "ValueSafety.h"
+#include "WindowRecorder.h"
 
 BatchWriter::BatchWriter(QObject* parent) : QAbstractListModel(parent)
 {
@@ -42,6 +43,7 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         row.address = QString::fromStdString(unit.address);
         const auto device = link->unit(unit.address);
         row.title = device ? device->title() : row.address;
+        row.serial = device ? Site::serialOf(device->config) : std::string();
         row.changes = unit.changes;
         // The client would refuse it too, silently; the list says why.
         const Vorn::Config live = device ? device->config : Vorn::Config{};
@@ -58,6 +60,11 @@ void BatchWriter::write(const std::vector<UnitWrite>& units)
         connect(row.verdict.get(), &SaveVerdict::changed, this, [this, at] {
             emit dataChanged(index(at), index(at));
             emit progressChanged();
+        });
+        // Into the unit's history, as a save from the editor goes.
+        connect(row.verdict.get(), &SaveVerdict::settled, this, [this, at] {
+            const Row& settled = rows_[static_cast<std::size_t>(at)];
+            WindowRecorder::recordWrite(*settled.verdict, settled.serial, settled.address.toStdString());
         });
         if (row.changes.empty() || !row.refused.isEmpty())
             continue;

@@ -3,7 +3,7 @@
 // as a single save sends it, and lists every unit with the verdict of its
 // write as it comes in: confirmed, not confirmed (which keys), no answer
 // after four seconds, or moved. A unit with nothing to change is listed
-// without a write.
+// without a write. Each write goes into the site store with its verdict.
 #pragma once
 
 #include <memory>
@@ -69,6 +69,7 @@ private:
     struct Row {
         QString address;
         QString title;
+        std::string serial;  // as the unit reported it before the write
         Vorn::Config changes;
         QString refused;  // why nothing was sent, else empty
         std::unique_ptr<SaveVerdict> verdict;

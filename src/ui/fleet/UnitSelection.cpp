@@ -22,8 +22,9 @@ void UnitSelection::setModel(QAbstractItemModel* model)
     selection_.setModel(model);
     anchor_ = QPersistentModelIndex();
     if (model) {
-        // A unit's row moves when another is listed before it; its address does not.
+        // A unit's row moves when another is listed or forgotten before it; its address does not.
         connect(model, &QAbstractItemModel::rowsInserted, this, &UnitSelection::followListing);
+        connect(model, &QAbstractItemModel::rowsRemoved, this, &UnitSelection::followListing);
         connect(model, &QAbstractItemModel::modelReset, this, &UnitSelection::followListing);
     }
     collect();

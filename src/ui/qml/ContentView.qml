@@ -28,7 +28,7 @@ SplitView {
     readonly property bool multiSelected: unitSelection.count > 1
     readonly property alias fleet: fleet
     readonly property bool selectionKnown: {
-        root.client.deviceCount; // units are only ever added, so the count marks every change
+        root.client.deviceCount; // a unit listed or forgotten changes the count
         return root.selection !== "" && root.client.contains(root.selection);
     }
 
@@ -86,6 +86,13 @@ SplitView {
     function openEditor() {
         if (detailLoader.item)
             detailLoader.item.focusEditor();
+    }
+
+    // The Menu key in the list: the context menu of the selected unit's row.
+    function openRowMenu() {
+        const row = deviceList.currentItem;
+        if (row && row.primary)
+            rowMenu.openFor(row, row.ip, Theme.gapWide, row.height / 2);
     }
 
     // Tab: the list, the address row, Discover, then the editor's tabs,
@@ -158,6 +165,7 @@ SplitView {
                 Keys.onUpPressed: root.selectNeighbour(-1)
                 Keys.onDownPressed: root.selectNeighbour(1)
                 Keys.onReturnPressed: root.openEditor()
+                Keys.onMenuPressed: root.openRowMenu()
                 Keys.onEnterPressed: root.openEditor()
                 onCountChanged: if (Diagnostics.sidebarRows) Qt.callLater(root.reportRows)
                 model: DeviceListModel {
@@ -185,6 +193,10 @@ SplitView {
 
                     TapHandler {
                         onTapped: root.clickRow(parent.index, point.modifiers)
+                    }
+                    TapHandler {
+                        acceptedButtons: Qt.RightButton
+                        onTapped: rowMenu.openFor(parent, parent.ip, point.position.x, point.position.y)
                     }
 
                     FocusRing {
@@ -283,6 +295,24 @@ SplitView {
         client: root.client
     }
 
+    UnitRowMenu {
+        id: rowMenu
+
+        objectName: "unitRowMenu"
+        onForgetRequested: ip => forgetDialog.ask(ip)
+    }
+
+    ForgetUnitDialog {
+        id: forgetDialog
+
+        objectName: "forgetDialog"
+        client: root.client
+        onForgotten: ip => {
+            if (root.selection === ip)
+                root.selection = "";
+        }
+    }
+
     SplitView {
         objectName: "detailColumn"
         SplitView.fillWidth: true
@@ -371,6 +401,9 @@ SplitView {
                 }
                 function onTabChanged() {
                     root.detailTab = detailLoader.item.tab;
+                }
+                function onForgetRequested(ip: string) {
+                    forgetDialog.ask(ip);
                 }
             }
         }

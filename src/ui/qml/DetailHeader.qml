@@ -18,6 +18,8 @@ RowLayout {
     property var unitNetwork: ({})
     // The user asked to see the unit under the address it moved to.
     signal showMoved(string ip)
+    // "Forget this unit…" in the "…" menu.
+    signal forgetRequested()
 
     spacing: Theme.gapWide
 
@@ -114,6 +116,7 @@ RowLayout {
 
                 objectName: "editorMenuButton"
                 editor: root.editor
+                onForgetRequested: root.forgetRequested()
             }
             GhostButton {
                 id: reloadButton

@@ -25,6 +25,8 @@ Item {
     readonly property var focusGroups: [segmentBar, panels, hero]
     // The user asked to see the unit under the address it moved to.
     signal showUnit(string ip)
+    // The user asked to forget the unit (the sidebar asks for confirmation).
+    signal forgetRequested(string ip)
 
     // The tabs in the order the tab bar shows them.
     enum Tab { Tally, Intercom, Network, Details, History }
@@ -86,6 +88,7 @@ Item {
             editor: deviceEditor
             unitNetwork: root.unitNetwork
             onShowMoved: ip => root.showUnit(ip)
+            onForgetRequested: root.forgetRequested(root.ip)
         }
 
         SegmentBar {

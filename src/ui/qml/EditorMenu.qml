@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The "…" button of the editor header and its menu: export this unit's
-// settings into a backup file of one unit, or import a backup file's values
-// for it into the editor as unsaved changes. The files come from the native
-// file dialogs; exportTo and importFrom do the same without them.
+// settings into a backup file of one unit, import a backup file's values
+// for it into the editor as unsaved changes, or forget the unit (asked for by
+// a signal: the sidebar holds the confirmation). The files come from the
+// native file dialogs; exportTo and importFrom do the same without them.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -15,6 +16,8 @@ GhostButton {
     readonly property alias transfer: transfer
     readonly property alias exportDialog: exportDialog
     readonly property alias importDialog: importDialog
+
+    signal forgetRequested()
 
     function exportTo(file) {
         return transfer.exportTo(file);
@@ -64,6 +67,13 @@ GhostButton {
             glyph: Glyphs.restore
             Accessible.name: qsTr("Import settings")
             onTriggered: importDialog.open()
+        }
+        FleetMenuEntry {
+            objectName: "editorForgetItem"
+            text: qsTr("Forget this unit\u2026")
+            glyph: Glyphs.forget
+            Accessible.name: qsTr("Forget this unit")
+            onTriggered: root.forgetRequested()
         }
     }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The foot of the sidebar: a hairline, the manual address row, the Discover
 // button, the client's status line with the networks discovery goes out on
-// and the number of known units, and the switch of the activity pane.
+// and the number of known units, what the site memory has to say, and the
+// switch of the activity pane.
 // Ctrl+L takes the keyboard to the address field, F5 presses Discover.
 import QtQuick
 import VornLink
@@ -189,6 +190,21 @@ Rectangle {
                 font.pixelSize: Theme.fontSmall
                 font.weight: Font.DemiBold
             }
+        }
+
+        // Under the status line: why the site is not remembered, or that its
+        // damaged file was moved aside.
+        Text {
+            objectName: "siteNotice"
+            Layout.fillWidth: true
+            visible: root.client.siteNotice !== ""
+            text: root.client.siteNotice
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+            color: Theme.amber
+            font.pixelSize: Theme.fontSmall
         }
 
         ActivityToggle {

@@ -5,11 +5,9 @@
 #include <QDateTime>
 
 #include "SiteHistory.h"
-#include "WriteOrigin.h"
+#include "WindowRecorder.h"
 
 namespace {
-
-Site::SiteRecorder* sharedRecorder = nullptr;
 
 const std::string kPasswordKey = "CallMagic";
 
@@ -26,30 +24,15 @@ QString timeText(Site::Time time)
         .toString(UnitHistory::tr("yyyy-MM-dd HH:mm:ss", "the time of a configuration version"));
 }
 
-Site::Verdict verdictOf(SaveVerdict::Kind kind)
-{
-    switch (kind) {
-    case SaveVerdict::Kind::NotConfirmed: return Site::Verdict::NotConfirmed;
-    case SaveVerdict::Kind::NoAnswer: return Site::Verdict::NoAnswer;
-    case SaveVerdict::Kind::Moved: return Site::Verdict::Moved;
-    default: return Site::Verdict::Confirmed;
-    }
-}
-
 }  // namespace
 
-UnitHistory::UnitHistory(QObject* parent) : QAbstractListModel(parent), recorder_(sharedRecorder)
+UnitHistory::UnitHistory(QObject* parent) : QAbstractListModel(parent), recorder_(WindowRecorder::current())
 {
     // After the event at hand: the reply that changed the unit is handed to
     // the store first, and a burst of replies reads once.
     reloadSoon_.setSingleShot(true);
     reloadSoon_.setInterval(0);
     connect(&reloadSoon_, &QTimer::timeout, this, &UnitHistory::reload);
-}
-
-void UnitHistory::useRecorder(Site::SiteRecorder* recorder)
-{
-    sharedRecorder = recorder;
 }
 
 int UnitHistory::rowCount(const QModelIndex& parent) const
@@ -156,21 +139,9 @@ void UnitHistory::restore(int row)
 
 void UnitHistory::recordVerdict()
 {
-    if (!recorder_ || !editor_)
+    if (!editor_)
         return;
-    const SaveVerdict& verdict = *editor_->verdict();
-    Site::WriteRecord write;
-    write.sentAt = verdict.writtenAt();
-    write.program = "vornlink";
-    write.host = Site::hostName();
-    write.user = Site::userName();
-    write.serial = Site::serialOf(editor_->liveConfig());
-    write.address = editor_->ip().toStdString();
-    write.sent = verdict.written();
-    write.verdict = verdictOf(verdict.kind());
-    if (write.verdict == Site::Verdict::NotConfirmed)
-        write.unconfirmedKeys = verdict.unconfirmedKeys();
-    recorder_->wrote(std::move(write));
+    WindowRecorder::recordWrite(*editor_->verdict(), Site::serialOf(editor_->liveConfig()), editor_->ip().toStdString());
     reloadSoon_.start();
 }
 

@@ -38,11 +38,6 @@ public:
 
     explicit UnitHistory(QObject* parent = nullptr);
 
-    // The store every UnitHistory reads and records through; nullptr for none.
-    // The window sets it before its scene loads and clears it before the
-    // recorder goes.
-    static void useRecorder(Site::SiteRecorder* recorder);
-
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
