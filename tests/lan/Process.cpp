@@ -88,6 +88,15 @@ int Process::terminate()
     return *exitStatus_;
 }
 
+int Process::kill()
+{
+    if (!exitStatus_) {
+        ::kill(pid_, SIGKILL);
+        exitStatus_ = detail::waitForExit(pid_);
+    }
+    return *exitStatus_;
+}
+
 std::string Process::stdoutText() const
 {
     return readTextFile(stdoutPath_);

@@ -35,6 +35,8 @@ public:
 
     // SIGTERM, then SIGKILL if it has not ended after two seconds; the exit status.
     int terminate();
+    // SIGKILL at once, as a crash or "kill -9" ends it; the exit status.
+    int kill();
 
     std::string stdoutText() const;
     std::string stderrText() const;
