@@ -7,7 +7,7 @@
 
 #include "FleetValues.h"
 
-MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
+MultiEditor::MultiEditor(QObject* parent) : SectionEditor(parent)
 {
     // The writer lets go of the link first: it may be about to go.
     connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { writer_.setLink(nullptr); });
@@ -18,21 +18,6 @@ MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
 }
 
 MultiEditor::~MultiEditor() = default;
-
-void MultiEditor::setClient(VornClient* client)
-{
-    if (client == links_.client())
-        return;
-    links_.useClient(client);
-    emit clientChanged();
-    load();
-}
-
-void MultiEditor::setLink(EditorLink* link)
-{
-    links_.useLink(link);
-    load();
-}
 
 void MultiEditor::setAddresses(const QStringList& addresses)
 {
@@ -87,11 +72,12 @@ void MultiEditor::load()
     store_.fields = loadFields(shown);
     store_.live = shown;
     // Band and model are one choice in the switcher picker: mixed together.
-    const bool switcherMixed = isMixed(tally_.band->unitKey()) || isMixed(tally_.model->unitKey());
-    for (EditorField* field : fields)
-        field->setMixed(isMixed(field->unitKey()));
-    tally_.band->setMixed(switcherMixed);
-    tally_.model->setMixed(switcherMixed);
+    const bool switcherMixed = isMixed(SettingKeys::kSwitcherBand) || isMixed(SettingKeys::kSwitcherModel);
+    for (EditorField* field : fields) {
+        const bool switcher =
+            field->unitKey() == SettingKeys::kSwitcherBand || field->unitKey() == SettingKeys::kSwitcherModel;
+        field->setMixed(switcher ? switcherMixed : isMixed(field->unitKey()));
+    }
     tally_.untouch();
     communication_.untouch();
     refresh();

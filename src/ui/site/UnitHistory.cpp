@@ -4,14 +4,13 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
+#include "EditableKeys.h"
 #include "SiteHistory.h"
 #include "WriteOrigin.h"
 
 namespace {
 
 Site::SiteRecorder* sharedRecorder = nullptr;
-
-const std::string kPasswordKey = "CallMagic";
 
 QString text(const std::string& value)
 {
@@ -208,7 +207,7 @@ QStringList UnitHistory::changeLines(const Site::HistoryEntry& entry) const
 {
     QStringList lines;
     for (const auto& change : entry.changes) {
-        const bool hidden = change.key == kPasswordKey && !showPasswords_;
+        const bool hidden = Settings::isSecret(change.key) && !showPasswords_;
         const auto shown = [hidden](const std::string& value) {
             if (value.empty())
                 return QStringLiteral("—");
