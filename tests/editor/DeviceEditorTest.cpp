@@ -19,7 +19,28 @@ const Vorn::Config kFull = {
     {"Version", "1.4.2"},
 };
 
-class DeviceEditorTest : public EditorFixture {};
+class DeviceEditorTest : public EditorFixture {
+protected:
+    // Every field holds its value of kFull.
+    void expectFullLoaded()
+    {
+        EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
+        EXPECT_EQ(tally().fieldAs<TextField>("AtemPort")->text(), QStringLiteral("9910"));
+        EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
+        EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 2);
+        EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 10);
+        EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->value(), 1);
+        EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 4);
+        EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 5);
+        EXPECT_EQ(network().fieldAs<TextField>("IPAddress")->text(), QStringLiteral("127.0.0.2"));
+        EXPECT_EQ(network().fieldAs<TextField>("Netmask")->text(), QStringLiteral("255.0.0.0"));
+        EXPECT_EQ(network().fieldAs<TextField>("Gateway")->text(), QStringLiteral("127.0.0.1"));
+        EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 2);
+        EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 3);
+        EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
+        EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QStringLiteral("secret"));
+    }
+};
 
 }  // namespace
 
@@ -39,21 +60,7 @@ TEST_F(DeviceEditorTest, OpeningAUnitLoadsEveryFieldFromItsLiveConfiguration)
 {
     report(kFull);
     open();
-    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(tally().fieldAs<TextField>("AtemPort")->text(), QStringLiteral("9910"));
-    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
-    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 2);
-    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 10);
-    EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->value(), 1);
-    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 4);
-    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 5);
-    EXPECT_EQ(network().fieldAs<TextField>("IPAddress")->text(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(network().fieldAs<TextField>("Netmask")->text(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(network().fieldAs<TextField>("Gateway")->text(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 2);
-    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 3);
-    EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
-    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QStringLiteral("secret"));
+    expectFullLoaded();
     EXPECT_EQ(editor.loadedFor(), QString::fromLatin1(kUnitIp));
     EXPECT_FALSE(editor.dirty());
     EXPECT_FALSE(network().dirty());
@@ -150,21 +157,7 @@ TEST_F(DeviceEditorTest, ReloadRestoresEveryFieldIncludingTheNetworkFields)
 
     editor.load();
 
-    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(tally().fieldAs<TextField>("AtemPort")->text(), QStringLiteral("9910"));
-    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
-    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 2);
-    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 10);
-    EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->value(), 1);
-    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 4);
-    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 5);
-    EXPECT_EQ(network().fieldAs<TextField>("IPAddress")->text(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(network().fieldAs<TextField>("Netmask")->text(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(network().fieldAs<TextField>("Gateway")->text(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 2);
-    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 3);
-    EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
-    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QStringLiteral("secret"));
+    expectFullLoaded();
     EXPECT_FALSE(editor.dirty());
     EXPECT_FALSE(network().dirty());
 }

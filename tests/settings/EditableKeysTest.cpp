@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <stdexcept>
 #include <variant>
 #include <vector>
@@ -171,6 +172,9 @@ TEST(EditableKeys, APickedIntegerHasOneOptionPerValueAndAStepperABoundedRange)
         }
         if (entry.caption) {
             EXPECT_EQ(entry.kind, ValueKind::Integer);
+            // The stepper shows its range as plain ints.
+            EXPECT_GE(entry.minimum, std::numeric_limits<int>::min());
+            EXPECT_LE(entry.maximum, std::numeric_limits<int>::max());
             EXPECT_LT(entry.maximum - entry.minimum, 1000);
         }
     }

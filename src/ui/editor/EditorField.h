@@ -153,16 +153,17 @@ class StepperField : public NumberField {
     Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
     Q_PROPERTY(bool canIncrease READ canIncrease NOTIFY changed FINAL)
     Q_PROPERTY(bool canDecrease READ canDecrease NOTIFY changed FINAL)
-    // The range, for the views that describe it (a screen reader reads it).
-    Q_PROPERTY(qint64 minimum READ minimum CONSTANT FINAL)
-    Q_PROPERTY(qint64 maximum READ maximum CONSTANT FINAL)
+    // The range, for the views that describe it (a screen reader reads it);
+    // ints, since a stepper's range is small and QML compiles ints, not qint64.
+    Q_PROPERTY(int minimum READ minimum CONSTANT FINAL)
+    Q_PROPERTY(int maximum READ maximum CONSTANT FINAL)
 
 public:
     StepperField(std::string_view key, EditorStore& store, QObject* parent);
 
     QString title() const;
-    qint64 minimum() const { return row().minimum; }
-    qint64 maximum() const { return row().maximum; }
+    int minimum() const { return static_cast<int>(row().minimum); }
+    int maximum() const { return static_cast<int>(row().maximum); }
     bool canIncrease() const { return stepped(value(), 1) != value(); }
     bool canDecrease() const { return stepped(value(), -1) != value(); }
     // One press: `delta` is +1 or -1.
