@@ -254,3 +254,27 @@ TEST_F(MultiEditorTest, AnotherSelectionForgetsTheEdits)
 }
 
 }  // namespace
+
+TEST_F(MultiEditorTest, AKeystrokeComparesOnlyItsSectionOnceAndAReplyNone)
+{
+    reportThree();
+    open();
+    std::uint64_t before = sectionComparisons();
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("9"));
+    EXPECT_EQ(sectionComparisons() - before, 1u);
+    EXPECT_TRUE(editor.dirty());
+
+    before = sectionComparisons();
+    tally().setSwitcherSelection(QStringLiteral("5.9"));
+    EXPECT_EQ(sectionComparisons() - before, 1u);
+
+    // A reply changes what would be sent, not what the sections hold.
+    before = sectionComparisons();
+    link.report(cleanUnit({{"Channel", "9"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kFirst);
+    EXPECT_EQ(sectionComparisons() - before, 0u);
+
+    before = sectionComparisons();
+    editor.load();
+    EXPECT_EQ(sectionComparisons() - before, 2u);
+}
+

@@ -12,9 +12,14 @@ MultiEditor::MultiEditor(QObject* parent) : SectionEditor(parent)
     // The writer lets go of the link first: it may be about to go.
     connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { writer_.setLink(nullptr); });
     connect(&links_, &LinkSlot::switched, this, [this] { writer_.setLink(links_.link()); });
+    // A reply changes what a save would send, not what the sections compare.
     connect(&links_, &LinkSlot::changed, this, &MultiEditor::refresh);
+    // An edit compares its own section once.
     for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_)})
-        connect(section, &EditorSection::edited, this, &MultiEditor::refresh);
+        connect(section, &EditorSection::edited, this, [this, section] {
+            section->refresh();
+            refresh();
+        });
 }
 
 MultiEditor::~MultiEditor() = default;
@@ -80,6 +85,8 @@ void MultiEditor::load()
     }
     tally_.untouch();
     communication_.untouch();
+    tally_.refresh();
+    communication_.refresh();
     refresh();
 }
 
@@ -120,8 +127,6 @@ void MultiEditor::save()
 
 void MultiEditor::refresh()
 {
-    tally_.refresh();
-    communication_.refresh();
     const std::vector<EditorField*> fields = allFields();
     // Untouched fields send nothing, so the units need not be gone through.
     const bool anyTouched =
