@@ -57,15 +57,18 @@ struct EditableKey {
     bool secret = false;
     // An integer picked from a list: the text of each value from 0 up, in
     // order (the range is 0 to the last).
-    std::span<const Settings::MessageText> options = {};
+    std::span<const MessageText> options = {};
     // An integer stepped one at a time within its range: the stepper's caption
     // with %1 for the value ("type %1").
-    std::optional<Settings::MessageText> caption = std::nullopt;
+    std::optional<MessageText> caption = std::nullopt;
 
     bool network() const { return section == Section::Network; }
     // Edited as free text (an address, a port, a password): a mixed text
     // field stays empty instead of taking the first unit's value.
-    bool holdsText() const { return kind == ValueKind::Text || kind == ValueKind::Address || kind == ValueKind::AddressOrEmpty; }
+    bool holdsText() const
+    {
+        return kind == ValueKind::Text || kind == ValueKind::Address || kind == ValueKind::AddressOrEmpty;
+    }
 };
 
 // The texts of the pickers' values, translated by the window in the context "EditorOptions".
