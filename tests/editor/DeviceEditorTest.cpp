@@ -389,16 +389,23 @@ TEST_F(DeviceEditorTest, EachSectionOwnsItsKeysOfTheComparison)
     communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("4"));
     network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.9"));
     const auto keysOf = [](const EditorSection& section) {
-        QStringList keys;
+        std::vector<std::string_view> keys;
         for (const auto& key : section.comparison())
-            keys << QString::fromLatin1(key.key.data(), static_cast<qsizetype>(key.key.size()));
+            keys.push_back(key.key);
         return keys;
     };
-    EXPECT_EQ(keysOf(tally()), (QStringList{"AtemIp", "AtemPort", "SwitcherBand", "SwitcherModel", "AtemExtTally",
-                                            "TallyType", "TallyGpioType"}));
-    EXPECT_EQ(keysOf(communication()),
-              (QStringList{"Channel", "ScenarioType", "SilenceSuppress", "Wire2Enable", "CallMagic"}));
-    EXPECT_EQ(keysOf(network()), (QStringList{"IPAddress", "Netmask", "Gateway"}));
+    // The rows that name the section, in table order.
+    const auto rowsOf = [](Settings::Section section) {
+        std::vector<std::string_view> keys;
+        for (const auto& row : Settings::kEditableKeys)
+            if (row.section == section)
+                keys.push_back(row.key);
+        return keys;
+    };
+    EXPECT_EQ(keysOf(tally()), rowsOf(Settings::Section::Tally));
+    EXPECT_EQ(keysOf(communication()), rowsOf(Settings::Section::Communication));
+    EXPECT_EQ(keysOf(network()), rowsOf(Settings::Section::Network));
+    EXPECT_EQ(keysOf(network()).front(), "IPAddress");
     EXPECT_TRUE(tally().dirty());
     EXPECT_TRUE(communication().dirty());
     EXPECT_TRUE(network().dirty());
