@@ -73,7 +73,7 @@ int main(int argc, char** argv)
         }
         if (throughEditor) {
             editor.load();
-            editor.communication()->channel->setText(QString::fromLatin1(channel));
+            editor.communication()->fieldAs<TextField>("Channel")->setText(QString::fromLatin1(channel));
         }
         QElapsedTimer clock;
         clock.start();

@@ -6,7 +6,7 @@
 #include "BackupFile.h"
 #include "Commands.h"
 #include "ExitCodes.h"
-#include "SettingKeys.h"
+#include "EditableKeys.h"
 
 namespace VornCtl {
 namespace {
@@ -40,7 +40,7 @@ std::string causeLine(const Site::HistoryEntry& entry)
 
 std::string shown(const Site::KeyChange& change, const std::string& value, bool showSecrets)
 {
-    return change.key == SettingKeys::kCallMagic && !showSecrets ? kHidden : value;
+    return Settings::isSecret(change.key) && !showSecrets ? kHidden : value;
 }
 
 nlohmann::ordered_json entryJson(const Site::HistoryEntry& entry, bool showSecrets)

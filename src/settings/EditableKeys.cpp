@@ -2,6 +2,7 @@
 #include "EditableKeys.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "DecimalInt.h"
 #include "Ipv4.h"
@@ -22,6 +23,26 @@ const EditableKey* findEditableKey(std::string_view key)
     const auto found = std::find_if(kEditableKeys.begin(), kEditableKeys.end(),
                                     [&](const EditableKey& entry) { return entry.key == key; });
     return found != kEditableKeys.end() ? &*found : nullptr;
+}
+
+std::size_t rowIndex(std::string_view key)
+{
+    const EditableKey* entry = findEditableKey(key);
+    if (!entry)
+        throw std::out_of_range("not an editable key: " + std::string(key));
+    return static_cast<std::size_t>(entry - kEditableKeys.data());
+}
+
+bool isSecret(std::string_view key)
+{
+    const EditableKey* entry = findEditableKey(key);
+    return entry && entry->secret;
+}
+
+bool isNetworkKey(std::string_view key)
+{
+    const EditableKey* entry = findEditableKey(key);
+    return entry && entry->network();
 }
 
 bool fitsAddressRule(const EditableKey& entry, std::string_view value)

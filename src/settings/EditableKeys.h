@@ -7,12 +7,13 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 
-#include "EditorFields.h"
+#include "Message.h"
 #include "SettingKeys.h"
+#include "SwitcherCatalog.h"
 
 namespace Settings {
 
@@ -28,8 +29,13 @@ enum class ValueKind {
 // reached: written only on purpose, never by a plain save.
 enum class Section { Tally, Communication, Network };
 
-// Where the editor keeps the key's value while the user edits it.
-using FieldMember = std::variant<std::string EditorFields::*, std::int64_t EditorFields::*, bool EditorFields::*>;
+// Integer defaults the editor falls back to: the first switcher preset's family,
+// so a unit that reports no switcher shows that preset.
+inline constexpr std::int64_t kBandDefault = SwitcherCatalog::presets.front().band;
+inline constexpr std::int64_t kSceneDefault = 1;
+// The range of the two type steppers.
+inline constexpr std::int64_t kTypeMinimum = 0;
+inline constexpr std::int64_t kTypeMaximum = 9;
 
 // One editable key: everything the editor, the command line and restore
 // know about it. Loading, comparing, checking and the editor's fields all
@@ -38,7 +44,6 @@ struct EditableKey {
     std::string_view key;
     ValueKind kind;
     Section section;
-    FieldMember member;
     // The range of an integer key.
     std::int64_t minimum = 0;
     std::int64_t maximum = 0;
@@ -48,15 +53,47 @@ struct EditableKey {
     // A level: compared as the integer it parses to ("01" and a missing key
     // holding the default do not differ), not as canonical text.
     bool comparesParsed = false;
-    // A secret (the call password). Nothing masks it yet; the row says so
-    // for the views that will.
+    // A secret (the call password): the history hides its values unless asked.
     bool secret = false;
+    // An integer picked from a list: the text of each value from 0 up, in
+    // order (the range is 0 to the last).
+    std::span<const MessageText> options = {};
+    // An integer stepped one at a time within its range: the stepper's caption
+    // with %1 for the value ("type %1").
+    std::optional<MessageText> caption = std::nullopt;
 
     bool network() const { return section == Section::Network; }
     // Edited as free text (an address, a port, a password): a mixed text
     // field stays empty instead of taking the first unit's value.
-    bool holdsText() const { return std::holds_alternative<std::string EditorFields::*>(member); }
+    bool holdsText() const
+    {
+        return kind == ValueKind::Text || kind == ValueKind::Address || kind == ValueKind::AddressOrEmpty;
+    }
 };
+
+// The texts of the pickers' values, translated by the window in the context "EditorOptions".
+inline constexpr std::array<MessageText, 5> kSceneOptions = {{
+    SETTINGS_TEXT("EditorOptions", "0 \u00B7 Quiet place (whisper)"),
+    SETTINGS_TEXT("EditorOptions", "1 \u00B7 Most scenes (speak loudly)"),
+    SETTINGS_TEXT("EditorOptions", "2 \u00B7 Very noisy (roar)"),
+    SETTINGS_TEXT("EditorOptions", "3 \u00B7 Deafening (loud voice)"),
+    SETTINGS_TEXT("EditorOptions", "4 \u00B7 Deafening (extreme)"),
+}};
+inline constexpr std::array<MessageText, 6> kSuppressOptions = {{
+    SETTINGS_TEXT("EditorOptions", "0 \u00B7 Off"),
+    SETTINGS_TEXT("EditorOptions", "1 \u00B7 1%"),
+    SETTINGS_TEXT("EditorOptions", "2 \u00B7 2%"),
+    SETTINGS_TEXT("EditorOptions", "3 \u00B7 3%"),
+    SETTINGS_TEXT("EditorOptions", "4 \u00B7 4%"),
+    SETTINGS_TEXT("EditorOptions", "5 \u00B7 5%"),
+}};
+// Tally banks as the picker shows them.
+inline constexpr std::array<MessageText, 4> kTallyBankOptions = {{
+    SETTINGS_TEXT("EditorOptions", "Cameras 1\u2013" "12"),
+    SETTINGS_TEXT("EditorOptions", "Cameras 13\u2013" "24"),
+    SETTINGS_TEXT("EditorOptions", "Cameras 25\u2013" "36"),
+    SETTINGS_TEXT("EditorOptions", "Cameras 37\u2013" "40"),
+}};
 
 inline constexpr std::int64_t kAnyInteger = std::numeric_limits<std::int64_t>::max();
 
@@ -64,45 +101,43 @@ inline constexpr std::string_view kSwitchOn = "1";
 inline constexpr std::string_view kSwitchOff = "0";
 
 // In the order of the editor's key table; the three network keys last.
-// A new editable key takes its row here, its member in EditorFields, its
-// EDITOR_FIELD in the section the row names and its control in that
-// section's panel; the editor's table test checks the last three.
+// A new editable key takes its row here and its control in the panel of the
+// section the row names; the editor makes its field from the row, and the
+// editor's table test checks that the panel has the control.
 inline constexpr auto kEditableKeys = std::to_array<EditableKey>({
-    {.key = SettingKeys::kAtemIp, .kind = ValueKind::AddressOrEmpty, .section = Section::Tally,
-     .member = &EditorFields::atemIp},
-    {.key = SettingKeys::kAtemPort, .kind = ValueKind::Text, .section = Section::Tally,
-     .member = &EditorFields::atemPort},
-    {.key = SettingKeys::kChannel, .kind = ValueKind::Text, .section = Section::Communication,
-     .member = &EditorFields::channel},
+    {.key = SettingKeys::kAtemIp, .kind = ValueKind::AddressOrEmpty, .section = Section::Tally},
+    {.key = SettingKeys::kAtemPort, .kind = ValueKind::Text, .section = Section::Tally},
+    {.key = SettingKeys::kChannel, .kind = ValueKind::Text, .section = Section::Communication},
     {.key = SettingKeys::kSwitcherBand, .kind = ValueKind::Integer, .section = Section::Tally,
-     .member = &EditorFields::band, .minimum = -kAnyInteger - 1, .maximum = kAnyInteger, .whenMissing = kBandDefault},
+     .minimum = -kAnyInteger - 1, .maximum = kAnyInteger, .whenMissing = kBandDefault},
     {.key = SettingKeys::kSwitcherModel, .kind = ValueKind::Integer, .section = Section::Tally,
-     .member = &EditorFields::model, .minimum = -kAnyInteger - 1, .maximum = kAnyInteger},
+     .minimum = -kAnyInteger - 1, .maximum = kAnyInteger},
     {.key = SettingKeys::kAtemExtTally, .kind = ValueKind::Integer, .section = Section::Tally,
-     .member = &EditorFields::extTally, .minimum = 0, .maximum = 3},
+     .minimum = 0, .maximum = 3, .options = kTallyBankOptions},
     {.key = SettingKeys::kTallyType, .kind = ValueKind::Integer, .section = Section::Tally,
-     .member = &EditorFields::tallyType, .minimum = kTypeMinimum, .maximum = kTypeMaximum},
+     .minimum = kTypeMinimum, .maximum = kTypeMaximum, .caption = SETTINGS_TEXT("TallySection", "type %1")},
     {.key = SettingKeys::kTallyGpioType, .kind = ValueKind::Integer, .section = Section::Tally,
-     .member = &EditorFields::gpioType, .minimum = kTypeMinimum, .maximum = kTypeMaximum},
+     .minimum = kTypeMinimum, .maximum = kTypeMaximum, .caption = SETTINGS_TEXT("TallySection", "gpio %1")},
     {.key = SettingKeys::kScenarioType, .kind = ValueKind::Integer, .section = Section::Communication,
-     .member = &EditorFields::scene, .minimum = 0, .maximum = 4, .whenMissing = kSceneDefault,
-     .comparesParsed = true},
+     .minimum = 0, .maximum = 4, .whenMissing = kSceneDefault, .comparesParsed = true, .options = kSceneOptions},
     {.key = SettingKeys::kSilenceSuppress, .kind = ValueKind::Integer, .section = Section::Communication,
-     .member = &EditorFields::suppress, .minimum = 0, .maximum = 5, .comparesParsed = true},
-    {.key = SettingKeys::kWire2Enable, .kind = ValueKind::Switch, .section = Section::Communication,
-     .member = &EditorFields::wire2},
-    {.key = SettingKeys::kCallMagic, .kind = ValueKind::Text, .section = Section::Communication,
-     .member = &EditorFields::password, .secret = true},
-    {.key = SettingKeys::kIPAddress, .kind = ValueKind::Address, .section = Section::Network,
-     .member = &EditorFields::ipAddr},
-    {.key = SettingKeys::kNetmask, .kind = ValueKind::Address, .section = Section::Network,
-     .member = &EditorFields::netmask},
-    {.key = SettingKeys::kGateway, .kind = ValueKind::Address, .section = Section::Network,
-     .member = &EditorFields::gateway},
+     .minimum = 0, .maximum = 5, .comparesParsed = true, .options = kSuppressOptions},
+    {.key = SettingKeys::kWire2Enable, .kind = ValueKind::Switch, .section = Section::Communication},
+    {.key = SettingKeys::kCallMagic, .kind = ValueKind::Text, .section = Section::Communication, .secret = true},
+    {.key = SettingKeys::kIPAddress, .kind = ValueKind::Address, .section = Section::Network},
+    {.key = SettingKeys::kNetmask, .kind = ValueKind::Address, .section = Section::Network},
+    {.key = SettingKeys::kGateway, .kind = ValueKind::Address, .section = Section::Network},
 });
 
 // The entry of `key`, or null when it is not editable.
 const EditableKey* findEditableKey(std::string_view key);
+// The row of `key` in the table; `key` must be editable.
+std::size_t rowIndex(std::string_view key);
+
+// Whether the values of `key` are kept from view unless asked (the call password).
+bool isSecret(std::string_view key);
+// Whether `key` is one of the unit's own address settings, which a plain save never writes.
+bool isNetworkKey(std::string_view key);
 
 // Whether `value` has the shape an address key asks for (true for every
 // other kind): what the editor's "invalid IPv4" and the write check share.

@@ -1,42 +1,38 @@
 // SPDX-License-Identifier: Apache-2.0
-// The values the editor holds while the user edits one unit, one member per
-// editable key, and the defaults a fresh editor starts from.
+// The values the editor holds while the user edits one unit: one value per
+// row of the editable-key table, of the type its kind is edited as. A fresh
+// editor holds each row's value when missing.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <variant>
 
-#include "SwitcherCatalog.h"
+#include "EditableKeys.h"
 
-namespace Settings {
+// Text (addresses, port, channel, password), an integer, or a switch.
+using FieldValue = std::variant<std::string, std::int64_t, bool>;
 
-// Integer defaults the editor falls back to: the first switcher preset's family,
-// so a unit that reports no switcher shows that preset.
-inline constexpr std::int64_t kBandDefault = SwitcherCatalog::presets.front().band;
-inline constexpr std::int64_t kSceneDefault = 1;
-// The range of the two type steppers.
-inline constexpr std::int64_t kTypeMinimum = 0;
-inline constexpr std::int64_t kTypeMaximum = 9;
+class EditorFields {
+public:
+    EditorFields();
 
-}  // namespace Settings
+    // The value of the table's row `row`.
+    const FieldValue& at(std::size_t row) const { return values_.at(row); }
+    FieldValue& at(std::size_t row) { return values_.at(row); }
 
-// What the user edits. The initial values are those of a fresh editor.
-struct EditorFields {
-    std::string atemIp;
-    std::string atemPort;
-    std::string channel;
-    std::int64_t band = Settings::kBandDefault;
-    std::int64_t model = 0;
-    std::int64_t extTally = 0;
-    std::int64_t tallyType = 0;
-    std::int64_t gpioType = 0;
-    std::string ipAddr;
-    std::string netmask;
-    std::string gateway;
-    std::int64_t scene = Settings::kSceneDefault;
-    std::int64_t suppress = 0;
-    bool wire2 = false;
-    std::string password;
+    // The value of `key`, which must be an editable key edited as that type.
+    const std::string& text(std::string_view key) const;
+    std::string& text(std::string_view key);
+    std::int64_t integer(std::string_view key) const;
+    std::int64_t& integer(std::string_view key);
+    bool on(std::string_view key) const;
+    bool& on(std::string_view key);
 
     bool operator==(const EditorFields&) const = default;
+
+private:
+    std::array<FieldValue, Settings::kEditableKeys.size()> values_;
 };

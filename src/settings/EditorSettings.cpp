@@ -17,19 +17,6 @@ namespace {
 
 thread_local std::uint64_t comparisons = 0;
 
-template <typename... Ts>
-struct Overloaded : Ts... {
-    using Ts::operator()...;
-};
-// Clang 14 does not deduce an aggregate's template arguments by itself.
-template <typename... Ts>
-Overloaded(Ts...) -> Overloaded<Ts...>;
-
-const EditableKey& rowOf(std::string_view key)
-{
-    return *Settings::findEditableKey(key);
-}
-
 std::string switchText(bool on)
 {
     return std::string(on ? Settings::kSwitchOn : Settings::kSwitchOff);
@@ -63,23 +50,24 @@ KeyComparison bySwitch(const Vorn::Config& live, std::string_view key, bool on)
     return {key, std::move(text), differs};
 }
 
-KeyComparison compareKey(const EditorFields& fields, const Vorn::Config& live, const EditableKey& row)
+KeyComparison compareKey(const EditorFields& fields, const Vorn::Config& live, std::size_t index)
 {
-    return std::visit(Overloaded{
-                          [&](std::string EditorFields::*member) { return byText(live, row.key, fields.*member); },
-                          [&](std::int64_t EditorFields::*member) { return byInteger(live, row, fields.*member); },
-                          [&](bool EditorFields::*member) { return bySwitch(live, row.key, fields.*member); },
-                      },
-                      row.member);
+    const EditableKey& row = Settings::kEditableKeys[index];
+    const FieldValue& value = fields.at(index);
+    if (const auto* number = std::get_if<std::int64_t>(&value))
+        return byInteger(live, row, *number);
+    if (const auto* on = std::get_if<bool>(&value))
+        return bySwitch(live, row.key, *on);
+    return byText(live, row.key, std::get<std::string>(value));
 }
 
 template <typename Wanted>
 std::vector<KeyComparison> compareWhere(const EditorFields& fields, const Vorn::Config& live, Wanted wanted)
 {
     std::vector<KeyComparison> keys;
-    for (const EditableKey& row : Settings::kEditableKeys) {
-        if (wanted(row))
-            keys.push_back(compareKey(fields, live, row));
+    for (std::size_t index = 0; index < Settings::kEditableKeys.size(); ++index) {
+        if (wanted(Settings::kEditableKeys[index]))
+            keys.push_back(compareKey(fields, live, index));
     }
     return keys;
 }
@@ -87,11 +75,11 @@ std::vector<KeyComparison> compareWhere(const EditorFields& fields, const Vorn::
 // The first text field that holds a line break or NUL.
 std::optional<Settings::Message> fieldsRefusal(const EditorFields& fields)
 {
-    for (const EditableKey& row : Settings::kEditableKeys) {
-        const auto* member = std::get_if<std::string EditorFields::*>(&row.member);
-        if (!member)
+    for (std::size_t index = 0; index < Settings::kEditableKeys.size(); ++index) {
+        const auto* text = std::get_if<std::string>(&fields.at(index));
+        if (!text)
             continue;
-        if (auto refused = Settings::valueRefusal(row.key, fields.**member))
+        if (auto refused = Settings::valueRefusal(Settings::kEditableKeys[index].key, *text))
             return refused;
     }
     return std::nullopt;
@@ -99,32 +87,18 @@ std::optional<Settings::Message> fieldsRefusal(const EditorFields& fields)
 
 }  // namespace
 
-std::int64_t sceneDefault(const Vorn::Config& live)
-{
-    const EditableKey& row = rowOf(SettingKeys::kScenarioType);
-    return liveInteger(live, row.key, row.whenMissing);
-}
-
-std::int64_t suppressDefault(const Vorn::Config& live)
-{
-    const EditableKey& row = rowOf(SettingKeys::kSilenceSuppress);
-    return liveInteger(live, row.key, row.whenMissing);
-}
-
 EditorFields loadFields(const Vorn::Config& live)
 {
     EditorFields fields;
-    for (const EditableKey& row : Settings::kEditableKeys) {
-        std::visit(Overloaded{
-                       [&](std::string EditorFields::*member) { fields.*member = liveText(live, row.key); },
-                       [&](std::int64_t EditorFields::*member) {
-                           fields.*member = liveInteger(live, row.key, row.whenMissing);
-                       },
-                       [&](bool EditorFields::*member) {
-                           fields.*member = liveText(live, row.key, Settings::kSwitchOff) == Settings::kSwitchOn;
-                       },
-                   },
-                   row.member);
+    for (std::size_t index = 0; index < Settings::kEditableKeys.size(); ++index) {
+        const EditableKey& row = Settings::kEditableKeys[index];
+        FieldValue& value = fields.at(index);
+        if (auto* number = std::get_if<std::int64_t>(&value))
+            *number = liveInteger(live, row.key, row.whenMissing);
+        else if (auto* on = std::get_if<bool>(&value))
+            *on = liveText(live, row.key, Settings::kSwitchOff) == Settings::kSwitchOn;
+        else
+            value = liveText(live, row.key);
     }
     return fields;
 }
@@ -177,7 +151,7 @@ Vorn::Config changesOf(std::span<const KeyComparison> keys)
 bool networkValid(const EditorFields& fields)
 {
     for (const EditableKey& row : Settings::kEditableKeys) {
-        if (row.network() && !EditorRules::isDottedQuad(fields.*std::get<std::string EditorFields::*>(row.member)))
+        if (row.network() && !EditorRules::isDottedQuad(fields.text(row.key)))
             return false;
     }
     return true;

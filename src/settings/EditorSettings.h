@@ -25,11 +25,6 @@ struct KeyComparison {
     bool differs;
 };
 
-// The unit's scene level, 1 when missing or unparsable.
-std::int64_t sceneDefault(const Vorn::Config& live);
-// The unit's suppression level, 0 when missing or unparsable.
-std::int64_t suppressDefault(const Vorn::Config& live);
-
 // Every field from the live configuration; missing or unparsable values
 // give the defaults of the key table.
 EditorFields loadFields(const Vorn::Config& live);

@@ -36,15 +36,10 @@ inline constexpr std::array<std::string_view, 18> kWriteKeys = {
     kTallyGpioType, kAtemExtTally,   kSwitcherBand,    kSwitcherModel, kWire2Enable,   kSerial,
 };
 
-// The unit's own address settings: written only on purpose, never by a plain save.
-inline constexpr std::array<std::string_view, 3> kNetworkKeys = {kIPAddress, kNetmask, kGateway};
-
 // The keys of the Details grid, in the order it shows them.
 inline constexpr std::array<std::string_view, 15> kDetailKeys = {
     kIPAddress, kNetmask,   kGateway,   kManagerIp,     kAtemIp,       kAtemPort, kSwitcherBand, kSwitcherModel,
     kChannel,   kCallMagic, kTallyType, kTallyGpioType, kAtemExtTally, kSerial,   kVersion,
 };
-
-bool isNetworkKey(std::string_view key);
 
 }  // namespace SettingKeys

@@ -49,7 +49,7 @@ TEST_F(DeviceEditorHeader, ChannelChipFollowsTheUnitNotTheEditedField)
 {
     report(kReported);
     open();
-    communication().channel->setText(QStringLiteral("12"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("12"));
     EXPECT_EQ(header().channelChip(), QStringLiteral("Ch 3"));
 }
 
@@ -69,7 +69,7 @@ TEST_F(DeviceEditorHeader, SwitcherChipFollowsThePickerBeforeSaving)
     QSignalSpy labelSpy(&tally(), &EditorSection::changed);
     tally().setSwitcherSelection(QStringLiteral("5.1"));
     EXPECT_EQ(tally().switcherLabel(), QStringLiteral("Roland V-60HD"));
-    tally().model->setValue(77);
+    tally().fieldAs<NumberField>("SwitcherModel")->setValue(77);
     EXPECT_EQ(tally().switcherLabel(), QStringLiteral("Band 5 / Model 77"));
     EXPECT_EQ(labelSpy.count(), 2);
 }

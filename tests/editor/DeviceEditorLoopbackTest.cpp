@@ -73,12 +73,12 @@ TEST_F(DeviceEditorLoopback, OpeningOnTheClientLoadsOnce)
     other.setClient(client.get());
     other.setIp(QString::fromLatin1(kUnitIp));
     EXPECT_EQ(loadedSpy.count(), 1);
-    EXPECT_EQ(other.communication()->channel->text(), QStringLiteral("3"));
+    EXPECT_EQ(other.communication()->fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
 }
 
 TEST_F(DeviceEditorLoopback, SaveSendsTheUnitsConfigurationWithTheChangedKeys)
 {
-    editor.communication()->password->setText(QStringLiteral("open sesame"));
+    editor.communication()->fieldAs<TextField>("CallMagic")->setText(QStringLiteral("open sesame"));
     editor.tally()->setSwitcherSelection(QStringLiteral("5.9"));
     editor.save();
     EXPECT_EQ(lastLogLine(), QStringLiteral("write \u2192 127.0.0.2: CallMagic=open sesame SwitcherBand=5 SwitcherModel=9"));
@@ -88,8 +88,8 @@ TEST_F(DeviceEditorLoopback, SaveSendsTheUnitsConfigurationWithTheChangedKeys)
 
 TEST_F(DeviceEditorLoopback, ApplySendsTheChangedNetworkKeys)
 {
-    editor.network()->ipAddr->setText(QStringLiteral("127.0.0.3"));
-    editor.network()->netmask->setText(QStringLiteral("255.255.0.0"));
+    editor.network()->fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    editor.network()->fieldAs<TextField>("Netmask")->setText(QStringLiteral("255.255.0.0"));
     editor.applyNetwork();
     EXPECT_EQ(lastLogLine(), QStringLiteral("write \u2192 127.0.0.2: IPAddress=127.0.0.3 Netmask=255.255.0.0"));
     EXPECT_EQ(receivedWrite(), overlaid(kReported, {{"IPAddress", "127.0.0.3"}, {"Netmask", "255.255.0.0"}}));
@@ -107,7 +107,7 @@ TEST_F(DeviceEditorLoopback, SaveWithNothingChangedSendsNothing)
 
 TEST_F(DeviceEditorLoopback, RefusedPasswordSendsNothing)
 {
-    editor.communication()->password->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
+    editor.communication()->fieldAs<TextField>("CallMagic")->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
     const QStringList logBefore = client->log();
     editor.save();
     EXPECT_EQ(client->log(), logBefore);
@@ -123,7 +123,7 @@ TEST_F(DeviceEditorLoopback, ClientRefusesAWriteOfALineFeedEvenWhenAskedDirectly
 
 TEST_F(DeviceEditorLoopback, SaveIsConfirmedByTheReplyAfterTheRequery)
 {
-    editor.communication()->channel->setText(QStringLiteral("5"));
+    editor.communication()->fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
     editor.save();
     time.advance(2s);
     report(overlaid(kReported, {{"Channel", "5"}}));
@@ -150,5 +150,5 @@ TEST_F(DeviceEditorLoopback, ClientGoneLeavesAnOfflineEditorWithEmptyLive)
     EXPECT_TRUE(editor.live().isEmpty());
     EXPECT_EQ(clientSpy.count(), 1);
     EXPECT_EQ(liveSpy.count(), 1);
-    EXPECT_EQ(editor.tally()->atemIp->text(), QStringLiteral("10.0.0.5"));
+    EXPECT_EQ(editor.tally()->fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
 }

@@ -29,7 +29,7 @@ TEST_F(DeviceEditorRefusal, PasswordWithLineFeedMakesSaveUnavailableWithAReason)
     QSignalSpy refusalSpy(&editor, &DeviceEditor::refusalChanged);
     QSignalSpy canSaveSpy(&editor, &DeviceEditor::canSaveChanged);
 
-    communication().password->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
 
     EXPECT_TRUE(editor.dirty());
     EXPECT_FALSE(editor.canSave());
@@ -40,7 +40,7 @@ TEST_F(DeviceEditorRefusal, PasswordWithLineFeedMakesSaveUnavailableWithAReason)
 
 TEST_F(DeviceEditorRefusal, SaveWithARefusedFieldSendsNothing)
 {
-    communication().password->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("x\nIPAddress:10.9.9.9"));
     editor.save();
 
     EXPECT_TRUE(link.writes.empty());
@@ -48,19 +48,19 @@ TEST_F(DeviceEditorRefusal, SaveWithARefusedFieldSendsNothing)
 
 TEST_F(DeviceEditorRefusal, CarriageReturnOrNulInAnyTextFieldIsRefused)
 {
-    communication().channel->setText(QStringLiteral("5\r"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5\r"));
     EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Channel holds a carriage return (CR)"));
-    communication().channel->setText(QStringLiteral("5"));
-    tally().atemPort->setText(QString(QChar(u'\0')));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
+    tally().fieldAs<TextField>("AtemPort")->setText(QString(QChar(u'\0')));
     EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of AtemPort holds a NUL character"));
-    tally().atemPort->setText(QString());
+    tally().fieldAs<TextField>("AtemPort")->setText(QString());
     EXPECT_EQ(editor.refusal(), QString());
     EXPECT_TRUE(editor.canSave());
 }
 
 TEST_F(DeviceEditorRefusal, NetworkFieldWithLineFeedBlocksTheApplyToo)
 {
-    network().gateway->setText(QStringLiteral("127.0.0.9\n"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.9\n"));
 
     EXPECT_FALSE(editor.canApplyNetwork());
     EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Gateway holds a line feed (LF)"));
@@ -71,8 +71,8 @@ TEST_F(DeviceEditorRefusal, NetworkFieldWithLineFeedBlocksTheApplyToo)
 TEST_F(DeviceEditorRefusal, RefusedTextElsewhereKeepsTheOtherChangeUnsendable)
 {
     // One write carries every field, so one bad field stops the network apply as well.
-    communication().password->setText(QStringLiteral("a\rb"));
-    network().gateway->setText(QStringLiteral("127.0.0.9"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("a\rb"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.9"));
 
     EXPECT_TRUE(network().dirty());
     EXPECT_TRUE(network().valid());
@@ -91,7 +91,7 @@ TEST_F(DeviceEditorReportedRefusal, ReportedNulInAWriteKeyBlocksSaveWithAReason)
 {
     report(cleanUnit({{"Serial", std::string("KT400ABC\0", 9)}}));
     open();
-    communication().channel->setText(QStringLiteral("5"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
 
     EXPECT_TRUE(editor.dirty());
     EXPECT_FALSE(editor.canSave());
@@ -104,7 +104,7 @@ TEST_F(DeviceEditorReportedRefusal, ReportedNulOutsideTheWriteKeysIsNoObstacle)
 {
     report(cleanUnit({{"Version", std::string("2.1\0", 4)}}));
     open();
-    communication().channel->setText(QStringLiteral("5"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
 
     EXPECT_EQ(editor.refusal(), QString());
     EXPECT_TRUE(editor.canSave());
@@ -116,7 +116,7 @@ TEST_F(DeviceEditorReportedRefusal, RetypingAReportedValueWithNulMakesSaveAvaila
     open();
     EXPECT_EQ(editor.refusal(), QStringLiteral("Cannot send: the value of Channel holds a NUL character"));
 
-    communication().channel->setText(QStringLiteral("3"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("3"));
 
     EXPECT_EQ(editor.refusal(), QString());
     EXPECT_TRUE(editor.canSave());

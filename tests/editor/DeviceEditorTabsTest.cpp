@@ -76,11 +76,11 @@ TEST_F(DeviceEditorTabs, ChoosingAPresetReplacesBandAndModelAndDropsTheExtraEntr
     // Entries, index and selection change together: the section announces
     // once, and so does the band; the model stays 2 and says nothing.
     QSignalSpy sectionSpy(&tally(), &EditorSection::changed);
-    QSignalSpy bandSpy(tally().band, &EditorField::changed);
-    QSignalSpy modelSpy(tally().model, &EditorField::changed);
+    QSignalSpy bandSpy(tally().fieldAs<NumberField>("SwitcherBand"), &EditorField::changed);
+    QSignalSpy modelSpy(tally().fieldAs<NumberField>("SwitcherModel"), &EditorField::changed);
     tally().setSwitcherSelection(QStringLiteral("9.2"));
-    EXPECT_EQ(tally().band->value(), 9);
-    EXPECT_EQ(tally().model->value(), 2);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 9);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 2);
     EXPECT_EQ(tally().switcherEntries().size(), 12);
     EXPECT_EQ(tally().switcherIndex(), 9);
     EXPECT_EQ(tally().switcherSelection(), QStringLiteral("9.2"));
@@ -93,19 +93,19 @@ TEST_F(DeviceEditorTabs, SwitcherSelectionWithOneOrThreeIntegersChangesNothing)
 {
     report({{"SwitcherBand", "2"}, {"SwitcherModel", "1"}});
     open();
-    QSignalSpy bandSpy(tally().band, &EditorField::changed);
+    QSignalSpy bandSpy(tally().fieldAs<NumberField>("SwitcherBand"), &EditorField::changed);
     QSignalSpy selectionSpy(&tally(), &EditorSection::changed);
     tally().setSwitcherSelection(QStringLiteral("3.x"));
     tally().setSwitcherSelection(QStringLiteral("3.1.2"));
-    EXPECT_EQ(tally().band->value(), 2);
-    EXPECT_EQ(tally().model->value(), 1);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 2);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 1);
     EXPECT_EQ(bandSpy.count(), 0);
     EXPECT_EQ(selectionSpy.count(), 0);
 }
 
 TEST_F(DeviceEditorTabs, TallyBanksReadCamerasWithEnDashes)
 {
-    EXPECT_EQ(tally().extTally->options(),
+    EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->options(),
               (QStringList{QStringLiteral("Cameras 1\u201312"), QStringLiteral("Cameras 13\u201324"),
                            QStringLiteral("Cameras 25\u201336"), QStringLiteral("Cameras 37\u201340")}));
 }
@@ -114,39 +114,39 @@ TEST_F(DeviceEditorTabs, TallyBankIndexIsTheFieldOrMinusOneOutsideTheList)
 {
     report({{"SwitcherBand", "7"}, {"AtemExtTally", "1"}});
     open();
-    EXPECT_EQ(tally().extTally->index(), 1);
-    tally().extTally->setValue(4);
-    EXPECT_EQ(tally().extTally->index(), -1);
+    EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->index(), 1);
+    tally().fieldAs<ChoiceField>("AtemExtTally")->setValue(4);
+    EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->index(), -1);
 }
 
 TEST_F(DeviceEditorTabs, TallyTypeTwelveShowsAsTypeTwelveAndStepsDownIntoTheRange)
 {
     report({{"SwitcherBand", "7"}, {"TallyType", "12"}});
     open();
-    EXPECT_EQ(tally().tallyType->title(), QStringLiteral("type 12"));
-    EXPECT_FALSE(tally().tallyType->canIncrease());
-    EXPECT_TRUE(tally().tallyType->canDecrease());
-    tally().tallyType->step(+1);
-    EXPECT_EQ(tally().tallyType->value(), 12);
-    tally().tallyType->step(-1);
-    EXPECT_EQ(tally().tallyType->value(), 9);
-    EXPECT_EQ(tally().tallyType->title(), QStringLiteral("type 9"));
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->title(), QStringLiteral("type 12"));
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyType")->canIncrease());
+    EXPECT_TRUE(tally().fieldAs<StepperField>("TallyType")->canDecrease());
+    tally().fieldAs<StepperField>("TallyType")->step(+1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 12);
+    tally().fieldAs<StepperField>("TallyType")->step(-1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 9);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->title(), QStringLiteral("type 9"));
 }
 
 TEST_F(DeviceEditorTabs, TypeSteppersStopAtZeroAndNine)
 {
     report({{"SwitcherBand", "7"}, {"TallyGpioType", "0"}});
     open();
-    EXPECT_EQ(tally().gpioType->title(), QStringLiteral("gpio 0"));
-    EXPECT_FALSE(tally().gpioType->canDecrease());
-    tally().gpioType->step(-1);
-    EXPECT_EQ(tally().gpioType->value(), 0);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->title(), QStringLiteral("gpio 0"));
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyGpioType")->canDecrease());
+    tally().fieldAs<StepperField>("TallyGpioType")->step(-1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 0);
     // One announcement per step that moved the value; the presses past nine none.
-    QSignalSpy upSpy(tally().gpioType, &EditorField::changed);
+    QSignalSpy upSpy(tally().fieldAs<StepperField>("TallyGpioType"), &EditorField::changed);
     for (int press = 0; press < 12; ++press)
-        tally().gpioType->step(+1);
-    EXPECT_EQ(tally().gpioType->value(), 9);
-    EXPECT_FALSE(tally().gpioType->canIncrease());
+        tally().fieldAs<StepperField>("TallyGpioType")->step(+1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 9);
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyGpioType")->canIncrease());
     EXPECT_EQ(upSpy.count(), 9);
 }
 
@@ -154,19 +154,19 @@ TEST_F(DeviceEditorTabs, NegativeTypeStepsUpIntoTheRange)
 {
     report({{"SwitcherBand", "7"}, {"TallyType", "-4"}});
     open();
-    EXPECT_FALSE(tally().tallyType->canDecrease());
-    tally().tallyType->step(+1);
-    EXPECT_EQ(tally().tallyType->value(), 0);
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyType")->canDecrease());
+    tally().fieldAs<StepperField>("TallyType")->step(+1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 0);
 }
 
 TEST_F(DeviceEditorTabs, SceneAndSuppressionOptionsUseAMiddleDot)
 {
-    EXPECT_EQ(communication().scene->options(),
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->options(),
               (QStringList{QStringLiteral("0 \u00B7 Quiet place (whisper)"),
                            QStringLiteral("1 \u00B7 Most scenes (speak loudly)"),
                            QStringLiteral("2 \u00B7 Very noisy (roar)"), QStringLiteral("3 \u00B7 Deafening (loud voice)"),
                            QStringLiteral("4 \u00B7 Deafening (extreme)")}));
-    EXPECT_EQ(communication().suppress->options(),
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->options(),
               (QStringList{QStringLiteral("0 \u00B7 Off"), QStringLiteral("1 \u00B7 1%"), QStringLiteral("2 \u00B7 2%"),
                            QStringLiteral("3 \u00B7 3%"), QStringLiteral("4 \u00B7 4%"), QStringLiteral("5 \u00B7 5%")}));
 }
@@ -175,20 +175,17 @@ TEST_F(DeviceEditorTabs, ReportedScenarioThreeShowsDeafeningLoudVoice)
 {
     report({{"SwitcherBand", "7"}, {"ScenarioType", "3"}});
     open();
-    EXPECT_EQ(communication().scene->index(), 3);
-    EXPECT_EQ(communication().scene->options().value(communication().scene->index()), QStringLiteral("3 \u00B7 Deafening (loud voice)"));
-    EXPECT_EQ(communication().sceneDefault(), 3);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->index(), 3);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->options().value(communication().fieldAs<ChoiceField>("ScenarioType")->index()), QStringLiteral("3 \u00B7 Deafening (loud voice)"));
 }
 
 TEST_F(DeviceEditorTabs, MissingScenarioShowsMostScenesAndIsNoChange)
 {
     report(cleanUnit());
     open();
-    EXPECT_EQ(communication().scene->index(), 1);
-    EXPECT_EQ(communication().scene->options().value(communication().scene->index()), QStringLiteral("1 \u00B7 Most scenes (speak loudly)"));
-    EXPECT_EQ(communication().sceneDefault(), 1);
-    EXPECT_EQ(communication().suppress->index(), 0);
-    EXPECT_EQ(communication().suppressDefault(), 0);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->index(), 1);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->options().value(communication().fieldAs<ChoiceField>("ScenarioType")->index()), QStringLiteral("1 \u00B7 Most scenes (speak loudly)"));
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->index(), 0);
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -196,7 +193,7 @@ TEST_F(DeviceEditorTabs, Wire2ReportedAsTrueShowsOffAndCountsAsChanged)
 {
     report(cleanUnit({{"Wire2Enable", "true"}}));
     open();
-    EXPECT_FALSE(communication().wire2->checked());
+    EXPECT_FALSE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
     EXPECT_TRUE(editor.dirty());
 }
 
@@ -204,12 +201,11 @@ TEST_F(DeviceEditorTabs, SuppressionNineIsKeptAndSelectsNoOption)
 {
     report(cleanUnit({{"SilenceSuppress", "9"}}));
     open();
-    EXPECT_EQ(communication().suppress->value(), 9);
-    EXPECT_EQ(communication().suppress->index(), -1);
-    EXPECT_EQ(communication().suppressDefault(), 9);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 9);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->index(), -1);
     EXPECT_FALSE(editor.dirty());
-    communication().suppress->setValue(2);
-    EXPECT_EQ(communication().suppress->index(), 2);
+    communication().fieldAs<ChoiceField>("SilenceSuppress")->setValue(2);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->index(), 2);
 }
 
 TEST_F(DeviceEditorTabs, ValidUnchangedNetworkCannotBeApplied)
@@ -229,7 +225,7 @@ TEST_F(DeviceEditorTabs, InvalidStoredValuesShowNoWarningUntilSomethingChanges)
     EXPECT_FALSE(network().valid());
     EXPECT_FALSE(network().warning());
     QSignalSpy warningSpy(&network(), &EditorSection::changed);
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
     EXPECT_TRUE(network().warning());
     EXPECT_FALSE(editor.canApplyNetwork());
     EXPECT_EQ(warningSpy.count(), 1);
@@ -242,10 +238,10 @@ TEST_F(DeviceEditorTabs, ChangedValidNetworkCanBeAppliedAndInvalidEditWarns)
     QSignalSpy canApplySpy(&editor, &DeviceEditor::canApplyNetworkChanged);
     // The section announces when it turns dirty, then when it turns invalid.
     QSignalSpy sectionSpy(&network(), &EditorSection::changed);
-    network().gateway->setText(QStringLiteral("127.0.0.254"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.254"));
     EXPECT_TRUE(editor.canApplyNetwork());
     EXPECT_FALSE(network().warning());
-    network().gateway->setText(QStringLiteral("127.0.0."));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0."));
     EXPECT_FALSE(network().valid());
     EXPECT_TRUE(network().warning());
     EXPECT_FALSE(editor.canApplyNetwork());
@@ -258,8 +254,8 @@ TEST_F(DeviceEditorTabs, EditingANetworkFieldNeverMakesTheEditorDirty)
     report(kNetwork);
     open();
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
-    network().netmask->setText(QStringLiteral("x"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("Netmask")->setText(QStringLiteral("x"));
     EXPECT_FALSE(editor.dirty());
     EXPECT_TRUE(network().dirty());
     EXPECT_EQ(dirtySpy.count(), 0);
@@ -269,7 +265,7 @@ TEST_F(DeviceEditorTabs, ConfirmationNamesTheCurrentAddressAndTheNewValues)
 {
     report(kNetwork);
     open();
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
     EXPECT_EQ(header().confirmTitle(), QStringLiteral("Apply network settings to 127.0.0.2?"));
     EXPECT_EQ(header().confirmMessage(),
               QStringLiteral("New: IP 127.0.0.3, mask 255.0.0.0, gateway 127.0.0.1.\n\n"

@@ -19,7 +19,28 @@ const Vorn::Config kFull = {
     {"Version", "1.4.2"},
 };
 
-class DeviceEditorTest : public EditorFixture {};
+class DeviceEditorTest : public EditorFixture {
+protected:
+    // Every field holds its value of kFull.
+    void expectFullLoaded()
+    {
+        EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
+        EXPECT_EQ(tally().fieldAs<TextField>("AtemPort")->text(), QStringLiteral("9910"));
+        EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
+        EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 2);
+        EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 10);
+        EXPECT_EQ(tally().fieldAs<ChoiceField>("AtemExtTally")->value(), 1);
+        EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 4);
+        EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 5);
+        EXPECT_EQ(network().fieldAs<TextField>("IPAddress")->text(), QStringLiteral("127.0.0.2"));
+        EXPECT_EQ(network().fieldAs<TextField>("Netmask")->text(), QStringLiteral("255.0.0.0"));
+        EXPECT_EQ(network().fieldAs<TextField>("Gateway")->text(), QStringLiteral("127.0.0.1"));
+        EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 2);
+        EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 3);
+        EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
+        EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QStringLiteral("secret"));
+    }
+};
 
 }  // namespace
 
@@ -27,10 +48,10 @@ TEST_F(DeviceEditorTest, FreshEditorHoldsTheInitialValues)
 {
     EXPECT_EQ(editor.client(), nullptr);
     EXPECT_EQ(editor.ip(), QString());
-    EXPECT_EQ(tally().band->value(), 7);
-    EXPECT_EQ(communication().scene->value(), 1);
-    EXPECT_EQ(communication().suppress->value(), 0);
-    EXPECT_FALSE(communication().wire2->checked());
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 7);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 1);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 0);
+    EXPECT_FALSE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
     EXPECT_EQ(editor.loadedFor(), QString());
     EXPECT_FALSE(header().online());
 }
@@ -39,21 +60,7 @@ TEST_F(DeviceEditorTest, OpeningAUnitLoadsEveryFieldFromItsLiveConfiguration)
 {
     report(kFull);
     open();
-    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(tally().atemPort->text(), QStringLiteral("9910"));
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
-    EXPECT_EQ(tally().band->value(), 2);
-    EXPECT_EQ(tally().model->value(), 10);
-    EXPECT_EQ(tally().extTally->value(), 1);
-    EXPECT_EQ(tally().tallyType->value(), 4);
-    EXPECT_EQ(tally().gpioType->value(), 5);
-    EXPECT_EQ(network().ipAddr->text(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(network().netmask->text(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(network().gateway->text(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(communication().scene->value(), 2);
-    EXPECT_EQ(communication().suppress->value(), 3);
-    EXPECT_TRUE(communication().wire2->checked());
-    EXPECT_EQ(communication().password->text(), QStringLiteral("secret"));
+    expectFullLoaded();
     EXPECT_EQ(editor.loadedFor(), QString::fromLatin1(kUnitIp));
     EXPECT_FALSE(editor.dirty());
     EXPECT_FALSE(network().dirty());
@@ -71,8 +78,8 @@ TEST_F(DeviceEditorTest, UnknownUnitLoadsTheDefaultsAndHasAnEmptyLive)
 {
     open("127.0.0.9");
     EXPECT_TRUE(editor.live().isEmpty());
-    EXPECT_EQ(tally().band->value(), 7);
-    EXPECT_EQ(tally().atemIp->text(), QString());
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 7);
+    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QString());
     EXPECT_EQ(header().title(), QStringLiteral("127.0.0.9"));
     EXPECT_EQ(header().onlineText(), QStringLiteral("Offline"));
     // Every field holds what a missing key stands for: nothing differs.
@@ -84,9 +91,9 @@ TEST_F(DeviceEditorTest, UnitReportingBandSevenModelZeroAndNoLevelsOrWire2IsClea
     // The levels, Wire2 and every text key are absent.
     report(cleanUnit());
     open();
-    EXPECT_EQ(communication().scene->value(), 1);
-    EXPECT_EQ(communication().suppress->value(), 0);
-    EXPECT_FALSE(communication().wire2->checked());
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 1);
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("SilenceSuppress")->value(), 0);
+    EXPECT_FALSE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -105,16 +112,16 @@ TEST_F(DeviceEditorTest, UnitWithoutSwitcherBandLoadsSevenAndClean)
     noBand.erase("SwitcherBand");
     report(noBand);
     open();
-    EXPECT_EQ(tally().band->value(), 7);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 7);
     EXPECT_FALSE(editor.dirty());
-    EXPECT_FALSE(tally().band->dirty());
+    EXPECT_FALSE(tally().fieldAs<NumberField>("SwitcherBand")->dirty());
 }
 
 TEST_F(DeviceEditorTest, TallyTypeTwelveIsLoadedWithoutClamping)
 {
     report(cleanUnit({{"TallyType", "12"}}));
     open();
-    EXPECT_EQ(tally().tallyType->value(), 12);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 12);
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -122,8 +129,8 @@ TEST_F(DeviceEditorTest, SignedAndZeroPaddedIntegersLoadTheirValueAndCountAsChan
 {
     report({{"SwitcherBand", "+5"}, {"SwitcherModel", "09"}});
     open();
-    EXPECT_EQ(tally().band->value(), 5);
-    EXPECT_EQ(tally().model->value(), 9);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 5);
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherModel")->value(), 9);
     EXPECT_TRUE(editor.dirty());
 }
 
@@ -131,40 +138,26 @@ TEST_F(DeviceEditorTest, ReloadRestoresEveryFieldIncludingTheNetworkFields)
 {
     report(kFull);
     open();
-    tally().atemIp->setText(QStringLiteral("1.1.1.1"));
-    tally().atemPort->setText(QStringLiteral("1"));
-    communication().channel->setText(QStringLiteral("99"));
+    tally().fieldAs<TextField>("AtemIp")->setText(QStringLiteral("1.1.1.1"));
+    tally().fieldAs<TextField>("AtemPort")->setText(QStringLiteral("1"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("99"));
     tally().setSwitcherSelection(QStringLiteral("5.9"));
-    tally().extTally->setValue(3);
-    tally().tallyType->setValue(0);
-    tally().gpioType->setValue(0);
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
-    network().netmask->setText(QStringLiteral("255.255.0.0"));
-    network().gateway->setText(QStringLiteral("127.0.0.254"));
-    communication().scene->setValue(4);
-    communication().suppress->setValue(0);
-    communication().wire2->setChecked(false);
-    communication().password->setText(QString());
+    tally().fieldAs<ChoiceField>("AtemExtTally")->setValue(3);
+    tally().fieldAs<StepperField>("TallyType")->setValue(0);
+    tally().fieldAs<StepperField>("TallyGpioType")->setValue(0);
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("Netmask")->setText(QStringLiteral("255.255.0.0"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.254"));
+    communication().fieldAs<ChoiceField>("ScenarioType")->setValue(4);
+    communication().fieldAs<ChoiceField>("SilenceSuppress")->setValue(0);
+    communication().fieldAs<SwitchField>("Wire2Enable")->setChecked(false);
+    communication().fieldAs<TextField>("CallMagic")->setText(QString());
     ASSERT_TRUE(editor.dirty());
     ASSERT_TRUE(network().dirty());
 
     editor.load();
 
-    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
-    EXPECT_EQ(tally().atemPort->text(), QStringLiteral("9910"));
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
-    EXPECT_EQ(tally().band->value(), 2);
-    EXPECT_EQ(tally().model->value(), 10);
-    EXPECT_EQ(tally().extTally->value(), 1);
-    EXPECT_EQ(tally().tallyType->value(), 4);
-    EXPECT_EQ(tally().gpioType->value(), 5);
-    EXPECT_EQ(network().ipAddr->text(), QStringLiteral("127.0.0.2"));
-    EXPECT_EQ(network().netmask->text(), QStringLiteral("255.0.0.0"));
-    EXPECT_EQ(network().gateway->text(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(communication().scene->value(), 2);
-    EXPECT_EQ(communication().suppress->value(), 3);
-    EXPECT_TRUE(communication().wire2->checked());
-    EXPECT_EQ(communication().password->text(), QStringLiteral("secret"));
+    expectFullLoaded();
     EXPECT_FALSE(editor.dirty());
     EXPECT_FALSE(network().dirty());
 }
@@ -176,29 +169,29 @@ TEST_F(DeviceEditorTest, ReloadShowsTheLatestReplyNotTheOneFirstLoaded)
     Vorn::Config newer = kFull;
     newer["Channel"] = "8";
     report(newer);
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("3"));
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
     editor.load();
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("8"));
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("8"));
 }
 
 TEST_F(DeviceEditorTest, NewReplyOfTheSameUnitKeepsTheEditedFieldsAndFlipsDirty)
 {
     report(kFull);
     open();
-    communication().channel->setText(QStringLiteral("7"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
     ASSERT_TRUE(editor.dirty());
 
-    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
+    QSignalSpy channelSpy(communication().fieldAs<TextField>("Channel"), &EditorField::changed);
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
     QSignalSpy loadedSpy(&editor, &DeviceEditor::loadedForChanged);
     Vorn::Config saved = kFull;
     saved["Channel"] = "7";
     report(saved);
 
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("7"));
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("7"));
     EXPECT_FALSE(editor.dirty());
-    EXPECT_FALSE(communication().channel->dirty());
-    EXPECT_TRUE(communication().channel->touched());
+    EXPECT_FALSE(communication().fieldAs<TextField>("Channel")->dirty());
+    EXPECT_TRUE(communication().fieldAs<TextField>("Channel")->touched());
     EXPECT_EQ(dirtySpy.count(), 1);
     // The field announces once: its value stays, its dirty flag clears.
     EXPECT_EQ(channelSpy.count(), 1);
@@ -210,14 +203,14 @@ TEST_F(DeviceEditorTest, ReplyWithAValueChangedElsewhereMakesTheUntouchedFieldDi
     report(kFull);
     open();
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    QSignalSpy atemSpy(tally().atemIp, &EditorField::changed);
+    QSignalSpy atemSpy(tally().fieldAs<TextField>("AtemIp"), &EditorField::changed);
     Vorn::Config changedElsewhere = kFull;
     changedElsewhere["AtemIp"] = "10.0.0.6";
     report(changedElsewhere);
-    EXPECT_EQ(tally().atemIp->text(), QStringLiteral("10.0.0.5"));
+    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QStringLiteral("10.0.0.5"));
     EXPECT_TRUE(editor.dirty());
-    EXPECT_TRUE(tally().atemIp->dirty());
-    EXPECT_FALSE(tally().atemIp->touched());
+    EXPECT_TRUE(tally().fieldAs<TextField>("AtemIp")->dirty());
+    EXPECT_FALSE(tally().fieldAs<TextField>("AtemIp")->touched());
     EXPECT_EQ(dirtySpy.count(), 1);
     // The field announces once: its value stays, it now differs.
     EXPECT_EQ(atemSpy.count(), 1);
@@ -277,7 +270,7 @@ TEST_F(DeviceEditorTest, FirstReplyOfTheOpenUnitFillsLiveButNotTheFields)
     EXPECT_EQ(liveSpy.count(), 1);
     EXPECT_EQ(onlineSpy.count(), 1);
     EXPECT_TRUE(header().online());
-    EXPECT_EQ(tally().atemIp->text(), QString());
+    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), QString());
     EXPECT_EQ(header().title(), QStringLiteral("KT400 \u00B7ABC123"));
 }
 
@@ -286,15 +279,15 @@ TEST_F(DeviceEditorTest, SelectingAnotherUnitLoadsItAndDropsTheEdits)
     report(kFull);
     report({{"Channel", "42"}, {"SwitcherBand", "0"}}, "127.0.0.3");
     open();
-    communication().password->setText(QStringLiteral("typed"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("typed"));
     QSignalSpy loadedSpy(&editor, &DeviceEditor::loadedForChanged);
     QSignalSpy ipSpy(&editor, &DeviceEditor::ipChanged);
 
     editor.setIp(QStringLiteral("127.0.0.3"));
 
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("42"));
-    EXPECT_EQ(tally().band->value(), 0);
-    EXPECT_EQ(communication().password->text(), QString());
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("42"));
+    EXPECT_EQ(tally().fieldAs<NumberField>("SwitcherBand")->value(), 0);
+    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QString());
     EXPECT_EQ(editor.loadedFor(), QStringLiteral("127.0.0.3"));
     EXPECT_EQ(loadedSpy.count(), 1);
     EXPECT_EQ(ipSpy.count(), 1);
@@ -304,10 +297,10 @@ TEST_F(DeviceEditorTest, SettingTheSameUnitAgainKeepsTheEdits)
 {
     report(kFull);
     open();
-    communication().password->setText(QStringLiteral("typed"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("typed"));
     QSignalSpy ipSpy(&editor, &DeviceEditor::ipChanged);
     editor.setIp(QString::fromLatin1(kUnitIp));
-    EXPECT_EQ(communication().password->text(), QStringLiteral("typed"));
+    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), QStringLiteral("typed"));
     EXPECT_EQ(ipSpy.count(), 0);
 }
 
@@ -315,13 +308,13 @@ TEST_F(DeviceEditorTest, SettingAFieldToItsValueEmitsNothing)
 {
     report(kFull);
     open();
-    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
-    QSignalSpy bandSpy(tally().band, &EditorField::changed);
-    QSignalSpy wireSpy(communication().wire2, &EditorField::changed);
+    QSignalSpy channelSpy(communication().fieldAs<TextField>("Channel"), &EditorField::changed);
+    QSignalSpy bandSpy(tally().fieldAs<NumberField>("SwitcherBand"), &EditorField::changed);
+    QSignalSpy wireSpy(communication().fieldAs<SwitchField>("Wire2Enable"), &EditorField::changed);
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    communication().channel->setText(QStringLiteral("3"));
-    tally().band->setValue(2);
-    communication().wire2->setChecked(true);
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("3"));
+    tally().fieldAs<NumberField>("SwitcherBand")->setValue(2);
+    communication().fieldAs<SwitchField>("Wire2Enable")->setChecked(true);
     editor.load();
     EXPECT_EQ(channelSpy.count(), 0);
     EXPECT_EQ(bandSpy.count(), 0);
@@ -334,11 +327,11 @@ TEST_F(DeviceEditorTest, EditingAndRevertingAFieldTogglesDirtyTwice)
     report(kFull);
     open();
     QSignalSpy dirtySpy(&editor, &DeviceEditor::dirtyChanged);
-    QSignalSpy channelSpy(communication().channel, &EditorField::changed);
-    communication().channel->setText(QStringLiteral("31"));
+    QSignalSpy channelSpy(communication().fieldAs<TextField>("Channel"), &EditorField::changed);
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("31"));
     EXPECT_TRUE(editor.dirty());
-    communication().channel->setText(QStringLiteral("32"));
-    communication().channel->setText(QStringLiteral("3"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("32"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("3"));
     EXPECT_FALSE(editor.dirty());
     EXPECT_EQ(dirtySpy.count(), 2);
     EXPECT_EQ(channelSpy.count(), 3);
@@ -359,7 +352,7 @@ TEST_F(DeviceEditorTest, OpeningAUnitLoadsOnceWhicheverIsSetFirst)
     EXPECT_EQ(otherSpy.count(), 0);
     other.setLink(&link);
     EXPECT_EQ(otherSpy.count(), 1);
-    EXPECT_EQ(other.communication()->channel->text(), QStringLiteral("3"));
+    EXPECT_EQ(other.communication()->fieldAs<TextField>("Channel")->text(), QStringLiteral("3"));
 }
 
 TEST_F(DeviceEditorTest, RepliesAndTicksNeverLoad)
@@ -379,37 +372,44 @@ TEST_F(DeviceEditorTest, AUserEditMarksOnlyThatFieldTouchedUntilTheNextLoad)
 {
     report(kFull);
     open();
-    communication().channel->setText(QStringLiteral("3"));
-    EXPECT_FALSE(communication().channel->touched());
-    communication().channel->setText(QStringLiteral("4"));
-    EXPECT_TRUE(communication().channel->touched());
-    EXPECT_FALSE(tally().atemIp->touched());
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("3"));
+    EXPECT_FALSE(communication().fieldAs<TextField>("Channel")->touched());
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("4"));
+    EXPECT_TRUE(communication().fieldAs<TextField>("Channel")->touched());
+    EXPECT_FALSE(tally().fieldAs<TextField>("AtemIp")->touched());
     editor.load();
-    EXPECT_FALSE(communication().channel->touched());
+    EXPECT_FALSE(communication().fieldAs<TextField>("Channel")->touched());
 }
 
 TEST_F(DeviceEditorTest, EachSectionOwnsItsKeysOfTheComparison)
 {
     report(kFull);
     open();
-    tally().atemIp->setText(QStringLiteral("10.0.0.6"));
-    communication().channel->setText(QStringLiteral("4"));
-    network().gateway->setText(QStringLiteral("127.0.0.9"));
+    tally().fieldAs<TextField>("AtemIp")->setText(QStringLiteral("10.0.0.6"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("4"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.9"));
     const auto keysOf = [](const EditorSection& section) {
-        QStringList keys;
+        std::vector<std::string_view> keys;
         for (const auto& key : section.comparison())
-            keys << QString::fromLatin1(key.key.data(), static_cast<qsizetype>(key.key.size()));
+            keys.push_back(key.key);
         return keys;
     };
-    EXPECT_EQ(keysOf(tally()), (QStringList{"AtemIp", "AtemPort", "SwitcherBand", "SwitcherModel", "AtemExtTally",
-                                            "TallyType", "TallyGpioType"}));
-    EXPECT_EQ(keysOf(communication()),
-              (QStringList{"Channel", "ScenarioType", "SilenceSuppress", "Wire2Enable", "CallMagic"}));
-    EXPECT_EQ(keysOf(network()), (QStringList{"IPAddress", "Netmask", "Gateway"}));
+    // The rows that name the section, in table order.
+    const auto rowsOf = [](Settings::Section section) {
+        std::vector<std::string_view> keys;
+        for (const auto& row : Settings::kEditableKeys)
+            if (row.section == section)
+                keys.push_back(row.key);
+        return keys;
+    };
+    EXPECT_EQ(keysOf(tally()), rowsOf(Settings::Section::Tally));
+    EXPECT_EQ(keysOf(communication()), rowsOf(Settings::Section::Communication));
+    EXPECT_EQ(keysOf(network()), rowsOf(Settings::Section::Network));
+    EXPECT_EQ(keysOf(network()).front(), "IPAddress");
     EXPECT_TRUE(tally().dirty());
     EXPECT_TRUE(communication().dirty());
     EXPECT_TRUE(network().dirty());
-    tally().atemIp->setText(QStringLiteral("10.0.0.5"));
+    tally().fieldAs<TextField>("AtemIp")->setText(QStringLiteral("10.0.0.5"));
     EXPECT_FALSE(tally().dirty());
     EXPECT_TRUE(editor.dirty());
 }

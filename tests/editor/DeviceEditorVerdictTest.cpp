@@ -31,7 +31,7 @@ protected:
     {
         report(kReported);
         open();
-        communication().channel->setText(QStringLiteral("5"));
+        communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
         editor.save();
     }
     // The unit opened and its address changed to `address` by Apply, two
@@ -40,7 +40,7 @@ protected:
     {
         report(kReported);
         open();
-        network().ipAddr->setText(QString::fromUtf8(address));
+        network().fieldAs<TextField>("IPAddress")->setText(QString::fromUtf8(address));
         editor.applyNetwork();
         link.advance(2s);
         report(kReported);
@@ -79,9 +79,9 @@ TEST_F(DeviceEditorVerdict, ReplyWithOtherValuesNamesTheKeysNotConfirmed)
 {
     report(kReported);
     open();
-    communication().channel->setText(QStringLiteral("5"));
-    tally().atemIp->setText(QStringLiteral("10.0.0.6"));
-    tally().atemPort->setText(QStringLiteral("9911"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
+    tally().fieldAs<TextField>("AtemIp")->setText(QStringLiteral("10.0.0.6"));
+    tally().fieldAs<TextField>("AtemPort")->setText(QStringLiteral("9911"));
     editor.save();
     link.advance(2s);
     report(overlaid(kReported, {{"AtemPort", "9911"}}));
@@ -170,7 +170,7 @@ TEST_F(DeviceEditorVerdict, NetworkApplyWithoutAMoveIsCheckedLikeASave)
 {
     report(kReported);
     open();
-    network().gateway->setText(QStringLiteral("127.0.0.9"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.9"));
     editor.applyNetwork();
     link.advance(2s);
     report(kReported);
@@ -184,9 +184,9 @@ TEST_F(DeviceEditorVerdict, AnEditEndsTheVerdict)
     report(overlaid(kReported, {{"Channel", "5"}}));
     QSignalSpy changed(&verdict(), &SaveVerdict::changed);
     // Setting a field to the value it holds is no edit.
-    communication().channel->setText(QStringLiteral("5"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::Confirmed);
-    communication().channel->setText(QStringLiteral("6"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("6"));
     EXPECT_EQ(verdict().kind(), SaveVerdict::Kind::None);
     EXPECT_EQ(verdict().text(), QString());
     EXPECT_EQ(changed.count(), 1);

@@ -27,7 +27,7 @@ TEST_F(DeviceEditorWrite, SavingAfterChangingOnlyThePasswordSendsExactlyCallMagi
 {
     report(kReported);
     open();
-    communication().password->setText(QStringLiteral("open sesame"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("open sesame"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"CallMagic", "open sesame"}}}));
     EXPECT_EQ(link.writes.size(), 1u);
@@ -37,11 +37,11 @@ TEST_F(DeviceEditorWrite, SavingSendsEveryChangedKeyAndNoOther)
 {
     report(kReported);
     open();
-    tally().atemIp->setText(QStringLiteral("10.0.0.6"));
+    tally().fieldAs<TextField>("AtemIp")->setText(QStringLiteral("10.0.0.6"));
     tally().setSwitcherSelection(QStringLiteral("5.9"));
-    communication().scene->setValue(4);
-    communication().wire2->setChecked(false);
-    communication().channel->setText(QStringLiteral("3"));
+    communication().fieldAs<ChoiceField>("ScenarioType")->setValue(4);
+    communication().fieldAs<SwitchField>("Wire2Enable")->setChecked(false);
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("3"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"AtemIp", "10.0.0.6"},
                                      {"ScenarioType", "4"},
@@ -56,7 +56,7 @@ TEST_F(DeviceEditorWrite, UnitWithoutSwitcherBandIsSentOnlyTheChangedKey)
     noBand.erase("SwitcherBand");
     report(noBand);
     open();
-    communication().channel->setText(QStringLiteral("5"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "5"}}}));
 }
@@ -65,7 +65,7 @@ TEST_F(DeviceEditorWrite, UntouchedMissingScenarioIsNotSent)
 {
     report(cleanUnit());
     open();
-    communication().channel->setText(QStringLiteral("5"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "5"}}}));
 }
@@ -82,7 +82,7 @@ TEST_F(DeviceEditorWrite, ClearingThePasswordSendsCallMagicWithTheEmptyText)
 {
     report(kReported);
     open();
-    communication().password->setText(QString());
+    communication().fieldAs<TextField>("CallMagic")->setText(QString());
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"CallMagic", ""}}}));
 }
@@ -99,11 +99,11 @@ TEST_F(DeviceEditorWrite, SavingNeverSendsTheNetworkKeys)
 {
     report(kReported);
     open();
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
-    network().gateway->setText(QStringLiteral("127.0.0.254"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.254"));
     editor.save();
     EXPECT_TRUE(link.writes.empty());
-    communication().channel->setText(QStringLiteral("4"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("4"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "4"}}}));
 }
@@ -112,10 +112,10 @@ TEST_F(DeviceEditorWrite, SaveLeavesTheFieldsAndDirtyUntilTheUnitAnswers)
 {
     report(kReported);
     open();
-    communication().channel->setText(QStringLiteral("4"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("4"));
     editor.save();
     EXPECT_TRUE(editor.dirty());
-    EXPECT_EQ(communication().channel->text(), QStringLiteral("4"));
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), QStringLiteral("4"));
     report(overlaid(kReported, {{"Channel", "4"}}));
     EXPECT_FALSE(editor.dirty());
 }
@@ -124,7 +124,7 @@ TEST_F(DeviceEditorWrite, UnknownUnitSaveSendsOnlyTheFieldThatDiffers)
 {
     // The integer fields hold what their missing keys stand for: no difference.
     open();
-    communication().channel->setText(QStringLiteral("2"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("2"));
     editor.save();
     EXPECT_EQ(lastWrite(), (Changes{{{"Channel", "2"}}}));
 }
@@ -133,8 +133,8 @@ TEST_F(DeviceEditorWrite, ApplyingAfterChangingOnlyTheGatewaySendsExactlyGateway
 {
     report(kReported);
     open();
-    network().gateway->setText(QStringLiteral("127.0.0.254"));
-    communication().channel->setText(QStringLiteral("9"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0.254"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("9"));
     editor.applyNetwork();
     EXPECT_EQ(lastWrite(), (Changes{{{"Gateway", "127.0.0.254"}}}));
 }
@@ -143,8 +143,8 @@ TEST_F(DeviceEditorWrite, ApplyingSendsTheChangedNetworkKeysToTheCurrentAddress)
 {
     report(kReported);
     open();
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
-    network().netmask->setText(QStringLiteral("255.255.0.0"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("Netmask")->setText(QStringLiteral("255.255.0.0"));
     editor.applyNetwork();
     EXPECT_EQ(lastWrite(), (Changes{{{"IPAddress", "127.0.0.3"}, {"Netmask", "255.255.0.0"}}}));
 }
@@ -153,8 +153,8 @@ TEST_F(DeviceEditorWrite, ApplyingWithAnInvalidFieldSendsNothing)
 {
     report(kReported);
     open();
-    network().ipAddr->setText(QStringLiteral("127.0.0.3"));
-    network().gateway->setText(QStringLiteral("127.0.0"));
+    network().fieldAs<TextField>("IPAddress")->setText(QStringLiteral("127.0.0.3"));
+    network().fieldAs<TextField>("Gateway")->setText(QStringLiteral("127.0.0"));
     editor.applyNetwork();
     EXPECT_TRUE(link.writes.empty());
 }
@@ -163,7 +163,7 @@ TEST_F(DeviceEditorWrite, ApplyingWithNothingChangedSendsNothing)
 {
     report(kReported);
     open();
-    communication().channel->setText(QStringLiteral("9"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("9"));
     editor.applyNetwork();
     EXPECT_TRUE(link.writes.empty());
 }
@@ -172,7 +172,7 @@ TEST_F(DeviceEditorWrite, EditorWithoutALinkWritesNothingAndStaysQuiet)
 {
     DeviceEditor detached;
     detached.setIp(QString::fromLatin1(kUnitIp));
-    detached.communication()->channel->setText(QStringLiteral("5"));
+    detached.communication()->fieldAs<TextField>("Channel")->setText(QStringLiteral("5"));
     detached.save();
     EXPECT_EQ(detached.verdict()->kind(), SaveVerdict::Kind::None);
 }

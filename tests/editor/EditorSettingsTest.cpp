@@ -25,21 +25,21 @@ Vorn::Config saveSet(const EditorFields& fields, const Vorn::Config& live)
 TEST(EditorLoad, EmptyConfigurationGivesTheDefaultsOfTheKeyTable)
 {
     const EditorFields fields = loadFields({});
-    EXPECT_EQ(fields.atemIp, "");
-    EXPECT_EQ(fields.atemPort, "");
-    EXPECT_EQ(fields.channel, "");
-    EXPECT_EQ(fields.band, 7);
-    EXPECT_EQ(fields.model, 0);
-    EXPECT_EQ(fields.extTally, 0);
-    EXPECT_EQ(fields.tallyType, 0);
-    EXPECT_EQ(fields.gpioType, 0);
-    EXPECT_EQ(fields.ipAddr, "");
-    EXPECT_EQ(fields.netmask, "");
-    EXPECT_EQ(fields.gateway, "");
-    EXPECT_EQ(fields.scene, 1);
-    EXPECT_EQ(fields.suppress, 0);
-    EXPECT_FALSE(fields.wire2);
-    EXPECT_EQ(fields.password, "");
+    EXPECT_EQ(fields.text("AtemIp"), "");
+    EXPECT_EQ(fields.text("AtemPort"), "");
+    EXPECT_EQ(fields.text("Channel"), "");
+    EXPECT_EQ(fields.integer("SwitcherBand"), 7);
+    EXPECT_EQ(fields.integer("SwitcherModel"), 0);
+    EXPECT_EQ(fields.integer("AtemExtTally"), 0);
+    EXPECT_EQ(fields.integer("TallyType"), 0);
+    EXPECT_EQ(fields.integer("TallyGpioType"), 0);
+    EXPECT_EQ(fields.text("IPAddress"), "");
+    EXPECT_EQ(fields.text("Netmask"), "");
+    EXPECT_EQ(fields.text("Gateway"), "");
+    EXPECT_EQ(fields.integer("ScenarioType"), 1);
+    EXPECT_EQ(fields.integer("SilenceSuppress"), 0);
+    EXPECT_FALSE(fields.on("Wire2Enable"));
+    EXPECT_EQ(fields.text("CallMagic"), "");
 }
 
 TEST(EditorLoad, FreshFieldsEqualTheFieldsOfAnEmptyConfiguration)
@@ -55,61 +55,61 @@ TEST(EditorLoad, EveryKeyReachesItsField)
         {"IPAddress", "10.0.0.9"}, {"Netmask", "255.0.0.0"}, {"Gateway", "10.0.0.1"}, {"ScenarioType", "3"},
         {"SilenceSuppress", "4"}, {"Wire2Enable", "1"},  {"CallMagic", "pw"},
     });
-    EXPECT_EQ(fields.atemIp, "10.0.0.5");
-    EXPECT_EQ(fields.atemPort, "9910");
-    EXPECT_EQ(fields.channel, "12");
-    EXPECT_EQ(fields.band, 5);
-    EXPECT_EQ(fields.model, 9);
-    EXPECT_EQ(fields.extTally, 2);
-    EXPECT_EQ(fields.tallyType, 4);
-    EXPECT_EQ(fields.gpioType, 6);
-    EXPECT_EQ(fields.ipAddr, "10.0.0.9");
-    EXPECT_EQ(fields.netmask, "255.0.0.0");
-    EXPECT_EQ(fields.gateway, "10.0.0.1");
-    EXPECT_EQ(fields.scene, 3);
-    EXPECT_EQ(fields.suppress, 4);
-    EXPECT_TRUE(fields.wire2);
-    EXPECT_EQ(fields.password, "pw");
+    EXPECT_EQ(fields.text("AtemIp"), "10.0.0.5");
+    EXPECT_EQ(fields.text("AtemPort"), "9910");
+    EXPECT_EQ(fields.text("Channel"), "12");
+    EXPECT_EQ(fields.integer("SwitcherBand"), 5);
+    EXPECT_EQ(fields.integer("SwitcherModel"), 9);
+    EXPECT_EQ(fields.integer("AtemExtTally"), 2);
+    EXPECT_EQ(fields.integer("TallyType"), 4);
+    EXPECT_EQ(fields.integer("TallyGpioType"), 6);
+    EXPECT_EQ(fields.text("IPAddress"), "10.0.0.9");
+    EXPECT_EQ(fields.text("Netmask"), "255.0.0.0");
+    EXPECT_EQ(fields.text("Gateway"), "10.0.0.1");
+    EXPECT_EQ(fields.integer("ScenarioType"), 3);
+    EXPECT_EQ(fields.integer("SilenceSuppress"), 4);
+    EXPECT_TRUE(fields.on("Wire2Enable"));
+    EXPECT_EQ(fields.text("CallMagic"), "pw");
 }
 
 TEST(EditorLoad, TextFieldsAreTakenAsIs)
 {
     const EditorFields fields = loadFields({{"AtemPort", " 99 "}, {"Channel", "abc"}});
-    EXPECT_EQ(fields.atemPort, " 99 ");
-    EXPECT_EQ(fields.channel, "abc");
+    EXPECT_EQ(fields.text("AtemPort"), " 99 ");
+    EXPECT_EQ(fields.text("Channel"), "abc");
 }
 
 TEST(EditorLoad, UnparsableIntegersGiveTheirDefaults)
 {
     const EditorFields fields = loadFields({{"SwitcherBand", "x"}, {"SwitcherModel", " 1"}, {"ScenarioType", "high"},
                                             {"SilenceSuppress", "9999999999999999999"}});
-    EXPECT_EQ(fields.band, 7);
-    EXPECT_EQ(fields.model, 0);
-    EXPECT_EQ(fields.scene, 1);
-    EXPECT_EQ(fields.suppress, 0);
+    EXPECT_EQ(fields.integer("SwitcherBand"), 7);
+    EXPECT_EQ(fields.integer("SwitcherModel"), 0);
+    EXPECT_EQ(fields.integer("ScenarioType"), 1);
+    EXPECT_EQ(fields.integer("SilenceSuppress"), 0);
 }
 
 TEST(EditorLoad, OnlyTheExactTextOneSwitchesWire2On)
 {
-    EXPECT_TRUE(loadFields({{"Wire2Enable", "1"}}).wire2);
-    EXPECT_FALSE(loadFields({{"Wire2Enable", "true"}}).wire2);
-    EXPECT_FALSE(loadFields({{"Wire2Enable", "01"}}).wire2);
-    EXPECT_FALSE(loadFields({{"Wire2Enable", "+1"}}).wire2);
+    EXPECT_TRUE(loadFields({{"Wire2Enable", "1"}}).on("Wire2Enable"));
+    EXPECT_FALSE(loadFields({{"Wire2Enable", "true"}}).on("Wire2Enable"));
+    EXPECT_FALSE(loadFields({{"Wire2Enable", "01"}}).on("Wire2Enable"));
+    EXPECT_FALSE(loadFields({{"Wire2Enable", "+1"}}).on("Wire2Enable"));
 }
 
 TEST(EditorDefaults, SceneIsTheReportedIntegerOrOne)
 {
-    EXPECT_EQ(sceneDefault({{"ScenarioType", "3"}}), 3);
-    EXPECT_EQ(sceneDefault({}), 1);
-    EXPECT_EQ(sceneDefault({{"ScenarioType", ""}}), 1);
-    EXPECT_EQ(sceneDefault({{"ScenarioType", "+4"}}), 4);
+    EXPECT_EQ(loadFields({{"ScenarioType", "3"}}).integer("ScenarioType"), 3);
+    EXPECT_EQ(loadFields({}).integer("ScenarioType"), 1);
+    EXPECT_EQ(loadFields({{"ScenarioType", ""}}).integer("ScenarioType"), 1);
+    EXPECT_EQ(loadFields({{"ScenarioType", "+4"}}).integer("ScenarioType"), 4);
 }
 
 TEST(EditorDefaults, SuppressionIsTheReportedIntegerOrZero)
 {
-    EXPECT_EQ(suppressDefault({{"SilenceSuppress", "9"}}), 9);
-    EXPECT_EQ(suppressDefault({}), 0);
-    EXPECT_EQ(suppressDefault({{"SilenceSuppress", "-"}}), 0);
+    EXPECT_EQ(loadFields({{"SilenceSuppress", "9"}}).integer("SilenceSuppress"), 9);
+    EXPECT_EQ(loadFields({}).integer("SilenceSuppress"), 0);
+    EXPECT_EQ(loadFields({{"SilenceSuppress", "-"}}).integer("SilenceSuppress"), 0);
 }
 
 TEST(EditorComparison, LoadedCanonicalConfigurationIsNotDirty)
@@ -124,9 +124,9 @@ TEST(EditorComparison, MissingBandLoadsCleanAndDiffersOnlyFromAnotherBand)
     Vorn::Config live = cleanUnit();
     live.erase("SwitcherBand");
     EditorFields fields = loadFields(live);
-    EXPECT_EQ(fields.band, 7);
+    EXPECT_EQ(fields.integer("SwitcherBand"), 7);
     EXPECT_FALSE(dirty(fields, live));
-    fields.band = 5;
+    fields.integer("SwitcherBand") = 5;
     EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"SwitcherBand", "5"}}));
 }
 
@@ -156,7 +156,7 @@ TEST(EditorComparison, MissingScenarioDiffersOnlyFromAnotherLevel)
 {
     const Vorn::Config live = cleanUnit();
     EditorFields fields = loadFields(live);
-    fields.scene = 2;
+    fields.integer("ScenarioType") = 2;
     EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"ScenarioType", "2"}}));
 }
 
@@ -165,7 +165,7 @@ TEST(EditorComparison, MissingWire2CountsAsOff)
     const Vorn::Config live = cleanUnit();
     EditorFields fields = loadFields(live);
     EXPECT_FALSE(dirty(fields, live));
-    fields.wire2 = true;
+    fields.on("Wire2Enable") = true;
     EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"Wire2Enable", "1"}}));
 }
 
@@ -182,10 +182,10 @@ TEST(EditorComparison, MissingIntegerKeyDiffersOnceTheFieldLeavesItsDefault)
 {
     const Vorn::Config live = {{"SwitcherBand", "7"}};
     EditorFields fields = loadFields(live);
-    fields.model = 1;
-    fields.extTally = 2;
-    fields.tallyType = 3;
-    fields.gpioType = 4;
+    fields.integer("SwitcherModel") = 1;
+    fields.integer("AtemExtTally") = 2;
+    fields.integer("TallyType") = 3;
+    fields.integer("TallyGpioType") = 4;
     EXPECT_EQ(saveSet(fields, live), (Vorn::Config{{"SwitcherModel", "1"}, {"AtemExtTally", "2"},
                                                    {"TallyType", "3"}, {"TallyGpioType", "4"}}));
 }
@@ -194,21 +194,24 @@ TEST(EditorComparison, NetworkKeysNeverMakeTheSettingsDirty)
 {
     const Vorn::Config live = cleanUnit({{"IPAddress", "10.0.0.9"}});
     EditorFields fields = loadFields(live);
-    fields.ipAddr = "10.0.0.10";
-    fields.netmask = "255.0.0.0";
+    fields.text("IPAddress") = "10.0.0.10";
+    fields.text("Netmask") = "255.0.0.0";
     EXPECT_FALSE(dirty(fields, live));
     EXPECT_TRUE(saveSet(fields, live).empty());
 }
 
-TEST(EditorComparison, SettingsAreCheckedInTheirFixedKeyOrder)
+TEST(EditorComparison, SettingsAreCheckedInTheOrderOfTheKeyTable)
 {
-    const auto keys = compareSettings({}, {});
     std::vector<std::string_view> order;
-    for (const auto& key : keys)
+    for (const auto& key : compareSettings({}, {}))
         order.push_back(key.key);
-    EXPECT_EQ(order, (std::vector<std::string_view>{"AtemIp", "AtemPort", "Channel", "SwitcherBand", "SwitcherModel",
-                                                    "AtemExtTally", "TallyType", "TallyGpioType", "ScenarioType",
-                                                    "SilenceSuppress", "Wire2Enable", "CallMagic"}));
+    std::vector<std::string_view> table;
+    for (const auto& row : Settings::kEditableKeys)
+        if (!row.network())
+            table.push_back(row.key);
+    EXPECT_EQ(order, table);
+    EXPECT_EQ(order.front(), "AtemIp");
+    EXPECT_EQ(order.back(), "CallMagic");
 }
 
 TEST(EditorNetwork, ComparesAsPlainTextInAddressMaskGatewayOrder)
@@ -216,7 +219,7 @@ TEST(EditorNetwork, ComparesAsPlainTextInAddressMaskGatewayOrder)
     const Vorn::Config live = {{"IPAddress", "10.0.0.9"}, {"Netmask", "255.0.0.0"}};
     EditorFields fields = loadFields(live);
     EXPECT_FALSE(anyDiffers(compareNetwork(fields, live)));
-    fields.netmask = "255.000.0.0";
+    fields.text("Netmask") = "255.000.0.0";
     const auto keys = compareNetwork(fields, live);
     EXPECT_EQ(keys[0].key, "IPAddress");
     EXPECT_EQ(keys[1].key, "Netmask");
@@ -227,11 +230,11 @@ TEST(EditorNetwork, ComparesAsPlainTextInAddressMaskGatewayOrder)
 TEST(EditorNetwork, ValidOnlyWhenAllThreeAreDottedQuads)
 {
     EditorFields fields;
-    fields.ipAddr = "10.0.0.9";
-    fields.netmask = "255.0.0.0";
-    fields.gateway = "10.0.0.1";
+    fields.text("IPAddress") = "10.0.0.9";
+    fields.text("Netmask") = "255.0.0.0";
+    fields.text("Gateway") = "10.0.0.1";
     EXPECT_TRUE(networkValid(fields));
-    fields.gateway = "10.0.0";
+    fields.text("Gateway") = "10.0.0";
     EXPECT_FALSE(networkValid(fields));
     EXPECT_FALSE(networkValid(EditorFields{}));
 }

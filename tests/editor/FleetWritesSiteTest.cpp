@@ -84,7 +84,7 @@ TEST_F(FleetWritesSiteTest, SaveToSeveralUnitsRecordsEachWriteWithItsVerdict)
     MultiEditor editor;
     editor.setLink(&link);
     editor.setAddresses({"127.0.0.2", "127.0.0.3", "127.0.0.4"});
-    editor.communication()->channel->setText(QStringLiteral("7"));
+    editor.communication()->fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
     editor.save();
     // Nothing is recorded before a verdict.
     EXPECT_TRUE(storedWrites().empty());

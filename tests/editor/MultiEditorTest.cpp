@@ -55,27 +55,27 @@ TEST_F(MultiEditorTest, SharedValueShowsAndDifferingValueIsMixed)
 {
     reportThree();
     open();
-    EXPECT_EQ(communication().password->text(), "secret");
-    EXPECT_FALSE(communication().password->mixed());
-    EXPECT_EQ(tally().atemIp->text(), "10.0.0.9");
-    EXPECT_TRUE(communication().channel->mixed());
-    EXPECT_EQ(communication().channel->text(), "");
-    EXPECT_TRUE(communication().scene->mixed());
-    EXPECT_FALSE(communication().suppress->mixed());
-    EXPECT_FALSE(communication().wire2->mixed());
-    EXPECT_FALSE(tally().tallyType->mixed());
+    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), "secret");
+    EXPECT_FALSE(communication().fieldAs<TextField>("CallMagic")->mixed());
+    EXPECT_EQ(tally().fieldAs<TextField>("AtemIp")->text(), "10.0.0.9");
+    EXPECT_TRUE(communication().fieldAs<TextField>("Channel")->mixed());
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "");
+    EXPECT_TRUE(communication().fieldAs<ChoiceField>("ScenarioType")->mixed());
+    EXPECT_FALSE(communication().fieldAs<ChoiceField>("SilenceSuppress")->mixed());
+    EXPECT_FALSE(communication().fieldAs<SwitchField>("Wire2Enable")->mixed());
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyType")->mixed());
 }
 
 TEST_F(MultiEditorTest, SwitcherIsMixedWhenEitherNumberDiffers)
 {
     reportThree();
     open();
-    EXPECT_TRUE(tally().band->mixed());
-    EXPECT_TRUE(tally().model->mixed());
+    EXPECT_TRUE(tally().fieldAs<NumberField>("SwitcherBand")->mixed());
+    EXPECT_TRUE(tally().fieldAs<NumberField>("SwitcherModel")->mixed());
     open({kFirst, kSecond});
-    EXPECT_FALSE(tally().band->mixed());
-    EXPECT_FALSE(tally().model->mixed());
-    EXPECT_FALSE(communication().scene->mixed());
+    EXPECT_FALSE(tally().fieldAs<NumberField>("SwitcherBand")->mixed());
+    EXPECT_FALSE(tally().fieldAs<NumberField>("SwitcherModel")->mixed());
+    EXPECT_FALSE(communication().fieldAs<ChoiceField>("ScenarioType")->mixed());
 }
 
 TEST_F(MultiEditorTest, MixedIsDecidedOnTheComparedValues)
@@ -88,9 +88,9 @@ TEST_F(MultiEditorTest, MixedIsDecidedOnTheComparedValues)
     link.report(reportsNothing, kFirst);
     link.report(cleanUnit({{"Channel", "4"}, {"ScenarioType", "1"}, {"TallyType", "0"}}), kSecond);
     open({kFirst, kSecond});
-    EXPECT_FALSE(communication().scene->mixed());
-    EXPECT_EQ(communication().scene->value(), 1);
-    EXPECT_FALSE(tally().tallyType->mixed());
+    EXPECT_FALSE(communication().fieldAs<ChoiceField>("ScenarioType")->mixed());
+    EXPECT_EQ(communication().fieldAs<ChoiceField>("ScenarioType")->value(), 1);
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyType")->mixed());
 }
 
 TEST_F(MultiEditorTest, FirstStepOfAMixedStepperStartsFromTheFirstSelectedUnit)
@@ -99,11 +99,11 @@ TEST_F(MultiEditorTest, FirstStepOfAMixedStepperStartsFromTheFirstSelectedUnit)
     link.report(cleanUnit({{"TallyType", "2"}}), kSecond);
     link.report(cleanUnit({{"TallyType", "8"}}), kThird);
     open({kFirst, kSecond, kThird});
-    EXPECT_TRUE(tally().tallyType->mixed());
-    tally().tallyType->step(1);
-    EXPECT_FALSE(tally().tallyType->mixed());
-    EXPECT_EQ(tally().tallyType->value(), 6);
-    EXPECT_EQ(tally().tallyType->title(), QStringLiteral("type 6"));
+    EXPECT_TRUE(tally().fieldAs<StepperField>("TallyType")->mixed());
+    tally().fieldAs<StepperField>("TallyType")->step(1);
+    EXPECT_FALSE(tally().fieldAs<StepperField>("TallyType")->mixed());
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->value(), 6);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyType")->title(), QStringLiteral("type 6"));
     editor.save();
     ASSERT_EQ(link.writes.size(), 3u);
     for (const auto& write : link.writes)
@@ -115,8 +115,8 @@ TEST_F(MultiEditorTest, FirstStepDownGoesFromTheFirstSelectedUnitInListOrder)
     link.report(cleanUnit({{"TallyGpioType", "5"}}), kFirst);
     link.report(cleanUnit({{"TallyGpioType", "2"}}), kSecond);
     open({kSecond, kFirst});
-    tally().gpioType->step(-1);
-    EXPECT_EQ(tally().gpioType->value(), 1);
+    tally().fieldAs<StepperField>("TallyGpioType")->step(-1);
+    EXPECT_EQ(tally().fieldAs<StepperField>("TallyGpioType")->value(), 1);
 }
 
 TEST_F(MultiEditorTest, MixedSwitchFlipsTheFirstSelectedUnitsValue)
@@ -124,8 +124,8 @@ TEST_F(MultiEditorTest, MixedSwitchFlipsTheFirstSelectedUnitsValue)
     link.report(cleanUnit({{"Wire2Enable", "1"}}), kFirst);
     link.report(cleanUnit({{"Wire2Enable", "0"}}), kSecond);
     open({kFirst, kSecond});
-    EXPECT_TRUE(communication().wire2->mixed());
-    EXPECT_TRUE(communication().wire2->checked());
+    EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->mixed());
+    EXPECT_TRUE(communication().fieldAs<SwitchField>("Wire2Enable")->checked());
 }
 
 TEST_F(MultiEditorTest, NothingChangedCannotBeSaved)
@@ -143,8 +143,8 @@ TEST_F(MultiEditorTest, OnlyTouchedKeysAreWrittenToEachUnit)
     reportThree();
     open();
     QSignalSpy state(&editor, &MultiEditor::stateChanged);
-    communication().channel->setText(QStringLiteral("7"));
-    communication().password->setText(QStringLiteral("showtime"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("showtime"));
     EXPECT_TRUE(editor.canSave());
     EXPECT_GE(state.count(), 1);
     editor.save();
@@ -160,7 +160,7 @@ TEST_F(MultiEditorTest, UnitAlreadyHoldingTheValueIsNotWritten)
 {
     reportThree();
     open();
-    communication().channel->setText(QStringLiteral("2"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("2"));
     editor.save();
     EXPECT_EQ(writesTo(kFirst).size(), 1u);
     EXPECT_TRUE(writesTo(kSecond).empty());
@@ -174,7 +174,7 @@ TEST_F(MultiEditorTest, UntouchedNonCanonicalKeyIsLeftAlone)
     link.report({{"Channel", "1"}}, kFirst);
     link.report({{"Channel", "1"}}, kSecond);
     open({kFirst, kSecond});
-    communication().password->setText(QStringLiteral("x"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("x"));
     editor.save();
     ASSERT_EQ(link.writes.size(), 2u);
     for (const auto& write : link.writes)
@@ -186,9 +186,9 @@ TEST_F(MultiEditorTest, PickingAMixedChoiceWritesItEvenWhereItEqualsTheShownDefa
     reportThree();
     open();
     // Units 1 and 2 report no ScenarioType (level 1), unit 3 reports 3.
-    communication().scene->setValue(1);
-    EXPECT_TRUE(communication().scene->touched());
-    EXPECT_FALSE(communication().scene->mixed());
+    communication().fieldAs<ChoiceField>("ScenarioType")->setValue(1);
+    EXPECT_TRUE(communication().fieldAs<ChoiceField>("ScenarioType")->touched());
+    EXPECT_FALSE(communication().fieldAs<ChoiceField>("ScenarioType")->mixed());
     editor.save();
     ASSERT_EQ(link.writes.size(), 1u);
     EXPECT_EQ(link.writes.front().ip, kThird);
@@ -210,13 +210,13 @@ TEST_F(MultiEditorTest, InvalidTouchedFieldDisablesSave)
 {
     reportThree();
     open();
-    communication().channel->setText(QStringLiteral("7"));
-    communication().password->setText(QStringLiteral("two\nlines"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("two\nlines"));
     EXPECT_TRUE(editor.dirty());
     EXPECT_FALSE(editor.canSave());
     editor.save();
     EXPECT_TRUE(link.writes.empty());
-    communication().password->setText(QStringLiteral("one line"));
+    communication().fieldAs<TextField>("CallMagic")->setText(QStringLiteral("one line"));
     EXPECT_TRUE(editor.canSave());
 }
 
@@ -224,7 +224,7 @@ TEST_F(MultiEditorTest, VerdictsFollowEachUnitsReply)
 {
     reportThree();
     open();
-    communication().channel->setText(QStringLiteral("7"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
     editor.save();
     BatchWriter& writer = *editor.writer();
     EXPECT_EQ(writer.waiting(), 3);
@@ -246,11 +246,35 @@ TEST_F(MultiEditorTest, AnotherSelectionForgetsTheEdits)
 {
     reportThree();
     open();
-    communication().channel->setText(QStringLiteral("7"));
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
     open({kFirst, kSecond});
-    EXPECT_FALSE(communication().channel->touched());
-    EXPECT_TRUE(communication().channel->mixed());
+    EXPECT_FALSE(communication().fieldAs<TextField>("Channel")->touched());
+    EXPECT_TRUE(communication().fieldAs<TextField>("Channel")->mixed());
     EXPECT_FALSE(editor.dirty());
 }
 
 }  // namespace
+
+TEST_F(MultiEditorTest, AKeystrokeComparesOnlyItsSectionOnceAndAReplyNone)
+{
+    reportThree();
+    open();
+    std::uint64_t before = sectionComparisons();
+    communication().fieldAs<TextField>("Channel")->setText(QStringLiteral("9"));
+    EXPECT_EQ(sectionComparisons() - before, 1u);
+    EXPECT_TRUE(editor.dirty());
+
+    before = sectionComparisons();
+    tally().setSwitcherSelection(QStringLiteral("5.9"));
+    EXPECT_EQ(sectionComparisons() - before, 1u);
+
+    // A reply changes what would be sent, not what the sections hold.
+    before = sectionComparisons();
+    link.report(cleanUnit({{"Channel", "9"}, {"CallMagic", "secret"}, {"AtemIp", "10.0.0.9"}}), kFirst);
+    EXPECT_EQ(sectionComparisons() - before, 0u);
+
+    before = sectionComparisons();
+    editor.load();
+    EXPECT_EQ(sectionComparisons() - before, 2u);
+}
+

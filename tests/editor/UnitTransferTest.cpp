@@ -62,8 +62,8 @@ TEST_F(UnitTransferTest, ImportLoadsTheValuesAsUnsavedChanges)
     ASSERT_FALSE(editor.dirty());
     ASSERT_TRUE(transfer.importFrom(file("one.json")));
     EXPECT_FALSE(transfer.failed());
-    EXPECT_EQ(communication().channel->text(), "3");
-    EXPECT_EQ(communication().password->text(), "secret");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "3");
+    EXPECT_EQ(communication().fieldAs<TextField>("CallMagic")->text(), "secret");
     EXPECT_TRUE(editor.dirty());
     EXPECT_TRUE(link.writes.empty());
     editor.save();
@@ -76,7 +76,7 @@ TEST_F(UnitTransferTest, ImportPicksTheUnitWithThisSerial)
                            {Settings::backupUnitOf("10.0.0.1", cleanUnit({{"Serial", "VB-0002"}, {"Channel", "5"}})),
                             Settings::backupUnitOf("10.0.0.2", cleanUnit({{"Serial", "VB-0001"}, {"Channel", "8"}}))}});
     ASSERT_TRUE(transfer.importFrom(file("two.json")));
-    EXPECT_EQ(communication().channel->text(), "8");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "8");
 }
 
 TEST_F(UnitTransferTest, TheOnlyUnitWithAnotherSerialIsImportedOnlyWhenAskedFor)
@@ -89,12 +89,12 @@ TEST_F(UnitTransferTest, TheOnlyUnitWithAnotherSerialIsImportedOnlyWhenAskedFor)
     EXPECT_EQ(transfer.message(), dir.filePath("other.json")
                                       + QStringLiteral(" holds the settings of another unit (serial VB-0099); this "
                                                        "unit reports serial VB-0001"));
-    EXPECT_EQ(communication().channel->text(), "3");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "3");
     EXPECT_FALSE(editor.dirty());
 
     ASSERT_TRUE(transfer.importOtherUnit());
     EXPECT_FALSE(transfer.otherUnitOffered());
-    EXPECT_EQ(communication().channel->text(), "5");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "5");
     EXPECT_TRUE(editor.dirty());
     EXPECT_FALSE(transfer.importOtherUnit());
 }
@@ -118,7 +118,7 @@ TEST_F(UnitTransferTest, NetworkKeysLandInTheNetworkFieldsOnly)
               {"2026-11-23T01:00:00Z",
                {Settings::backupUnitOf("10.0.0.1", overlaid(kUnit, {{"IPAddress", "127.0.0.9"}}))}});
     ASSERT_TRUE(transfer.importFrom(file("moved.json")));
-    EXPECT_EQ(network().ipAddr->text(), "127.0.0.9");
+    EXPECT_EQ(network().fieldAs<TextField>("IPAddress")->text(), "127.0.0.9");
     EXPECT_FALSE(editor.dirty());
     EXPECT_TRUE(editor.canApplyNetwork());
     editor.save();
@@ -133,7 +133,7 @@ TEST_F(UnitTransferTest, FileWithoutThisSerialAmongSeveralChangesNothing)
     EXPECT_FALSE(transfer.importFrom(file("others.json")));
     EXPECT_TRUE(transfer.failed());
     EXPECT_TRUE(transfer.message().contains("VB-0001")) << transfer.message().toStdString();
-    EXPECT_EQ(communication().channel->text(), "3");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "3");
     EXPECT_FALSE(editor.dirty());
 }
 
@@ -148,7 +148,7 @@ TEST_F(UnitTransferTest, UnreadableFileNamesTheProblemAndChangesNothing)
     EXPECT_FALSE(transfer.importFrom(file("missing.json")));
     EXPECT_TRUE(transfer.message().contains("missing.json")) << transfer.message().toStdString();
     EXPECT_FALSE(editor.dirty());
-    EXPECT_EQ(communication().channel->text(), "3");
+    EXPECT_EQ(communication().fieldAs<TextField>("Channel")->text(), "3");
 }
 
 TEST_F(UnitTransferTest, ExportOfAUnitThatHasNotAnsweredRefusesAndWritesNoFile)

@@ -3,20 +3,27 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
 #include <variant>
 #include <vector>
 
+#include "EditorFields.h"
 #include "SettingKeys.h"
 
 namespace Settings {
 namespace {
 
-TEST(EditableKeys, TableHoldsTheFifteenEditorKeysWithTheNetworkKeysLast)
+// A new row needs no change here: the table is read, not counted.
+TEST(EditableKeys, TableStartsWithTheSwitcherAddressAndEndsWithTheNetworkKeys)
 {
-    ASSERT_EQ(kEditableKeys.size(), 15u);
-    EXPECT_EQ(kEditableKeys[0].key, "AtemIp");
-    EXPECT_EQ(kEditableKeys[12].key, "IPAddress");
-    EXPECT_EQ(kEditableKeys[14].key, "Gateway");
+    ASSERT_FALSE(kEditableKeys.empty());
+    EXPECT_EQ(kEditableKeys.front().key, "AtemIp");
+    EXPECT_EQ(kEditableKeys.back().key, "Gateway");
+    const auto firstNetwork = std::find_if(kEditableKeys.begin(), kEditableKeys.end(),
+                                           [](const EditableKey& entry) { return entry.network(); });
+    EXPECT_TRUE(std::all_of(firstNetwork, kEditableKeys.end(), [](const EditableKey& entry) { return entry.network(); }));
     EXPECT_EQ(findEditableKey("Serial"), nullptr);
     EXPECT_EQ(findEditableKey("Version"), nullptr);
     EXPECT_EQ(findEditableKey("ManagerIp"), nullptr);
@@ -107,12 +114,13 @@ TEST(EditableKeys, IntegersAreWrittenAsPlainDecimalOtherValuesAsGiven)
     EXPECT_EQ(canonicalValue("Channel", "007"), "007");
 }
 
-TEST(SettingKeys, NetworkKeysAreTheThreeAddressSettings)
+TEST(EditableKeys, NetworkKeysAreTheThreeAddressSettings)
 {
-    EXPECT_TRUE(SettingKeys::isNetworkKey("IPAddress"));
-    EXPECT_TRUE(SettingKeys::isNetworkKey("Netmask"));
-    EXPECT_TRUE(SettingKeys::isNetworkKey("Gateway"));
-    EXPECT_FALSE(SettingKeys::isNetworkKey("ManagerIp"));
+    EXPECT_TRUE(isNetworkKey("IPAddress"));
+    EXPECT_TRUE(isNetworkKey("Netmask"));
+    EXPECT_TRUE(isNetworkKey("Gateway"));
+    EXPECT_FALSE(isNetworkKey("ManagerIp"));
+    EXPECT_FALSE(isNetworkKey("AtemIp"));
 }
 
 TEST(EditableKeys, TheNetworkRowsAreTheNetworkKeys)
@@ -121,43 +129,66 @@ TEST(EditableKeys, TheNetworkRowsAreTheNetworkKeys)
     for (const auto& entry : kEditableKeys) {
         if (entry.network())
             network.push_back(entry.key);
-        EXPECT_EQ(entry.network(), SettingKeys::isNetworkKey(entry.key)) << entry.key;
+        EXPECT_EQ(entry.network(), isNetworkKey(entry.key)) << entry.key;
     }
-    EXPECT_EQ(network, (std::vector<std::string_view>(SettingKeys::kNetworkKeys.begin(),
-                                                       SettingKeys::kNetworkKeys.end())));
+    EXPECT_EQ(network, (std::vector<std::string_view>{"IPAddress", "Netmask", "Gateway"}));
 }
 
 TEST(EditableKeys, AFreshEditorHoldsEveryRowsValueWhenMissing)
 {
     const EditorFields fresh;
-    for (const auto& entry : kEditableKeys) {
-        if (const auto* text = std::get_if<std::string EditorFields::*>(&entry.member)) {
-            EXPECT_EQ(fresh.**text, "") << entry.key;
-        }
-        if (const auto* number = std::get_if<std::int64_t EditorFields::*>(&entry.member)) {
-            EXPECT_EQ(fresh.**number, entry.whenMissing) << entry.key;
-        }
-        if (const auto* on = std::get_if<bool EditorFields::*>(&entry.member)) {
-            EXPECT_EQ(fresh.**on, entry.whenMissing != 0) << entry.key;
-        }
+    for (std::size_t i = 0; i < kEditableKeys.size(); ++i) {
+        const EditableKey& entry = kEditableKeys[i];
+        if (entry.kind == ValueKind::Integer)
+            EXPECT_EQ(fresh.at(i), FieldValue(entry.whenMissing)) << entry.key;
+        else if (entry.kind == ValueKind::Switch)
+            EXPECT_EQ(fresh.at(i), FieldValue(entry.whenMissing != 0)) << entry.key;
+        else
+            EXPECT_EQ(fresh.at(i), FieldValue(std::string())) << entry.key;
     }
 }
 
-TEST(EditableKeys, EveryRowKeepsItsValueInItsOwnFieldOfTheKind)
+TEST(EditableKeys, EveryRowKeepsItsValueAsItsKindIsEdited)
 {
+    const EditorFields fresh;
     for (std::size_t i = 0; i < kEditableKeys.size(); ++i) {
         const EditableKey& entry = kEditableKeys[i];
+        EXPECT_EQ(rowIndex(entry.key), i);
         // Text and address keys are edited as text, integers as numbers, switches as on/off.
         const bool text = entry.kind == ValueKind::Text || entry.kind == ValueKind::Address
                           || entry.kind == ValueKind::AddressOrEmpty;
         EXPECT_EQ(entry.holdsText(), text) << entry.key;
-        EXPECT_EQ(std::holds_alternative<std::int64_t EditorFields::*>(entry.member), entry.kind == ValueKind::Integer)
-            << entry.key;
-        EXPECT_EQ(std::holds_alternative<bool EditorFields::*>(entry.member), entry.kind == ValueKind::Switch)
-            << entry.key;
-        for (std::size_t j = 0; j < i; ++j)
-            EXPECT_NE(kEditableKeys[j].member, entry.member) << entry.key << " shares a field";
+        EXPECT_EQ(std::holds_alternative<std::string>(fresh.at(i)), text) << entry.key;
+        EXPECT_EQ(std::holds_alternative<std::int64_t>(fresh.at(i)), entry.kind == ValueKind::Integer) << entry.key;
+        EXPECT_EQ(std::holds_alternative<bool>(fresh.at(i)), entry.kind == ValueKind::Switch) << entry.key;
     }
+}
+
+TEST(EditableKeys, APickedIntegerHasOneOptionPerValueAndAStepperABoundedRange)
+{
+    for (const EditableKey& entry : kEditableKeys) {
+        SCOPED_TRACE(std::string(entry.key));
+        if (!entry.options.empty()) {
+            EXPECT_EQ(entry.kind, ValueKind::Integer);
+            EXPECT_EQ(entry.minimum, 0);
+            EXPECT_EQ(entry.maximum + 1, static_cast<std::int64_t>(entry.options.size()));
+            EXPECT_FALSE(entry.caption);
+        }
+        if (entry.caption) {
+            EXPECT_EQ(entry.kind, ValueKind::Integer);
+            // The stepper shows its range as plain ints.
+            EXPECT_GE(entry.minimum, std::numeric_limits<int>::min());
+            EXPECT_LE(entry.maximum, std::numeric_limits<int>::max());
+            EXPECT_LT(entry.maximum - entry.minimum, 1000);
+        }
+    }
+}
+
+TEST(EditableKeys, AKeyOutsideTheTableHasNoRow)
+{
+    EXPECT_THROW(rowIndex("ManagerIp"), std::out_of_range);
+    EXPECT_FALSE(isSecret("ManagerIp"));
+    EXPECT_TRUE(isSecret("CallMagic"));
 }
 
 TEST(EditableKeys, OnlyTheCallPasswordIsSecret)

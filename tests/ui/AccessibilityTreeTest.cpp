@@ -143,7 +143,7 @@ class AccessibilityTreeTest : public QObject {
     {
         w.ingest("10.232.1.2", {{"Serial", "KT4-0001B7"}});
         w.ingest("10.232.1.10", studioUnit());
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        w.select(QStringLiteral("10.232.1.10"));
         return QTest::qWaitFor([&] { return w.item("segmentBar") != nullptr; });
     }
 
@@ -201,7 +201,7 @@ private slots:
                                     QStringLiteral("KT400 \u00b70001B7, 10.232.1.2, online")}));
         QCOMPARE(nodeOf(w, "unitCount")->text(QAccessible::Name), QStringLiteral("2 units known"));
         // The selected row says so.
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.2"));
+        w.select(QStringLiteral("10.232.1.2"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         for (QAccessibleInterface* node : nodes)
             if (node->role() == QAccessible::ListItem)
@@ -344,7 +344,7 @@ private slots:
         QVERIFY(w.load());
         QVERIFY(openStudioUnit(w));
         w.detailView()->setProperty("tab", 2);
-        w.field("network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
+        w.field("network", "Gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
         w.detailView()->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.item("cancelButton") && w.item("cancelButton")->isVisible());
         const QStringList found = problems(w);

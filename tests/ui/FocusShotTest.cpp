@@ -100,7 +100,7 @@ private slots:
     {
         Window w;
         QVERIFY(openByKeys(w));
-        QCOMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("10.232.1.10"));
+        QCOMPARE(w.selection(), QStringLiteral("10.232.1.10"));
         checkRing(w, QStringLiteral("focus-list"));
     }
 

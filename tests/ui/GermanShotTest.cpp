@@ -83,7 +83,7 @@ private slots:
         QVERIFY(w.load());
         openStudioUnit(w);
         w.detailView()->setProperty("tab", 2);
-        w.field("network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
+        w.field("network", "Gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
         w.detailView()->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Netzwerkeinstellungen auf 10.232.1.10 anwenden?")));
         check(w, QStringLiteral("de-editor-network-confirm"), {"Anwenden", "Abbrechen"});
@@ -175,7 +175,7 @@ private:
         w.ingest("10.232.1.2", otherUnit("KT4-0001B7", "3"));
         w.ingest("10.232.1.1", otherUnit("KT4-0004F1", "1"));
         w.ingest("10.232.1.10", studioUnit());
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        w.select(QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
     }
 

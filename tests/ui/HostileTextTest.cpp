@@ -66,7 +66,7 @@ private slots:
         QVERIFY(w.load());
         w.ingest("10.232.1.5", hostileUnit());
         w.ingest("10.232.1.6", {{"Serial", kRightToLeft}});
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.5"));
+        w.select(QStringLiteral("10.232.1.5"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         QQuickItem* tab = w.item(qPrintable(segment));
         QTest::mouseClick(w.window, Qt::LeftButton, {}, tab->mapToScene(tab->boundingRect().center()).toPoint());
@@ -110,7 +110,7 @@ private slots:
         QVERIFY(w.load());
         const Vorn::Config unit = hostileUnit();
         w.ingest("10.232.1.5", unit);
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.5"));
+        w.select(QStringLiteral("10.232.1.5"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         QQuickItem* tab = w.item("segment3");
         QTest::mouseClick(w.window, Qt::LeftButton, {}, tab->mapToScene(tab->boundingRect().center()).toPoint());

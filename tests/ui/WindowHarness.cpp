@@ -5,8 +5,10 @@
 #include <QDir>
 #include <QTest>
 
+#include "EditorSection.h"
 #include "FakeUnit.h"
 #include "Translations.h"
+#include "UnitSelection.h"
 #include "VisualTree.h"
 
 QNetworkReply* CountingNetwork::Manager::createRequest(Operation op, const QNetworkRequest& request, QIODevice* data)
@@ -82,11 +84,33 @@ QObject* Window::editor()
     return view ? view->property("editor").value<QObject*>() : nullptr;
 }
 
-QObject* Window::field(const char* section, const char* name)
+QObject* Window::field(const char* section, std::string_view key)
 {
     QObject* open = editor();
-    QObject* part = open ? open->property(section).value<QObject*>() : nullptr;
-    return part ? part->property(name).value<QObject*>() : nullptr;
+    auto* part = open ? qobject_cast<EditorSection*>(open->property(section).value<QObject*>()) : nullptr;
+    return part ? part->field(key) : nullptr;
+}
+
+namespace {
+
+UnitSelection* selectionOf(Window& w)
+{
+    QQuickItem* view = w.item("contentView");
+    return view ? qobject_cast<UnitSelection*>(view->property("unitSelection").value<QObject*>()) : nullptr;
+}
+
+}  // namespace
+
+void Window::select(const QString& ip)
+{
+    if (UnitSelection* selection = selectionOf(*this))
+        selection->show(ip);
+}
+
+QString Window::selection()
+{
+    UnitSelection* selection = selectionOf(*this);
+    return selection ? selection->current() : QString();
 }
 
 void Window::ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival)

@@ -13,6 +13,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <string_view>
 
 #include "SharedClient.h"
 #include "VornProtocol.h"
@@ -54,8 +55,12 @@ struct Window {
     QObject* detailView();
     // The DeviceEditor of the open editor, or null when none is open.
     QObject* editor();
-    // A field of one of the open editor's sections, e.g. ("tally", "atemPort").
-    QObject* field(const char* section, const char* name);
+    // The field of `key` in one of the open editor's sections, e.g. ("tally", "AtemPort").
+    QObject* field(const char* section, std::string_view key);
+    // Shows the unit at `ip` alone, as a click or "Add by IP" does.
+    void select(const QString& ip);
+    // The unit the single-unit views show.
+    QString selection();
     void ingest(const std::string& ip, Vorn::Config config, Vorn::Arrival arrival = {});
     // Texts of every Text item that is on screen.
     QStringList visibleTexts();

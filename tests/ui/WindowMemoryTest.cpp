@@ -72,7 +72,7 @@ private slots:
             QTRY_COMPARE(first.window->geometry(), kPlace);
             first.ingest("10.232.1.2", studioUnit());
             first.ingest("10.232.1.10", studioUnit());
-            first.view()->setProperty("selection", QStringLiteral("10.232.1.10"));
+            first.select(QStringLiteral("10.232.1.10"));
             QTRY_VERIFY(first.detailView() != nullptr);
             first.detailView()->setProperty("tab", 2);
             first.view()->setProperty("activityShown", true);
@@ -88,7 +88,7 @@ private slots:
         QTRY_COMPARE(second.window->geometry(), kPlace);
         QCOMPARE(second.item("sidebar")->width(), 330.0);
         QVERIFY(second.item("activityPane")->isVisible());
-        QCOMPARE(second.view()->property("selection").toString(), QStringLiteral("10.232.1.10"));
+        QCOMPARE(second.selection(), QStringLiteral("10.232.1.10"));
         // The unit's editor opens on the remembered tab once the unit answers.
         QVERIFY(second.detailView() == nullptr);
         second.ingest("10.232.1.10", studioUnit());
@@ -122,7 +122,7 @@ private slots:
         RememberingWindow w;
         QVERIFY(w.open());
         QCOMPARE(w.item("sidebar")->width(), 258.0);
-        QCOMPARE(w.view()->property("selection").toString(), QString());
+        QCOMPARE(w.selection(), QString());
         QCOMPARE(w.memory()->lastTab(), 0);
         QVERIFY(w.memory()->backupFolder().isEmpty());
         QCOMPARE(w.window->size(), QSize(w.window->width(), w.window->height()));

@@ -70,7 +70,7 @@ bool openStudioUnit(Window& w)
 {
     w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
     w.ingest("10.232.1.10", studioUnit());
-    w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+    w.select(QStringLiteral("10.232.1.10"));
     return QTest::qWaitFor([&] { return w.item("segmentBar") != nullptr; });
 }
 
@@ -114,7 +114,7 @@ private slots:
         w.ingest("10.232.1.2", unitConfig("KT4-0001B7", "3"));
         w.ingest("10.232.1.10", unitConfig("KT4-0002C9", "5"));
         w.ingest("10.232.1.1", unitConfig("KT4-0004F1", "1"));
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        w.select(QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("detailTitle") != nullptr);
         shoot(w, QStringLiteral("three-units"));
 
@@ -198,11 +198,11 @@ private slots:
         Window w;
         QVERIFY(w.load());
         w.ingest("10.232.1.10", studioUnit());
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.10"));
+        w.select(QStringLiteral("10.232.1.10"));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
-        w.field("tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
+        w.field("tally", "AtemPort")->setProperty("text", QStringLiteral("9911"));
         w.detailView()->setProperty("tab", 2);
-        w.field("network", "gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
+        w.field("network", "Gateway")->setProperty("text", QStringLiteral("10.232.0.254"));
         w.detailView()->setProperty("networkConfirmOpen", true);
         QTRY_VERIFY(w.visibleTexts().contains(QStringLiteral("Apply network settings to 10.232.1.10?")));
         shoot(w, QStringLiteral("editor-network-confirm"));
@@ -274,7 +274,7 @@ private slots:
         w.ingest("192.168.0.50", {{"Serial", "KT4-00AA50"}, {"Channel", "1"}}, kOnStudio);
         w.ingest("10.77.1.30", {{"Serial", "KT4-0000A1"}, {"Channel", "3"}}, kOnStudio);
         w.ingest("10.77.1.30", {{"Serial", "KT4-0000B2"}, {"Channel", "3"}}, kOnStudio);
-        w.item("contentView")->setProperty("selection", selection);
+        w.select(selection);
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         clickOn(w, qPrintable(segment));
         shoot(w, QStringLiteral("network-warnings-") + QString::fromUtf8(QTest::currentDataTag()));
@@ -357,7 +357,7 @@ private slots:
         QVERIFY(w.load());
         const char* serial = R"(<img src="http://127.0.0.1:9/x.png"><b>big</b>)";
         w.ingest("10.232.1.5", {{"Serial", serial}});
-        w.item("contentView")->setProperty("selection", QStringLiteral("10.232.1.5"));
+        w.select(QStringLiteral("10.232.1.5"));
         QTRY_VERIFY(w.item("detailTitle") != nullptr);
         shoot(w, QStringLiteral("untrusted-serial"));
 
@@ -390,17 +390,17 @@ private slots:
         QVERIFY(w.load());
         ClientTest::ManualTime time{w.client()->clock()};
         w.ingest(kSavedUnit, savedUnit());
-        w.item("contentView")->setProperty("selection", QString::fromUtf8(kSavedUnit));
+        w.select(QString::fromUtf8(kSavedUnit));
         QTRY_VERIFY(w.item("segmentBar") != nullptr);
         QObject* editor = w.editor();
         if (kind == "moved") {
             w.detailView()->setProperty("tab", 2);
-            w.field("network", "ipAddr")->setProperty("text", QStringLiteral("127.0.0.6"));
+            w.field("network", "IPAddress")->setProperty("text", QStringLiteral("127.0.0.6"));
             QMetaObject::invokeMethod(editor, "applyNetwork");
         } else {
             w.detailView()->setProperty("tab", 1);
-            w.field("communication", "channel")->setProperty("text", QStringLiteral("5"));
-            w.field("tally", "atemPort")->setProperty("text", QStringLiteral("9911"));
+            w.field("communication", "Channel")->setProperty("text", QStringLiteral("5"));
+            w.field("tally", "AtemPort")->setProperty("text", QStringLiteral("9911"));
             QMetaObject::invokeMethod(editor, "save");
         }
         QVERIFY(!w.item("saveVerdict")->isVisible());
@@ -429,7 +429,7 @@ private slots:
         }
         if (kind == "moved") {
             clickOn(w, "showMovedButton");
-            QTRY_COMPARE(w.item("contentView")->property("selection").toString(), QStringLiteral("127.0.0.6"));
+            QTRY_COMPARE(w.selection(), QStringLiteral("127.0.0.6"));
             QTRY_COMPARE(w.editor()->property("ip").toString(), QStringLiteral("127.0.0.6"));
             QVERIFY(!w.item("saveVerdict")->isVisible());
         }

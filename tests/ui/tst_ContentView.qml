@@ -73,7 +73,7 @@ TestCase {
         const list = child("deviceList");
         waitForRendering(list);
         mouseClick(list.itemAtIndex(1));
-        compare(view.selection, "10.232.1.2");
+        compare(view.unitSelection.current, "10.232.1.2");
         verify(list.itemAtIndex(1).selected);
         verify(!list.itemAtIndex(0).selected);
         verify(!child("emptyState").visible);
@@ -91,7 +91,7 @@ TestCase {
         compare(probe.receiveDiscovers(1, 3000), [42]);
         compare(probe.totalAfter(300), 1);
         compare(TestKit.seq(client), 42);
-        compare(view.selection, "127.0.0.2");
+        compare(view.unitSelection.current, "127.0.0.2");
         compare(view.manualIP, " \t 127.0.0.2 \t ");
         verify(child("emptyState").visible);
         TestKit.ingest(client, "127.0.0.2", {});
@@ -108,7 +108,7 @@ TestCase {
         view.manualIP = "127.0.0.2";
         mouseClick(child("queryButton"));
         compare(probe.receiveDiscovers(1, 3000), [8]);
-        compare(view.selection, "127.0.0.2");
+        compare(view.unitSelection.current, "127.0.0.2");
     }
 
     function test_blank_query_does_nothing() {
@@ -120,7 +120,7 @@ TestCase {
         mouseClick(child("queryButton"));
         compare(probe.totalAfter(300), 0);
         compare(TestKit.seq(client), 5);
-        compare(view.selection, "");
+        compare(view.unitSelection.current, "");
         compare(view.manualIP, "");
     }
 
@@ -132,7 +132,7 @@ TestCase {
         mouseClick(child("queryButton"));
         compare(decimal.receiveDiscovers(1, 3000), [4]);
         compare(octal.totalAfter(300), 0);
-        compare(view.selection, "127.0.0.10");
+        compare(view.unitSelection.current, "127.0.0.10");
         verify(!child("addressRefusal").visible);
     }
 
@@ -151,7 +151,7 @@ TestCase {
         }
         compare(broadcast.totalAfter(300), 0);
         compare(TestKit.seq(client), 9);
-        compare(view.selection, "");
+        compare(view.unitSelection.current, "");
         // Typing takes the message away; a good address then goes out.
         field.forceActiveFocus();
         field.selectAll();
@@ -166,12 +166,12 @@ TestCase {
 
     function test_discover_after_65535_sends_sequence_zero_to_the_broadcast_address() {
         const probe = TestKit.makeProbe(client, "127.0.0.3");
-        view.selection = "10.232.9.9";
+        view.unitSelection.show("10.232.9.9");
         TestKit.setSeq(client, 65535);
         mouseClick(child("discoverButton"));
         compare(probe.receiveDiscovers(1, 3000), [0]);
         compare(TestKit.seq(client), 0);
-        compare(view.selection, "10.232.9.9");
+        compare(view.unitSelection.current, "10.232.9.9");
     }
 
     function test_status_dot_amber_before_listening() {
@@ -209,7 +209,7 @@ TestCase {
         verify(expected.indexOf("</b>") >= 0);
         compare(findChild(row, "rowTitle").text, expected);
         compare(findChild(row, "rowTitle").textFormat, Text.PlainText);
-        view.selection = "10.232.1.5";
+        view.unitSelection.show("10.232.1.5");
         compare(child("detailTitle").text, expected);
         compare(child("detailTitle").textFormat, Text.PlainText);
     }

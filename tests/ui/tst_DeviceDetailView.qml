@@ -183,7 +183,7 @@ TestCase {
         mouseClick(picker.popup.contentItem.itemAtIndex(3));
         compare(picker.currentIndex, 3);
         compare(findChild(picker, "pickerText").text, "3 \u00b7 3%");
-        compare(view.editor.communication.suppress.value, 3);
+        compare(view.editor.communication.choiceField("SilenceSuppress").value, 3);
     }
 
     function test_a_reply_keeps_what_the_user_types_and_updates_everything_else() {

@@ -46,7 +46,7 @@ TestCase {
         const list = child("deviceList");
         waitForRendering(list);
         mouseClick(list.itemAtIndex(0));
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
         verify(child("segmentBar") !== null);
     }
 
@@ -334,7 +334,7 @@ TestCase {
         const list = child("deviceList");
         waitForRendering(list);
         compare([0, 1].map(i => list.itemAtIndex(i).ip), ["127.0.0.3", "127.0.0.7"]);
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
         compare(child("detailAddress").text, unitIp);
     }
 }

@@ -120,7 +120,7 @@ TestCase {
     function test_plain_click_selects_one_unit_and_shows_its_editor() {
         fileUnits(3);
         mouseClick(row(1));
-        compare(view.selection, "10.232.1.2");
+        compare(view.unitSelection.current, "10.232.1.2");
         compare(view.unitSelection.count, 1);
         verify(!child("selectedUnitsLoader").active);
         verify(child("detailLoader").active);
@@ -144,11 +144,11 @@ TestCase {
         mouseClick(row(3), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
         compare(view.unitSelection.addresses, ["10.232.1.1", "10.232.1.3"]);
         verify(!row(3).selected);
-        verify(view.selection !== "10.232.1.4");
+        verify(view.unitSelection.current !== "10.232.1.4");
         // Ctrl+click on a selected unit takes it out again: one unit, its editor.
         mouseClick(row(0), undefined, undefined, Qt.LeftButton, Qt.ControlModifier);
         compare(view.unitSelection.addresses, ["10.232.1.3"]);
-        compare(view.selection, "10.232.1.3");
+        compare(view.unitSelection.current, "10.232.1.3");
         verify(!child("selectedUnitsLoader").active);
         verify(child("detailLoader").active);
     }
@@ -218,7 +218,7 @@ TestCase {
         view.manualIP = "10.232.1.9";
         view.query();
         compare(view.unitSelection.count, 0);
-        compare(view.selection, "10.232.1.9");
+        compare(view.unitSelection.current, "10.232.1.9");
         verify(!child("selectedUnitsLoader").active);
     }
 

@@ -92,7 +92,7 @@ TestCase {
         const list = child("deviceList");
         waitForRendering(list);
         mouseClick(list.itemAtIndex(0));
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
     }
 
     function saveFromWindow(channel, password) {

@@ -79,7 +79,7 @@ TestCase {
     function selectTheUnitByKeys() {
         tabTo(child("deviceList"));
         keyClick(Qt.Key_Down);
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
         tryVerify(() => child("segmentBar") !== null);
         keyClick(Qt.Key_Return);
         verify(hasKeyboard(child("segmentBar")));
@@ -135,16 +135,16 @@ TestCase {
         TestKit.ingest(client, "127.0.0.4", { Serial: "KT4-000004" });
         TestKit.ingest(client, "127.0.0.5", { Serial: "KT4-000005" });
         tabTo(child("deviceList"));
-        compare(view.selection, "");
+        compare(view.unitSelection.current, "");
         keyClick(Qt.Key_Down);
-        compare(view.selection, "127.0.0.3");
+        compare(view.unitSelection.current, "127.0.0.3");
         keyClick(Qt.Key_Down);
-        compare(view.selection, "127.0.0.4");
+        compare(view.unitSelection.current, "127.0.0.4");
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Down);
-        compare(view.selection, "127.0.0.5");
+        compare(view.unitSelection.current, "127.0.0.5");
         keyClick(Qt.Key_Up);
-        compare(view.selection, "127.0.0.4");
+        compare(view.unitSelection.current, "127.0.0.4");
         tryCompare(child("detailAddress"), "text", "127.0.0.4");
         keyClick(Qt.Key_Return);
         verify(hasKeyboard(child("segment0")));
@@ -298,7 +298,7 @@ TestCase {
         for (const character of unitIp)
             keyClick(character);
         keyClick(Qt.Key_Return);
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
         tryVerify(() => sim.datagrams().length === before + 2, 5000);
         compare(sim.datagrams()[before + 1].dst, unitIp);
     }

@@ -234,7 +234,7 @@ TestCase {
         typeInto("channelField", "7");
         verify(multi("multiSaveButton").enabled);
         // A line break cannot travel in a unit's value.
-        child("selectedUnitsView").editor.communication.password.text = "two\nlines";
+        child("selectedUnitsView").editor.communication.textField("CallMagic").text = "two\nlines";
         verify(!multi("multiSaveButton").enabled);
         const before = sims.map(sim => sim.writes().length);
         mouseClick(multi("multiSaveButton"));
@@ -269,7 +269,7 @@ TestCase {
 
         // The unit is changed, then the file puts the old values back in the editor.
         const editor = detail.item.editor;
-        editor.communication.channel.text = "9";
+        editor.communication.textField("Channel").text = "9";
         mouseClick(findChild(detail.item, "saveButton"));
         tryVerify(() => client.deviceData("127.0.0.6").config.Channel === "9", 5000);
         verify(menuButton.importFrom(file));
@@ -362,7 +362,7 @@ TestCase {
         verify(message.visible);
         verify(message.text.indexOf("KT4-0000Y1") >= 0, message.text);
         shoot("editor-import-refused.png");
-        compare(detail.item.editor.communication.channel.text, "4");
+        compare(detail.item.editor.communication.textField("Channel").text, "4");
         verify(!findChild(detail.item, "unsavedMark").visible);
 
         const broken = TestKit.scratchFile("broken.json");

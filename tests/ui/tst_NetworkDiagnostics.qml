@@ -58,7 +58,7 @@ TestCase {
     }
 
     function select(ip) {
-        view.selection = ip;
+        view.unitSelection.show(ip);
         tryVerify(() => child("hero") !== null);
     }
 

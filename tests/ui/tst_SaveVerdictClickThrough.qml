@@ -58,7 +58,7 @@ TestCase {
         const list = child("deviceList");
         waitForRendering(list);
         mouseClick(list.itemAtIndex(0));
-        compare(view.selection, unitIp);
+        compare(view.unitSelection.current, unitIp);
     }
 
     function child(name) {

@@ -88,7 +88,7 @@ TestCase {
         compare(remembered.lastSeenNote, "last seen just now");
         verify(findChild(remembered, "rowLastSeen").visible);
         mouseClick(remembered);
-        compare(view.selection, "10.232.1.7");
+        compare(view.unitSelection.current, "10.232.1.7");
         tryVerify(() => child("detailLoader").item !== null);
         compare(child("onlineChip").text, "Offline");
         shoot("site-remembered-offline.png");
@@ -98,7 +98,7 @@ TestCase {
         const menu = child("unitRowMenu");
         tryVerify(() => menu.opened);
         compare(menu.ip, "10.232.1.8");
-        compare(view.selection, "10.232.1.7");
+        compare(view.unitSelection.current, "10.232.1.7");
         compare(menu.itemAt(0).text, "Forget this unit\u2026");
         shoot("site-row-menu.png");
         mouseClick(menu.itemAt(0));
@@ -122,7 +122,7 @@ TestCase {
         tryVerify(() => !forgetDialog().visible);
         compare(client.deviceCount, 1);
         compare(row(0).ip, "10.232.1.7");
-        compare(view.selection, "10.232.1.7");
+        compare(view.unitSelection.current, "10.232.1.7");
 
         // The next run remembers only the unit left.
         TestKit.closeSite();
@@ -136,7 +136,7 @@ TestCase {
         TestKit.ingest(client, "10.232.1.20", unitConfig("10.232.1.20", "KT4-000020"));
         TestKit.ingest(client, "10.232.1.21", unitConfig("10.232.1.21", "KT4-000021"));
         mouseClick(row(1));
-        compare(view.selection, "10.232.1.21");
+        compare(view.unitSelection.current, "10.232.1.21");
 
         // The Menu key opens the selected row's menu.
         verify(child("deviceList").activeFocus);
@@ -161,7 +161,7 @@ TestCase {
         mouseClick(findChild(forgetDialog(), "forgetButton"));
         tryVerify(() => !forgetDialog().visible);
         compare(client.deviceCount, 1);
-        compare(view.selection, "");
+        compare(view.unitSelection.current, "");
         verify(child("emptyState").visible);
         verify(client.log[client.log.length - 1].endsWith("forgot 10.232.1.21"));
 

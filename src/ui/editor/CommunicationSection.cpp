@@ -5,13 +5,3 @@ CommunicationSection::CommunicationSection(EditorStore& store, QObject* parent)
     : EditorSection(Settings::Section::Communication, store, parent)
 {
 }
-
-qint64 CommunicationSection::sceneDefault() const
-{
-    return ::sceneDefault(store_.live);
-}
-
-qint64 CommunicationSection::suppressDefault() const
-{
-    return ::suppressDefault(store_.live);
-}

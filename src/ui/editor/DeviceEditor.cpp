@@ -8,7 +8,7 @@
 #include "TranslatedMessage.h"
 #include "SettingKeys.h"
 
-DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), verdict_(this)
+DeviceEditor::DeviceEditor(QObject* parent) : SectionEditor(parent), header_(this), verdict_(this)
 {
     // The verdict lets go of the link first: it may be about to go.
     connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { verdict_.setLink(nullptr); });
@@ -20,25 +20,6 @@ DeviceEditor::DeviceEditor(QObject* parent) : QObject(parent), header_(this), ve
 }
 
 DeviceEditor::~DeviceEditor() = default;
-
-void DeviceEditor::setClient(VornClient* client)
-{
-    if (client == links_.client())
-        return;
-    if (VornClient* before = links_.client())
-        disconnect(before, nullptr, this, nullptr);
-    links_.useClient(client);
-    if (client)
-        connect(client, &QObject::destroyed, this, &DeviceEditor::clientChanged);
-    emit clientChanged();
-    loadWhenReady();
-}
-
-void DeviceEditor::setLink(EditorLink* link)
-{
-    links_.useLink(link);
-    loadWhenReady();
-}
 
 void DeviceEditor::setIp(const QString& ip)
 {

@@ -15,41 +15,35 @@
 #include <QVariantList>
 #include <QVariantMap>
 
-#include "CommunicationSection.h"
 #include "EditorHeader.h"
-#include "EditorLink.h"
-#include "LinkSlot.h"
 #include "NetworkSection.h"
 #include "SaveVerdict.h"
-#include "TallySection.h"
-#include "VornClient.h"
+#include "SectionEditor.h"
 
-class DeviceEditor : public QObject {
+class DeviceEditor : public SectionEditor {
     Q_OBJECT
 
-    // Set from outside. Once both are set, each new client or unit loads the fields.
-    Q_PROPERTY(VornClient* client READ client WRITE setClient NOTIFY clientChanged)
-    Q_PROPERTY(QString ip READ ip WRITE setIp NOTIFY ipChanged)
+    // Set from outside with the client. Once both are set, each new client
+    // or unit loads the fields.
+    Q_PROPERTY(QString ip READ ip WRITE setIp NOTIFY ipChanged FINAL)
     // The unit the fields were last loaded from.
-    Q_PROPERTY(QString loadedFor READ loadedFor NOTIFY loadedForChanged)
+    Q_PROPERTY(QString loadedFor READ loadedFor NOTIFY loadedForChanged FINAL)
 
-    Q_PROPERTY(TallySection* tally READ tally CONSTANT)
-    Q_PROPERTY(CommunicationSection* communication READ communication CONSTANT)
-    Q_PROPERTY(NetworkSection* network READ network CONSTANT)
-    Q_PROPERTY(EditorHeader* header READ header CONSTANT)
+    Q_PROPERTY(NetworkSection* network READ network CONSTANT FINAL)
+    Q_PROPERTY(EditorHeader* header READ header CONSTANT FINAL)
     // What became of the last save or apply, until the next edit, save or reload.
-    Q_PROPERTY(SaveVerdict* verdict READ verdict CONSTANT)
+    Q_PROPERTY(SaveVerdict* verdict READ verdict CONSTANT FINAL)
 
     // The unit's latest reply, and the Details grid's rows {key, value} of it.
-    Q_PROPERTY(QVariantMap live READ live NOTIFY liveChanged)
-    Q_PROPERTY(QVariantList details READ details NOTIFY liveChanged)
+    Q_PROPERTY(QVariantMap live READ live NOTIFY liveChanged FINAL)
+    Q_PROPERTY(QVariantList details READ details NOTIFY liveChanged FINAL)
 
     // "Save changes" covers the tally and communication sections. It is
     // available while they differ and nothing is refused; `refusal` says why not.
-    Q_PROPERTY(bool dirty READ dirty NOTIFY dirtyChanged)
-    Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged)
-    Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged)
-    Q_PROPERTY(bool canApplyNetwork READ canApplyNetwork NOTIFY canApplyNetworkChanged)
+    Q_PROPERTY(bool dirty READ dirty NOTIFY dirtyChanged FINAL)
+    Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged FINAL)
+    Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged FINAL)
+    Q_PROPERTY(bool canApplyNetwork READ canApplyNetwork NOTIFY canApplyNetworkChanged FINAL)
 
 public:
     explicit DeviceEditor(QObject* parent = nullptr);
@@ -66,17 +60,10 @@ public:
     // user reviews and sends with Save changes, or Apply for the network.
     void takeValues(const Vorn::Config& values);
 
-    VornClient* client() const { return links_.client(); }
-    // Talks to `client` through a ClientLink of its own.
-    void setClient(VornClient* client);
-    // Talks to `link` instead, which outlives the editor or is replaced first.
-    void setLink(EditorLink* link);
     QString ip() const { return ip_; }
     void setIp(const QString& ip);
     QString loadedFor() const { return loadedFor_; }
 
-    TallySection* tally() { return &tally_; }
-    CommunicationSection* communication() { return &communication_; }
     NetworkSection* network() { return &network_; }
     EditorHeader* header() { return &header_; }
     SaveVerdict* verdict() { return &verdict_; }
@@ -90,7 +77,6 @@ public:
     bool canApplyNetwork() const { return sending_.canApplyNetwork; }
 
 signals:
-    void clientChanged();
     void ipChanged();
     void loadedForChanged();
     void liveChanged();
@@ -109,6 +95,7 @@ private:
         bool canApplyNetwork = false;
     };
 
+    void linkReplaced() override { loadWhenReady(); }
     void loadWhenReady();
     // Re-reads the unit and announces whatever changed; replies and clock ticks come here.
     void refresh() { update(nullptr, false); }
@@ -121,12 +108,8 @@ private:
     std::array<EditorSection*, 3> sections() { return {&tally_, &communication_, &network_}; }
     void write(const Vorn::Config& changes);
 
-    LinkSlot links_;
     QString ip_;
     QString loadedFor_;
-    EditorStore store_;
-    TallySection tally_{store_, this};
-    CommunicationSection communication_{store_, this};
     NetworkSection network_{store_, this};
     EditorHeader header_;
     SaveVerdict verdict_;

@@ -7,29 +7,18 @@
 
 #include "EditorOptions.h"
 #include "EditorRules.h"
+#include "TranslatedMessage.h"
 #include "ValueSafety.h"
 
-namespace {
-
-const Settings::EditableKey& rowOf(std::string_view key)
-{
-    const Settings::EditableKey* row = Settings::findEditableKey(key);
-    if (!row)
-        throw std::logic_error("no editable key " + std::string(key));
-    return *row;
-}
-
-}  // namespace
-
 EditorField::EditorField(std::string_view key, EditorStore& store, QObject* parent)
-    : QObject(parent), store_(store), row_(rowOf(key))
+    : QObject(parent), store_(store), index_(Settings::rowIndex(key))
 {
 }
 
 bool EditorField::valid() const
 {
     const std::string value = written();
-    return !Settings::valueRefusal(row_.key, value) && Settings::fitsAddressRule(row_, value);
+    return !Settings::valueRefusal(row().key, value) && Settings::fitsAddressRule(row(), value);
 }
 
 void EditorField::refresh(bool dirty)
@@ -47,8 +36,13 @@ void EditorField::untouch()
     touched_ = false;
 }
 
-void EditorField::noteEdit()
+void EditorField::edit(FieldValue value)
 {
+    // Any value set on a mixed field is a choice for every unit.
+    const bool differs = held() != value || mixed();
+    store_.fields.at(index_) = std::move(value);
+    if (!differs)
+        return;
     touched_ = true;
     emit edited();
 }
@@ -58,24 +52,22 @@ QVariantList EditorField::snapshot() const
     return shown() + QVariantList{dirty_, valid(), touched_, mixed()};
 }
 
-TextField::TextField(std::string_view key, EditorStore& store, QObject* parent)
-    : EditorField(key, store, parent), member_(std::get<std::string EditorFields::*>(row().member))
+TextField::TextField(std::string_view key, EditorStore& store, QObject* parent) : EditorField(key, store, parent)
 {
 }
 
 void TextField::setText(const QString& text)
 {
-    edit(member_, text.toStdString());
+    edit(text.toStdString());
 }
 
-NumberField::NumberField(std::string_view key, EditorStore& store, QObject* parent)
-    : EditorField(key, store, parent), member_(std::get<std::int64_t EditorFields::*>(row().member))
+NumberField::NumberField(std::string_view key, EditorStore& store, QObject* parent) : EditorField(key, store, parent)
 {
 }
 
 void NumberField::setValue(qint64 value)
 {
-    edit(member_, std::int64_t{value});
+    edit(std::int64_t{value});
 }
 
 std::string NumberField::written() const
@@ -83,9 +75,10 @@ std::string NumberField::written() const
     return EditorRules::integerText(value());
 }
 
-ChoiceField::ChoiceField(std::string_view key, QStringList options, EditorStore& store, QObject* parent)
-    : NumberField(key, store, parent), options_(std::move(options))
+ChoiceField::ChoiceField(std::string_view key, EditorStore& store, QObject* parent) : NumberField(key, store, parent)
 {
+    for (const Settings::MessageText& option : row().options)
+        options_ << translatedText(Settings::Message(option));
 }
 
 int ChoiceField::index() const
@@ -93,14 +86,14 @@ int ChoiceField::index() const
     return EditorOptions::optionIndex(value(), options_.size());
 }
 
-StepperField::StepperField(std::string_view key, QString caption, EditorStore& store, QObject* parent)
-    : NumberField(key, store, parent), caption_(std::move(caption))
+StepperField::StepperField(std::string_view key, EditorStore& store, QObject* parent) : NumberField(key, store, parent)
 {
 }
 
 QString StepperField::title() const
 {
-    return caption_.arg(QString::fromStdString(EditorRules::integerText(value())));
+    const Settings::MessageText caption = row().caption.value_or(Settings::MessageText{"", "%1"});
+    return translatedText(Settings::Message(caption, {Settings::Message::plain(EditorRules::integerText(value()))}));
 }
 
 void StepperField::step(int delta)
@@ -108,25 +101,29 @@ void StepperField::step(int delta)
     setValue(stepped(value(), delta));
 }
 
-std::int64_t StepperField::stepped(std::int64_t value, int delta)
+std::int64_t StepperField::stepped(std::int64_t value, int delta) const
 {
+    const std::int64_t minimum = row().minimum;
+    const std::int64_t maximum = row().maximum;
     const bool upward = delta > 0;
-    const bool blocked = upward ? value >= kMaximum : value <= kMinimum;
+    const bool blocked = upward ? value >= maximum : value <= minimum;
     if (delta == 0 || blocked)
         return value;
-    // Clamping first keeps the sum clear of the 64-bit limits.
-    const std::int64_t start = std::clamp(value, kMinimum - 1, kMaximum + 1);
-    return std::clamp<std::int64_t>(start + delta, kMinimum, kMaximum);
+    // A value outside the range steps to its nearer end.
+    if (value < minimum)
+        return minimum;
+    if (value > maximum)
+        return maximum;
+    return std::clamp<std::int64_t>(value + delta, minimum, maximum);
 }
 
-SwitchField::SwitchField(std::string_view key, EditorStore& store, QObject* parent)
-    : EditorField(key, store, parent), member_(std::get<bool EditorFields::*>(row().member))
+SwitchField::SwitchField(std::string_view key, EditorStore& store, QObject* parent) : EditorField(key, store, parent)
 {
 }
 
 void SwitchField::setChecked(bool checked)
 {
-    edit(member_, checked);
+    edit(checked);
 }
 
 std::string SwitchField::written() const

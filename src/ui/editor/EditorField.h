@@ -16,6 +16,7 @@
 #include <QVariantList>
 
 #include "EditableKeys.h"
+#include "EditorFields.h"
 #include "EditorSettings.h"
 
 // What all fields of one editor read and write: the values being edited and
@@ -28,21 +29,21 @@ struct EditorStore {
 class EditorField : public QObject {
     Q_OBJECT
 
-    Q_PROPERTY(QString key READ key CONSTANT)
-    Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
-    Q_PROPERTY(bool valid READ valid NOTIFY changed)
-    Q_PROPERTY(bool touched READ touched NOTIFY changed)
+    Q_PROPERTY(QString key READ key CONSTANT FINAL)
+    Q_PROPERTY(bool dirty READ dirty NOTIFY changed FINAL)
+    Q_PROPERTY(bool valid READ valid NOTIFY changed FINAL)
+    Q_PROPERTY(bool touched READ touched NOTIFY changed FINAL)
     // The units edited together hold different values and the user has not
     // set one: the field shows "Mixed" instead of its value.
-    Q_PROPERTY(bool mixed READ mixed NOTIFY changed)
+    Q_PROPERTY(bool mixed READ mixed NOTIFY changed FINAL)
 
 public:
     // `key` names a row of the editable-key table.
     EditorField(std::string_view key, EditorStore& store, QObject* parent);
 
     // The field's row of the editable-key table.
-    const Settings::EditableKey& row() const { return row_; }
-    std::string_view unitKey() const { return row_.key; }
+    const Settings::EditableKey& row() const { return Settings::kEditableKeys[index_]; }
+    std::string_view unitKey() const { return row().key; }
     QString key() const { return QString::fromLatin1(unitKey().data(), static_cast<qsizetype>(unitKey().size())); }
     bool dirty() const { return dirty_; }
     bool valid() const;
@@ -51,7 +52,7 @@ public:
     // Whether the loaded units disagree on this field; set on each load.
     void setMixed(bool mixed) { mixed_ = mixed; }
     // Puts this field's value into `fields`: one unit's fields take the user's edit.
-    virtual void copyTo(EditorFields& fields) const = 0;
+    void copyTo(EditorFields& fields) const { fields.at(index_) = held(); }
 
     // Takes the comparison's verdict for this key and announces what changed.
     void refresh(bool dirty);
@@ -68,25 +69,19 @@ protected:
     virtual QVariantList shown() const = 0;
     // The value as it would be written; checked by the settings core's rules.
     virtual std::string written() const = 0;
-    // The user's value for `member`: when it differs from the one held, the
-    // field counts as touched and tells the editor.
-    template <typename Value>
-    void edit(Value EditorFields::*member, Value value)
-    {
-        // Any value set on a mixed field is a choice for every unit.
-        const bool differs = store_.fields.*member != value || mixed();
-        store_.fields.*member = std::move(value);
-        if (differs)
-            noteEdit();
-    }
+    // The value held for this field's key.
+    const FieldValue& held() const { return store_.fields.at(index_); }
+    // The user's value: when it differs from the one held, the field counts
+    // as touched and tells the editor.
+    void edit(FieldValue value);
 
     EditorStore& store_;
 
 private:
-    void noteEdit();
     QVariantList snapshot() const;
 
-    const Settings::EditableKey& row_;
+    // The row's place in the table, and the value's in the store.
+    std::size_t index_;
     bool dirty_ = false;
     bool touched_ = false;
     bool mixed_ = false;
@@ -97,54 +92,47 @@ private:
 class TextField : public EditorField {
     Q_OBJECT
 
-    Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed FINAL)
 
 public:
     TextField(std::string_view key, EditorStore& store, QObject* parent);
 
-    QString text() const { return QString::fromStdString(store_.fields.*member_); }
+    QString text() const { return QString::fromStdString(std::get<std::string>(held())); }
     void setText(const QString& text);
 
 protected:
     QVariantList shown() const override { return {text()}; }
-    std::string written() const override { return store_.fields.*member_; }
-    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
-
-private:
-    std::string EditorFields::*member_;
+    std::string written() const override { return std::get<std::string>(held()); }
 };
 
 // A field holding an integer.
 class NumberField : public EditorField {
     Q_OBJECT
 
-    Q_PROPERTY(qint64 value READ value WRITE setValue NOTIFY changed)
+    Q_PROPERTY(qint64 value READ value WRITE setValue NOTIFY changed FINAL)
 
 public:
     NumberField(std::string_view key, EditorStore& store, QObject* parent);
 
-    qint64 value() const { return store_.fields.*member_; }
+    qint64 value() const { return std::get<std::int64_t>(held()); }
     void setValue(qint64 value);
 
 protected:
     QVariantList shown() const override { return {value()}; }
     std::string written() const override;
-    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
-
-private:
-    std::int64_t EditorFields::*member_;
 };
 
-// An integer chosen from a fixed list whose rows are the values 0, 1, ...
+// An integer chosen from its row's list of options, whose rows are the values 0, 1, ...
 class ChoiceField : public NumberField {
     Q_OBJECT
 
-    Q_PROPERTY(QStringList options READ options CONSTANT)
+    // The options' texts, translated.
+    Q_PROPERTY(QStringList options READ options CONSTANT FINAL)
     // The picker row of the value, -1 when no row holds it.
-    Q_PROPERTY(int index READ index NOTIFY changed)
+    Q_PROPERTY(int index READ index NOTIFY changed FINAL)
 
 public:
-    ChoiceField(std::string_view key, QStringList options, EditorStore& store, QObject* parent);
+    ChoiceField(std::string_view key, EditorStore& store, QObject* parent);
 
     QStringList options() const { return options_; }
     int index() const;
@@ -156,30 +144,26 @@ private:
     QStringList options_;
 };
 
-// An integer moved one step at a time inside the type range; a reported
+// An integer moved one step at a time inside its row's range; a reported
 // value outside the range loads as it is and steps back into it.
 class StepperField : public NumberField {
     Q_OBJECT
 
-    // "type 3", "gpio 0": the stepper's caption.
-    Q_PROPERTY(QString title READ title NOTIFY changed)
-    Q_PROPERTY(bool canIncrease READ canIncrease NOTIFY changed)
-    Q_PROPERTY(bool canDecrease READ canDecrease NOTIFY changed)
-    // The range, for the views that describe it (a screen reader reads it).
-    Q_PROPERTY(qint64 minimum READ minimum CONSTANT)
-    Q_PROPERTY(qint64 maximum READ maximum CONSTANT)
+    // "type 3", "gpio 0": the row's caption with the value.
+    Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
+    Q_PROPERTY(bool canIncrease READ canIncrease NOTIFY changed FINAL)
+    Q_PROPERTY(bool canDecrease READ canDecrease NOTIFY changed FINAL)
+    // The range, for the views that describe it (a screen reader reads it);
+    // ints, since a stepper's range is small and QML compiles ints, not qint64.
+    Q_PROPERTY(int minimum READ minimum CONSTANT FINAL)
+    Q_PROPERTY(int maximum READ maximum CONSTANT FINAL)
 
 public:
-    // The type steppers' range.
-    static constexpr std::int64_t kMinimum = Settings::kTypeMinimum;
-    static constexpr std::int64_t kMaximum = Settings::kTypeMaximum;
-
-    // `caption` holds %1 for the value: "type %1".
-    StepperField(std::string_view key, QString caption, EditorStore& store, QObject* parent);
+    StepperField(std::string_view key, EditorStore& store, QObject* parent);
 
     QString title() const;
-    static qint64 minimum() { return kMinimum; }
-    static qint64 maximum() { return kMaximum; }
+    int minimum() const { return static_cast<int>(row().minimum); }
+    int maximum() const { return static_cast<int>(row().maximum); }
     bool canIncrease() const { return stepped(value(), 1) != value(); }
     bool canDecrease() const { return stepped(value(), -1) != value(); }
     // One press: `delta` is +1 or -1.
@@ -188,32 +172,25 @@ public:
     // One step: the value moves by `delta` and lands inside the range (a
     // reported 12 steps down to 9); a step away from the range, or past its
     // end, leaves the value as it is.
-    static std::int64_t stepped(std::int64_t value, int delta);
+    std::int64_t stepped(std::int64_t value, int delta) const;
 
 protected:
     QVariantList shown() const override { return {value(), title(), canIncrease(), canDecrease()}; }
-
-private:
-    QString caption_;
 };
 
 // An on/off field.
 class SwitchField : public EditorField {
     Q_OBJECT
 
-    Q_PROPERTY(bool checked READ checked WRITE setChecked NOTIFY changed)
+    Q_PROPERTY(bool checked READ checked WRITE setChecked NOTIFY changed FINAL)
 
 public:
     SwitchField(std::string_view key, EditorStore& store, QObject* parent);
 
-    bool checked() const { return store_.fields.*member_; }
+    bool checked() const { return std::get<bool>(held()); }
     void setChecked(bool checked);
 
 protected:
     QVariantList shown() const override { return {checked()}; }
     std::string written() const override;
-    void copyTo(EditorFields& fields) const override { fields.*member_ = store_.fields.*member_; }
-
-private:
-    bool EditorFields::*member_;
 };

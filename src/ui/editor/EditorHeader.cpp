@@ -34,9 +34,9 @@ void EditorHeader::update(const std::optional<Device>& unit, bool online, const 
     now.channelChip = chipOf(live, SettingKeys::kChannel, tr("Ch %1"), tr("Ch \u2013"));
     now.firmwareChip = chipOf(live, SettingKeys::kVersion, tr("fw %1"), QString());
     now.ip = ip;
-    now.ipAddr = qtext(fields.ipAddr);
-    now.netmask = qtext(fields.netmask);
-    now.gateway = qtext(fields.gateway);
+    now.ipAddr = qtext(fields.text(SettingKeys::kIPAddress));
+    now.netmask = qtext(fields.text(SettingKeys::kNetmask));
+    now.gateway = qtext(fields.text(SettingKeys::kGateway));
     if (now == shown_)
         return;
     shown_ = std::move(now);

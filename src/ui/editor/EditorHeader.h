@@ -16,14 +16,14 @@
 class EditorHeader : public QObject {
     Q_OBJECT
 
-    Q_PROPERTY(QString title READ title NOTIFY changed)
-    Q_PROPERTY(bool online READ online NOTIFY changed)
-    Q_PROPERTY(QString onlineText READ onlineText NOTIFY changed)
-    Q_PROPERTY(QString channelChip READ channelChip NOTIFY changed)
-    Q_PROPERTY(QString firmwareChip READ firmwareChip NOTIFY changed)
-    Q_PROPERTY(QString confirmTitle READ confirmTitle NOTIFY changed)
-    Q_PROPERTY(QString confirmMessage READ confirmMessage NOTIFY changed)
-    Q_PROPERTY(QStringList tabTitles READ tabTitles CONSTANT)
+    Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
+    Q_PROPERTY(bool online READ online NOTIFY changed FINAL)
+    Q_PROPERTY(QString onlineText READ onlineText NOTIFY changed FINAL)
+    Q_PROPERTY(QString channelChip READ channelChip NOTIFY changed FINAL)
+    Q_PROPERTY(QString firmwareChip READ firmwareChip NOTIFY changed FINAL)
+    Q_PROPERTY(QString confirmTitle READ confirmTitle NOTIFY changed FINAL)
+    Q_PROPERTY(QString confirmMessage READ confirmMessage NOTIFY changed FINAL)
+    Q_PROPERTY(QStringList tabTitles READ tabTitles CONSTANT FINAL)
 
 public:
     explicit EditorHeader(QObject* parent = nullptr);

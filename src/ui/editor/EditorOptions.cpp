@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "EditorOptions.h"
 
-#include <QCoreApplication>
 #include <QVariantMap>
 
 #include "EditorRules.h"
@@ -10,12 +9,6 @@
 
 namespace EditorOptions {
 namespace {
-
-// The translation of a text marked with QT_TRANSLATE_NOOP("EditorOptions", ...).
-QString text(const char* source)
-{
-    return QCoreApplication::translate("EditorOptions", source);
-}
 
 QVariantMap entry(const QString& label, const std::string& tag)
 {
@@ -35,35 +28,6 @@ int presetRow(std::int64_t band, std::int64_t model)
 }
 
 }  // namespace
-
-QStringList sceneOptions()
-{
-    return {
-        text(QT_TRANSLATE_NOOP("EditorOptions", "0 \u00B7 Quiet place (whisper)")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "1 \u00B7 Most scenes (speak loudly)")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "2 \u00B7 Very noisy (roar)")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "3 \u00B7 Deafening (loud voice)")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "4 \u00B7 Deafening (extreme)")),
-    };
-}
-
-QStringList suppressOptions()
-{
-    return {
-        text(QT_TRANSLATE_NOOP("EditorOptions", "0 \u00B7 Off")), text(QT_TRANSLATE_NOOP("EditorOptions", "1 \u00B7 1%")), text(QT_TRANSLATE_NOOP("EditorOptions", "2 \u00B7 2%")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "3 \u00B7 3%")),  text(QT_TRANSLATE_NOOP("EditorOptions", "4 \u00B7 4%")), text(QT_TRANSLATE_NOOP("EditorOptions", "5 \u00B7 5%")),
-    };
-}
-
-QStringList tallyBankOptions()
-{
-    return {
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 1\u2013" "12")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 13\u2013" "24")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 25\u2013" "36")),
-        text(QT_TRANSLATE_NOOP("EditorOptions", "Cameras 37\u2013" "40")),
-    };
-}
 
 int optionIndex(std::int64_t value, qsizetype count)
 {

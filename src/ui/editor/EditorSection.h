@@ -1,38 +1,44 @@
 // SPDX-License-Identifier: Apache-2.0
 // One section of the editor (tally, communication, network): its fields, its
 // part of the comparison with the unit's live configuration, and whether it
-// differs (dirty) and may be sent (valid). A section declares each field once
-// with EDITOR_FIELD; the field is then a QML property of the section, a C++
-// member and an entry of fields(). The key's row in the editable-key table
-// says which section it belongs to and how it loads and compares.
+// differs (dirty) and may be sent (valid). The section makes one field for
+// every row of the editable-key table that names it, of the type the row
+// asks for; QML reaches a field by its key: section.textField("AtemIp").
 #pragma once
 
-#include <span>
-#include <stdexcept>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include <QObject>
+#include <QString>
 
 #include "EditorField.h"
-
-// Declares a field of the section: EDITOR_FIELD(TextField, channel, SettingKeys::kChannel).
-// The arguments after the name are those of the field's constructor before the store.
-#define EDITOR_FIELD(Type, name, ...)                  \
-    Q_PROPERTY(Type* name READ name##Field CONSTANT)   \
-                                                       \
-public:                                                \
-    Type* name##Field() const { return name; }         \
-    Type* const name = add<Type>(__VA_ARGS__);
 
 class EditorSection : public QObject {
     Q_OBJECT
 
-    Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
-    Q_PROPERTY(bool valid READ valid NOTIFY changed)
+    Q_PROPERTY(bool dirty READ dirty NOTIFY changed FINAL)
+    Q_PROPERTY(bool valid READ valid NOTIFY changed FINAL)
 
 public:
+    // The fields in table order.
     const std::vector<EditorField*>& fields() const { return fields_; }
+    // The field of `key`, or null when this section has none.
+    EditorField* field(std::string_view key) const;
+    // The field of `key` as the type its row makes, or null.
+    template <typename Field>
+    Field* fieldAs(std::string_view key) const
+    {
+        return qobject_cast<Field*>(field(key));
+    }
+
+    // The field of `key` by the control that shows it; null when the key's
+    // row makes another kind of field or names another section.
+    Q_INVOKABLE TextField* textField(const QString& key) const;
+    Q_INVOKABLE NumberField* numberField(const QString& key) const;
+    Q_INVOKABLE ChoiceField* choiceField(const QString& key) const;
+    Q_INVOKABLE StepperField* stepperField(const QString& key) const;
+    Q_INVOKABLE SwitchField* switchField(const QString& key) const;
 
     // The keys of this section as the settings core compared them at the
     // last refresh, in table order.
@@ -56,21 +62,12 @@ protected:
     // What the section shows besides dirty and valid, for change announcement.
     virtual QVariantList shown() const { return {}; }
 
-    template <typename Field, typename... Args>
-    Field* add(Args&&... args)
-    {
-        auto* field = new Field(std::forward<Args>(args)..., store_, this);
-        // The key's row names the section it is edited in.
-        if (field->row().section != section_)
-            throw std::logic_error("a field in the wrong section: " + std::string(field->unitKey()));
-        fields_.push_back(field);
-        connect(field, &EditorField::edited, this, &EditorSection::edited);
-        return field;
-    }
-
     EditorStore& store_;
 
 private:
+    template <typename Field>
+    Field* typedField(const QString& key) const;
+
     Settings::Section section_;
     std::vector<EditorField*> fields_;
     std::vector<KeyComparison> keys_;

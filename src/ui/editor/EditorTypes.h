@@ -15,6 +15,14 @@ struct DeviceEditorForeign {
     QML_NAMED_ELEMENT(DeviceEditor)
 };
 
+// What the Tally and Communication panels take: a DeviceEditor or a MultiEditor.
+struct SectionEditorForeign {
+    Q_GADGET
+    QML_FOREIGN(SectionEditor)
+    QML_NAMED_ELEMENT(SectionEditor)
+    QML_UNCREATABLE("SectionEditor is a DeviceEditor or a MultiEditor")
+};
+
 // The verdict of the last save, read through DeviceEditor.verdict.
 struct SaveVerdictForeign {
     Q_GADGET
@@ -60,7 +68,7 @@ struct NetworkSectionForeign {
     QML_UNCREATABLE("A section belongs to a DeviceEditor")
 };
 
-// The fields, read through a section: section.channel.text, .dirty, ...
+// The fields, read through a section: section.textField("Channel").text, .dirty, ...
 struct EditorFieldForeign {
     Q_GADGET
     QML_FOREIGN(EditorField)

@@ -8,12 +8,8 @@
 class NetworkSection : public EditorSection {
     Q_OBJECT
 
-    EDITOR_FIELD(TextField, ipAddr, SettingKeys::kIPAddress)
-    EDITOR_FIELD(TextField, netmask, SettingKeys::kNetmask)
-    EDITOR_FIELD(TextField, gateway, SettingKeys::kGateway)
-
     // Changed, but not all three are dotted quads: "invalid IPv4".
-    Q_PROPERTY(bool warning READ warning NOTIFY changed)
+    Q_PROPERTY(bool warning READ warning NOTIFY changed FINAL)
 
 public:
     NetworkSection(EditorStore& store, QObject* parent);

@@ -24,13 +24,13 @@
 class SaveVerdict : public QObject {
     Q_OBJECT
 
-    Q_PROPERTY(Kind kind READ kind NOTIFY changed)
+    Q_PROPERTY(Kind kind READ kind NOTIFY changed FINAL)
     // The header chip's text, "" while there is nothing to say.
-    Q_PROPERTY(QString text READ text NOTIFY changed)
+    Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
     // One line per written key the unit did not confirm: written vs reported.
-    Q_PROPERTY(QStringList details READ details NOTIFY changed)
+    Q_PROPERTY(QStringList details READ details NOTIFY changed FINAL)
     // The unit's new address after a move, else "".
-    Q_PROPERTY(QString movedTo READ movedTo NOTIFY changed)
+    Q_PROPERTY(QString movedTo READ movedTo NOTIFY changed FINAL)
 
 public:
     enum class Kind { None, Waiting, Confirmed, NotConfirmed, NoAnswer, Moved };

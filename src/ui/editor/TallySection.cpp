@@ -1,28 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "TallySection.h"
 
+#include "EditorOptions.h"
 #include "EditorRules.h"
 #include "SwitcherCatalog.h"
 #include "TranslatedMessage.h"
 
 TallySection::TallySection(EditorStore& store, QObject* parent)
-    : EditorSection(Settings::Section::Tally, store, parent)
+    : EditorSection(Settings::Section::Tally, store, parent),
+      band_(fieldAs<NumberField>(SettingKeys::kSwitcherBand)),
+      model_(fieldAs<NumberField>(SettingKeys::kSwitcherModel))
 {
 }
 
 QVariantList TallySection::switcherEntries() const
 {
-    return EditorOptions::switcherEntries(band->value(), model->value());
+    return EditorOptions::switcherEntries(band_->value(), model_->value());
 }
 
 int TallySection::switcherIndex() const
 {
-    return EditorOptions::switcherIndex(band->value(), model->value());
+    return EditorOptions::switcherIndex(band_->value(), model_->value());
 }
 
 QString TallySection::switcherSelection() const
 {
-    return QString::fromStdString(EditorRules::switcherTag(band->value(), model->value()));
+    return QString::fromStdString(EditorRules::switcherTag(band_->value(), model_->value()));
 }
 
 void TallySection::setSwitcherSelection(const QString& tag)
@@ -30,14 +33,14 @@ void TallySection::setSwitcherSelection(const QString& tag)
     const auto numbers = EditorRules::parseSwitcherTag(tag.toStdString());
     if (!numbers)
         return;
-    const bool differs = band->value() != numbers->first || model->value() != numbers->second || band->mixed() ||
-                         model->mixed();
+    const bool differs = band_->value() != numbers->first || model_->value() != numbers->second || band_->mixed() ||
+                         model_->mixed();
     {
         // Both numbers change before the editor hears of either.
-        const QSignalBlocker quietBand(band);
-        const QSignalBlocker quietModel(model);
-        band->setValue(numbers->first);
-        model->setValue(numbers->second);
+        const QSignalBlocker quietBand(band_);
+        const QSignalBlocker quietModel(model_);
+        band_->setValue(numbers->first);
+        model_->setValue(numbers->second);
     }
     if (differs)
         emit edited();
@@ -45,9 +48,8 @@ void TallySection::setSwitcherSelection(const QString& tag)
 
 QString TallySection::switcherLabel() const
 {
-    return translatedText(SwitcherCatalog::label(band->value(), model->value()));
+    return translatedText(SwitcherCatalog::label(band_->value(), model_->value()));
 }
-
 
 QVariantList TallySection::shown() const
 {

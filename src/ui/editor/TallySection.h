@@ -5,26 +5,17 @@
 #pragma once
 
 #include "EditorSection.h"
-#include "EditorOptions.h"
 
 class TallySection : public EditorSection {
     Q_OBJECT
 
-    EDITOR_FIELD(TextField, atemIp, SettingKeys::kAtemIp)
-    EDITOR_FIELD(TextField, atemPort, SettingKeys::kAtemPort)
-    EDITOR_FIELD(NumberField, band, SettingKeys::kSwitcherBand)
-    EDITOR_FIELD(NumberField, model, SettingKeys::kSwitcherModel)
-    EDITOR_FIELD(ChoiceField, extTally, SettingKeys::kAtemExtTally, EditorOptions::tallyBankOptions())
-    EDITOR_FIELD(StepperField, tallyType, SettingKeys::kTallyType, tr("type %1"))
-    EDITOR_FIELD(StepperField, gpioType, SettingKeys::kTallyGpioType, tr("gpio %1"))
-
     // The switcher picker: its entries {label, tag}, the row of the values
     // being edited, and their tag "band.model", which it also sets.
-    Q_PROPERTY(QVariantList switcherEntries READ switcherEntries NOTIFY changed)
-    Q_PROPERTY(int switcherIndex READ switcherIndex NOTIFY changed)
-    Q_PROPERTY(QString switcherSelection READ switcherSelection WRITE setSwitcherSelection NOTIFY changed)
+    Q_PROPERTY(QVariantList switcherEntries READ switcherEntries NOTIFY changed FINAL)
+    Q_PROPERTY(int switcherIndex READ switcherIndex NOTIFY changed FINAL)
+    Q_PROPERTY(QString switcherSelection READ switcherSelection WRITE setSwitcherSelection NOTIFY changed FINAL)
     // The switcher's name for the header chip.
-    Q_PROPERTY(QString switcherLabel READ switcherLabel NOTIFY changed)
+    Q_PROPERTY(QString switcherLabel READ switcherLabel NOTIFY changed FINAL)
 
 public:
     TallySection(EditorStore& store, QObject* parent);
@@ -38,4 +29,9 @@ public:
 
 protected:
     QVariantList shown() const override;
+
+private:
+    // The two numbers the switcher picker sets together.
+    NumberField* const band_;
+    NumberField* const model_;
 };

@@ -19,10 +19,8 @@ BatchWriter::~BatchWriter() = default;
 
 void BatchWriter::setClient(VornClient* client)
 {
-    if (client == links_.client())
-        return;
-    links_.useClient(client);
-    emit clientChanged();
+    if (links_.useClient(client))
+        emit clientChanged();
 }
 
 void BatchWriter::setLink(EditorLink* link)

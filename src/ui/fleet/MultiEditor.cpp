@@ -7,32 +7,22 @@
 
 #include "FleetValues.h"
 
-MultiEditor::MultiEditor(QObject* parent) : QObject(parent)
+MultiEditor::MultiEditor(QObject* parent) : SectionEditor(parent)
 {
     // The writer lets go of the link first: it may be about to go.
     connect(&links_, &LinkSlot::aboutToSwitch, this, [this] { writer_.setLink(nullptr); });
     connect(&links_, &LinkSlot::switched, this, [this] { writer_.setLink(links_.link()); });
+    // A reply changes what a save would send, not what the sections compare.
     connect(&links_, &LinkSlot::changed, this, &MultiEditor::refresh);
+    // An edit compares its own section once.
     for (EditorSection* section : {static_cast<EditorSection*>(&tally_), static_cast<EditorSection*>(&communication_)})
-        connect(section, &EditorSection::edited, this, &MultiEditor::refresh);
+        connect(section, &EditorSection::edited, this, [this, section] {
+            section->refresh();
+            refresh();
+        });
 }
 
 MultiEditor::~MultiEditor() = default;
-
-void MultiEditor::setClient(VornClient* client)
-{
-    if (client == links_.client())
-        return;
-    links_.useClient(client);
-    emit clientChanged();
-    load();
-}
-
-void MultiEditor::setLink(EditorLink* link)
-{
-    links_.useLink(link);
-    load();
-}
 
 void MultiEditor::setAddresses(const QStringList& addresses)
 {
@@ -87,13 +77,16 @@ void MultiEditor::load()
     store_.fields = loadFields(shown);
     store_.live = shown;
     // Band and model are one choice in the switcher picker: mixed together.
-    const bool switcherMixed = isMixed(tally_.band->unitKey()) || isMixed(tally_.model->unitKey());
-    for (EditorField* field : fields)
-        field->setMixed(isMixed(field->unitKey()));
-    tally_.band->setMixed(switcherMixed);
-    tally_.model->setMixed(switcherMixed);
+    const bool switcherMixed = isMixed(SettingKeys::kSwitcherBand) || isMixed(SettingKeys::kSwitcherModel);
+    for (EditorField* field : fields) {
+        const bool switcher =
+            field->unitKey() == SettingKeys::kSwitcherBand || field->unitKey() == SettingKeys::kSwitcherModel;
+        field->setMixed(switcher ? switcherMixed : isMixed(field->unitKey()));
+    }
     tally_.untouch();
     communication_.untouch();
+    tally_.refresh();
+    communication_.refresh();
     refresh();
 }
 
@@ -134,8 +127,6 @@ void MultiEditor::save()
 
 void MultiEditor::refresh()
 {
-    tally_.refresh();
-    communication_.refresh();
     const std::vector<EditorField*> fields = allFields();
     // Untouched fields send nothing, so the units need not be gone through.
     const bool anyTouched =

@@ -13,27 +13,20 @@
 #include <QStringList>
 
 #include "BatchWriter.h"
-#include "CommunicationSection.h"
-#include "EditorLink.h"
-#include "LinkSlot.h"
-#include "TallySection.h"
-#include "VornClient.h"
+#include "SectionEditor.h"
 
-class MultiEditor : public QObject {
+class MultiEditor : public SectionEditor {
     Q_OBJECT
 
-    // Set from outside: the client (or a link), and the selected units' addresses.
-    Q_PROPERTY(VornClient* client READ client WRITE setClient NOTIFY clientChanged)
-    Q_PROPERTY(QStringList addresses READ addresses WRITE setAddresses NOTIFY addressesChanged)
+    // Set from outside with the client (or a link): the selected units' addresses.
+    Q_PROPERTY(QStringList addresses READ addresses WRITE setAddresses NOTIFY addressesChanged FINAL)
 
-    Q_PROPERTY(TallySection* tally READ tally CONSTANT)
-    Q_PROPERTY(CommunicationSection* communication READ communication CONSTANT)
     // The verdicts of the last save, one row per unit.
-    Q_PROPERTY(BatchWriter* writer READ writer CONSTANT)
+    Q_PROPERTY(BatchWriter* writer READ writer CONSTANT FINAL)
 
     // Some unit would be sent a change; "Save to <N> units" also needs every set field valid.
-    Q_PROPERTY(bool dirty READ dirty NOTIFY stateChanged)
-    Q_PROPERTY(bool canSave READ canSave NOTIFY stateChanged)
+    Q_PROPERTY(bool dirty READ dirty NOTIFY stateChanged FINAL)
+    Q_PROPERTY(bool canSave READ canSave NOTIFY stateChanged FINAL)
 
 public:
     explicit MultiEditor(QObject* parent = nullptr);
@@ -45,15 +38,9 @@ public:
     // Writes the fields the user set to every selected unit that differs.
     Q_INVOKABLE void save();
 
-    VornClient* client() const { return links_.client(); }
-    void setClient(VornClient* client);
-    // Talks to `link` instead, which outlives the editor or is replaced first.
-    void setLink(EditorLink* link);
     QStringList addresses() const { return addresses_; }
     void setAddresses(const QStringList& addresses);
 
-    TallySection* tally() { return &tally_; }
-    CommunicationSection* communication() { return &communication_; }
     BatchWriter* writer() { return &writer_; }
 
     bool dirty() const { return dirty_; }
@@ -63,21 +50,17 @@ public:
     std::vector<BatchWriter::UnitWrite> unitWrites() const;
 
 signals:
-    void clientChanged();
     void addressesChanged();
     void stateChanged();
 
 private:
+    void linkReplaced() override { load(); }
     std::vector<EditorField*> allFields() const;
     Vorn::Config liveOf(const QString& address) const;
     // Re-reads the units: replies change what a save would send.
     void refresh();
 
-    LinkSlot links_;
     QStringList addresses_;
-    EditorStore store_;
-    TallySection tally_{store_, this};
-    CommunicationSection communication_{store_, this};
     BatchWriter writer_;
     bool dirty_ = false;
     bool canSave_ = false;

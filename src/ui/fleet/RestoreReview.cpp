@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RestoreReview.h"
 
+#include <algorithm>
+
 #include "BackupExport.h"
 #include "BatchWriter.h"
 #include "TranslatedMessage.h"
+#include "EditableKeys.h"
 #include "EditorHeader.h"
 #include "EditorRules.h"
 #include "FleetUnits.h"
@@ -23,10 +26,8 @@ QStringList qlines(const std::vector<std::string>& lines)
 // The unit's own address settings are among the keys to write.
 bool touchesNetwork(const Settings::RestoreItem& item)
 {
-    for (const auto key : SettingKeys::kNetworkKeys)
-        if (item.changes.contains(key))
-            return true;
-    return false;
+    return std::any_of(item.changes.begin(), item.changes.end(),
+                       [](const auto& change) { return Settings::isNetworkKey(change.first); });
 }
 
 }  // namespace

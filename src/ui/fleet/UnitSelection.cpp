@@ -28,6 +28,7 @@ void UnitSelection::setModel(QAbstractItemModel* model)
         connect(model, &QAbstractItemModel::modelReset, this, &UnitSelection::followListing);
     }
     collect();
+    followListing();
 }
 
 QModelIndex UnitSelection::rowIndex(int row) const
@@ -49,11 +50,43 @@ void UnitSelection::click(int row, int modifiers)
         selection_.setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         return;
     }
-    anchor_ = index;
-    if (held.testFlag(Qt::ControlModifier))
+    if (held.testFlag(Qt::ControlModifier)) {
+        anchor_ = index;
         selection_.setCurrentIndex(index, QItemSelectionModel::Toggle);
-    else
-        selection_.setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    } else {
+        selectAlone(index);
+    }
+}
+
+void UnitSelection::selectAlone(const QModelIndex& index)
+{
+    anchor_ = index;
+    selection_.setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+}
+
+QModelIndex UnitSelection::rowOf(const QString& address) const
+{
+    const auto* model = selection_.model();
+    if (!model || address.isEmpty())
+        return {};
+    const QModelIndexList found =
+        model->match(model->index(0, 0), DeviceListModel::IpRole, address, 1, Qt::MatchExactly);
+    return found.isEmpty() ? QModelIndex() : found.front();
+}
+
+void UnitSelection::show(const QString& address)
+{
+    const QModelIndex index = rowOf(address);
+    if (index.isValid()) {
+        pending_.clear();
+        selectAlone(index);
+        return;
+    }
+    // Not listed yet (a queried address): nothing selected, the address current.
+    pending_ = address;
+    anchor_ = QPersistentModelIndex();
+    selection_.clear();
+    collect();
 }
 
 void UnitSelection::selectAll()
@@ -84,8 +117,10 @@ void UnitSelection::extend(int step)
 
 void UnitSelection::clear()
 {
+    pending_.clear();
     anchor_ = QPersistentModelIndex();
     selection_.clear();
+    collect();
 }
 
 void UnitSelection::selectRange(const QModelIndex& from, const QModelIndex& to)
@@ -121,12 +156,27 @@ void UnitSelection::collect()
 {
     addresses_ = selectedAddresses();
     selected_ = QSet<QString>(addresses_.begin(), addresses_.end());
+    if (!addresses_.isEmpty())
+        pending_.clear();
     ++revision_;
     emit changed();
+    const QString current = addresses_.isEmpty() ? pending_ : primary();
+    if (current == current_)
+        return;
+    current_ = current;
+    emit currentChanged();
 }
 
 void UnitSelection::followListing()
 {
+    // The address shown before it was listed: its row, now that it is.
+    if (!pending_.isEmpty()) {
+        const QModelIndex index = rowOf(pending_);
+        if (index.isValid()) {
+            selectAlone(index);
+            return;
+        }
+    }
     // Every arrival lists a row; the selected addresses rarely change with it,
     // and announcing them would re-run every row's binding per arrival.
     if (selectedAddresses() != addresses_)

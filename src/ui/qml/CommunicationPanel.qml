@@ -8,34 +8,42 @@ import QtQuick.Layouts
 Panel {
     id: root
 
-    // A DeviceEditor, or the MultiEditor of several units: both have the sections.
-    required property QtObject editor
+    // A DeviceEditor, or the MultiEditor of several units.
+    required property SectionEditor editor
 
     title: qsTr("Communication")
     systemImage: Glyphs.intercom
     tint: Theme.cyan
 
     LabeledField {
+        id: channel
+
+        readonly property TextEditorField setting: root.editor.communication.textField("Channel")
+
         labelWidth: root.labelColumn
         objectName: "channelField"
         Layout.fillWidth: true
         label: qsTr("Channel")
         mono: true
         placeholder: "1\u2013150"
-        text: root.editor.communication.channel.text
-        mixed: root.editor.communication.channel.mixed
-        onEdited: text => root.editor.communication.channel.text = text
+        text: channel.setting.text
+        mixed: channel.setting.mixed
+        onEdited: text => channel.setting.text = text
     }
     LabeledField {
+        id: password
+
+        readonly property TextEditorField setting: root.editor.communication.textField("CallMagic")
+
         labelWidth: root.labelColumn
         objectName: "passwordField"
         Layout.fillWidth: true
         label: qsTr("Password")
         mono: true
         placeholder: qsTr("call password")
-        text: root.editor.communication.password.text
-        mixed: root.editor.communication.password.mixed
-        onEdited: text => root.editor.communication.password.text = text
+        text: password.setting.text
+        mixed: password.setting.mixed
+        onEdited: text => password.setting.text = text
     }
     LabeledControl {
         labelWidth: root.labelColumn
@@ -43,11 +51,15 @@ Panel {
         label: qsTr("Scene Level")
 
         Picker {
+            id: scene
+
+            readonly property ChoiceEditorField setting: root.editor.communication.choiceField("ScenarioType")
+
             objectName: "scenePicker"
-            model: root.editor.communication.scene.options
-            currentIndex: root.editor.communication.scene.index
-            mixed: root.editor.communication.scene.mixed
-            onActivated: index => root.editor.communication.scene.value = index
+            model: scene.setting.options
+            currentIndex: scene.setting.index
+            mixed: scene.setting.mixed
+            onActivated: index => scene.setting.value = index
         }
     }
     LabeledControl {
@@ -56,11 +68,15 @@ Panel {
         label: qsTr("Suppression Level")
 
         Picker {
+            id: suppress
+
+            readonly property ChoiceEditorField setting: root.editor.communication.choiceField("SilenceSuppress")
+
             objectName: "suppressPicker"
-            model: root.editor.communication.suppress.options
-            currentIndex: root.editor.communication.suppress.index
-            mixed: root.editor.communication.suppress.mixed
-            onActivated: index => root.editor.communication.suppress.value = index
+            model: suppress.setting.options
+            currentIndex: suppress.setting.index
+            mixed: suppress.setting.mixed
+            onActivated: index => suppress.setting.value = index
         }
     }
     LabeledControl {
@@ -69,10 +85,14 @@ Panel {
         label: qsTr("Wire2")
 
         Toggle {
+            id: wire2
+
+            readonly property SwitchEditorField setting: root.editor.communication.switchField("Wire2Enable")
+
             objectName: "wire2Toggle"
-            checked: root.editor.communication.wire2.checked
-            mixed: root.editor.communication.wire2.mixed
-            onToggled: root.editor.communication.wire2.checked = checked
+            checked: wire2.setting.checked
+            mixed: wire2.setting.mixed
+            onToggled: wire2.setting.checked = wire2.checked
         }
     }
 }

@@ -11,8 +11,6 @@ SplitView {
     id: root
 
     required property VornClient client
-    // Address of the selected unit; it may name a unit the client does not know yet.
-    property string selection: ""
     property alias manualIP: sidebarFooter.manualIP
     // The activity pane under the detail; the split view keeps the height
     // the user drags it to for as long as the window lives.
@@ -22,14 +20,15 @@ SplitView {
     // The editor's tab, kept while the selection moves from unit to unit.
     property int detailTab: DeviceDetailView.Tally
     readonly property color statusColor: root.client.listening ? Theme.online : Theme.amber
-    // Units picked with Ctrl, Shift or select-all; with two or more the
-    // detail lists them instead of one unit's editor.
+    // The selected units and the current unit (which may be an address the
+    // client does not know yet); with two or more selected the detail lists
+    // them instead of one unit's editor.
     readonly property alias unitSelection: unitSelection
     readonly property bool multiSelected: unitSelection.count > 1
     readonly property alias fleet: fleet
     readonly property bool selectionKnown: {
         root.client.deviceCount; // a unit listed or forgotten changes the count
-        return root.selection !== "" && root.client.contains(root.selection);
+        return unitSelection.current !== "" && root.client.contains(unitSelection.current);
     }
 
     // Sends one discover to the address in the field (blanks around it
@@ -42,24 +41,19 @@ SplitView {
         if (ip === "")
             return;
         root.client.sendDiscover(ip);
-        unitSelection.clear();
-        root.selection = ip;
+        unitSelection.show(ip);
     }
 
     // A click on the unit in `row`: plain selects it alone, Ctrl toggles it,
     // Shift selects the range from the last clicked unit.
     function clickRow(row, modifiers) {
         unitSelection.click(row, modifiers);
-        root.selection = unitSelection.primary;
         deviceList.forceActiveFocus();
     }
 
-    // One unit: the selection by address (it may be a queried unit); several:
-    // the selected units. Reading revision re-runs a row's binding on each change.
+    // Reading revision re-runs a row's binding on each change.
     function rowSelected(ip) {
-        if (unitSelection.revision >= 0 && root.multiSelected)
-            return unitSelection.contains(ip);
-        return root.selection === ip;
+        return unitSelection.revision >= 0 && unitSelection.contains(ip);
     }
 
     function discover() {
@@ -72,14 +66,13 @@ SplitView {
     function selectNeighbour(step) {
         if (deviceList.count === 0)
             return;
-        const current = deviceList.currentItem && deviceList.currentItem.ip === root.selection
+        const current = deviceList.currentItem && deviceList.currentItem.ip === unitSelection.current
             ? deviceList.currentIndex : -1;
         const next = current < 0 ? 0 : Math.max(0, Math.min(deviceList.count - 1, current + step));
         deviceList.currentIndex = next;
         deviceList.positionViewAtIndex(next, ListView.Contain);
         // As a plain click: the unit alone, and where a Shift range starts.
         unitSelection.click(next, Qt.NoModifier);
-        root.selection = unitSelection.primary;
     }
 
     // Return in the list: the keyboard goes to the selected unit's editor.
@@ -183,13 +176,13 @@ SplitView {
                     required property int index
 
                     // The row the editor shows and the keyboard moves from.
-                    readonly property bool primary: root.selection === ip
+                    readonly property bool primary: unitSelection.current === ip
 
                     width: ListView.view.width - ListView.view.leftMargin - ListView.view.rightMargin
                     selected: root.rowSelected(ip)
                     onPrimaryChanged: if (primary) ListView.view.currentIndex = index
                     Component.onCompleted: if (primary) ListView.view.currentIndex = index
-                    Accessible.onPressAction: root.selection = ip
+                    Accessible.onPressAction: root.clickRow(index, Qt.NoModifier)
 
                     TapHandler {
                         onTapped: root.clickRow(parent.index, point.modifiers)
@@ -209,14 +202,8 @@ SplitView {
                 // Selecting several units from the keyboard; plain keys are handled apart.
                 MultiSelectKeys {
                     active: deviceList.activeFocus
-                    onSelectAllRequested: {
-                        unitSelection.selectAll();
-                        root.selection = unitSelection.primary;
-                    }
-                    onExtendRequested: step => {
-                        unitSelection.extend(step);
-                        root.selection = unitSelection.primary;
-                    }
+                    onSelectAllRequested: unitSelection.selectAll()
+                    onExtendRequested: step => unitSelection.extend(step)
                 }
 
                 ScrollBar.vertical: ScrollBar {
@@ -307,10 +294,6 @@ SplitView {
 
         objectName: "forgetDialog"
         client: root.client
-        onForgotten: ip => {
-            if (root.selection === ip)
-                root.selection = "";
-        }
     }
 
     SplitView {
@@ -377,7 +360,7 @@ SplitView {
                     if (detailLoader.active)
                         detailLoader.setSource("DeviceDetailView.qml", {
                             client: root.client,
-                            ip: Qt.binding(() => root.selection),
+                            ip: Qt.binding(() => unitSelection.current),
                             tab: root.detailTab
                         });
                     else
@@ -397,7 +380,7 @@ SplitView {
                 ignoreUnknownSignals: true
 
                 function onShowUnit(ip: string) {
-                    root.selection = ip;
+                    unitSelection.show(ip);
                 }
                 function onTabChanged() {
                     root.detailTab = detailLoader.item.tab;

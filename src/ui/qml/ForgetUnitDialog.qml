@@ -17,9 +17,6 @@ Dialog {
     property string ip: ""
     property string unitTitle: ""
 
-    // The unit was forgotten.
-    signal forgotten(string ip)
-
     // Asks about the unit at `ip`.
     function ask(ip) {
         const unit = root.client.deviceData(ip);
@@ -107,8 +104,7 @@ Dialog {
             onClicked: {
                 const ip = root.ip;
                 root.close();
-                if (root.client.forget(ip))
-                    root.forgotten(ip);
+                root.client.forget(ip);
             }
         }
     }

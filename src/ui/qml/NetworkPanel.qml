@@ -22,34 +22,46 @@ Panel {
     footer: qsTr("Changing IP / mask / gateway can take the unit off-network \u2014 recovery then needs the serial DB9 tool. Applied separately, with confirmation.")
 
     LabeledField {
+        id: ipAddr
+
+        readonly property TextEditorField setting: root.editor.network.textField("IPAddress")
+
         labelWidth: root.labelColumn
         objectName: "ipAddrField"
         Layout.fillWidth: true
         label: qsTr("IP address")
         mono: true
         placeholder: ""
-        text: root.editor.network.ipAddr.text
-        onEdited: text => root.editor.network.ipAddr.text = text
+        text: ipAddr.setting.text
+        onEdited: text => ipAddr.setting.text = text
     }
     LabeledField {
+        id: netmask
+
+        readonly property TextEditorField setting: root.editor.network.textField("Netmask")
+
         labelWidth: root.labelColumn
         objectName: "netmaskField"
         Layout.fillWidth: true
         label: qsTr("Subnet mask")
         mono: true
         placeholder: ""
-        text: root.editor.network.netmask.text
-        onEdited: text => root.editor.network.netmask.text = text
+        text: netmask.setting.text
+        onEdited: text => netmask.setting.text = text
     }
     LabeledField {
+        id: gateway
+
+        readonly property TextEditorField setting: root.editor.network.textField("Gateway")
+
         labelWidth: root.labelColumn
         objectName: "gatewayField"
         Layout.fillWidth: true
         label: qsTr("Gateway")
         mono: true
         placeholder: ""
-        text: root.editor.network.gateway.text
-        onEdited: text => root.editor.network.gateway.text = text
+        text: gateway.setting.text
+        onEdited: text => gateway.setting.text = text
     }
     RowLayout {
         Layout.fillWidth: true

@@ -15,7 +15,6 @@ ContentView {
     client: SharedClient
 
     onActivityShownChanged: if (root.layoutRestored) WindowMemory.activityShown = root.activityShown
-    onSelectionChanged: if (root.layoutRestored) WindowMemory.lastUnit = root.selection
     onSidebarWidthChanged: if (root.layoutRestored) WindowMemory.sidebarWidth = root.sidebarWidth
     onDetailTabChanged: if (root.layoutRestored) WindowMemory.lastTab = root.detailTab
 
@@ -24,8 +23,17 @@ ContentView {
             root.sidebarWidth = WindowMemory.sidebarWidth;
         root.activityShown = WindowMemory.activityShown;
         root.detailTab = WindowMemory.lastTab;
-        root.selection = WindowMemory.lastUnit;
+        root.unitSelection.show(WindowMemory.lastUnit);
         root.layoutRestored = true;
+    }
+
+    Connections {
+        target: root.unitSelection
+
+        function onCurrentChanged() {
+            if (root.layoutRestored)
+                WindowMemory.lastUnit = root.unitSelection.current;
+        }
     }
 
     // Started as the first frame is prepared rather than while the view is

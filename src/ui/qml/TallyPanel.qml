@@ -8,8 +8,8 @@ import QtQuick.Layouts
 Panel {
     id: root
 
-    // A DeviceEditor, or the MultiEditor of several units: both have the sections.
-    required property QtObject editor
+    // A DeviceEditor, or the MultiEditor of several units.
+    required property SectionEditor editor
 
     title: qsTr("Tally source")
     systemImage: Glyphs.tally
@@ -17,21 +17,25 @@ Panel {
     footer: qsTr("A base station drives 12 tally channels at a time. Tally bank selects which 12 \u2014 13\u201324 for cameras beyond 12. One unit can\u2019t span more than 12 at once (firmware limit); use a second base station on the next bank.")
 
     LabeledField {
+        id: atemIp
+
+        readonly property TextEditorField setting: root.editor.tally.textField("AtemIp")
+
         labelWidth: root.labelColumn
         objectName: "atemIpField"
         Layout.fillWidth: true
         label: qsTr("ATEM IP")
         mono: true
         placeholder: "192.168.8.219"
-        text: root.editor.tally.atemIp.text
-        mixed: root.editor.tally.atemIp.mixed
-        onEdited: text => root.editor.tally.atemIp.text = text
+        text: atemIp.setting.text
+        mixed: atemIp.setting.mixed
+        onEdited: text => atemIp.setting.text = text
     }
     // The switcher's address is empty or a dotted quad; anything else keeps Save off.
     Text {
         objectName: "atemIpInvalid"
         Layout.leftMargin: root.labelColumn + Theme.labelGap
-        visible: !root.editor.tally.atemIp.valid && !root.editor.tally.atemIp.mixed
+        visible: !atemIp.setting.valid && !atemIp.setting.mixed
         text: qsTr("invalid IPv4")
         textFormat: Text.PlainText
         Accessible.role: Accessible.AlertMessage
@@ -40,27 +44,37 @@ Panel {
         font.pixelSize: Theme.fontSmall
     }
     LabeledField {
+        id: atemPort
+
+        readonly property TextEditorField setting: root.editor.tally.textField("AtemPort")
+
         labelWidth: root.labelColumn
         objectName: "atemPortField"
         Layout.fillWidth: true
         label: qsTr("ATEM port")
         mono: true
         placeholder: "9910"
-        text: root.editor.tally.atemPort.text
-        mixed: root.editor.tally.atemPort.mixed
-        onEdited: text => root.editor.tally.atemPort.text = text
+        text: atemPort.setting.text
+        mixed: atemPort.setting.mixed
+        onEdited: text => atemPort.setting.text = text
     }
     LabeledControl {
         labelWidth: root.labelColumn
         Layout.fillWidth: true
         label: qsTr("Switcher")
 
+        // Band and model are chosen together, as one switcher.
         Picker {
+            id: switcher
+
+            readonly property NumberEditorField band: root.editor.tally.numberField("SwitcherBand")
+            readonly property NumberEditorField switcherModel: root.editor.tally.numberField("SwitcherModel")
+
             objectName: "switcherPicker"
             model: root.editor.tally.switcherEntries
             textRole: "label"
             currentIndex: root.editor.tally.switcherIndex
-            mixed: root.editor.tally.band.mixed || root.editor.tally.model.mixed
+            mixed: switcher.band.mixed || switcher.switcherModel.mixed
             onActivated: index => root.editor.tally.switcherSelection = root.editor.tally.switcherEntries[index].tag
         }
     }
@@ -70,11 +84,15 @@ Panel {
         label: qsTr("Tally Channel")
 
         Picker {
+            id: extTally
+
+            readonly property ChoiceEditorField setting: root.editor.tally.choiceField("AtemExtTally")
+
             objectName: "tallyBankPicker"
-            model: root.editor.tally.extTally.options
-            currentIndex: root.editor.tally.extTally.index
-            mixed: root.editor.tally.extTally.mixed
-            onActivated: index => root.editor.tally.extTally.value = index
+            model: extTally.setting.options
+            currentIndex: extTally.setting.index
+            mixed: extTally.setting.mixed
+            onActivated: index => extTally.setting.value = index
         }
     }
     LabeledControl {
@@ -86,26 +104,34 @@ Panel {
             spacing: Theme.gap
 
             Stepper {
+                id: tallyType
+
+                readonly property StepperEditorField setting: root.editor.tally.stepperField("TallyType")
+
                 objectName: "tallyTypeStepper"
-                title: root.editor.tally.tallyType.title
-                mixed: root.editor.tally.tallyType.mixed
-                canDecrease: root.editor.tally.tallyType.canDecrease
-                canIncrease: root.editor.tally.tallyType.canIncrease
-                value: root.editor.tally.tallyType.value
-                minimumValue: root.editor.tally.tallyType.minimum
-                maximumValue: root.editor.tally.tallyType.maximum
-                onStepped: delta => root.editor.tally.tallyType.step(delta)
+                title: tallyType.setting.title
+                mixed: tallyType.setting.mixed
+                canDecrease: tallyType.setting.canDecrease
+                canIncrease: tallyType.setting.canIncrease
+                value: tallyType.setting.value
+                minimumValue: tallyType.setting.minimum
+                maximumValue: tallyType.setting.maximum
+                onStepped: delta => tallyType.setting.step(delta)
             }
             Stepper {
+                id: gpioType
+
+                readonly property StepperEditorField setting: root.editor.tally.stepperField("TallyGpioType")
+
                 objectName: "gpioTypeStepper"
-                title: root.editor.tally.gpioType.title
-                mixed: root.editor.tally.gpioType.mixed
-                canDecrease: root.editor.tally.gpioType.canDecrease
-                canIncrease: root.editor.tally.gpioType.canIncrease
-                value: root.editor.tally.gpioType.value
-                minimumValue: root.editor.tally.gpioType.minimum
-                maximumValue: root.editor.tally.gpioType.maximum
-                onStepped: delta => root.editor.tally.gpioType.step(delta)
+                title: gpioType.setting.title
+                mixed: gpioType.setting.mixed
+                canDecrease: gpioType.setting.canDecrease
+                canIncrease: gpioType.setting.canIncrease
+                value: gpioType.setting.value
+                minimumValue: gpioType.setting.minimum
+                maximumValue: gpioType.setting.maximum
+                onStepped: delta => gpioType.setting.step(delta)
             }
         }
     }

@@ -4,12 +4,11 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
+#include "EditableKeys.h"
 #include "SiteHistory.h"
 #include "WindowRecorder.h"
 
 namespace {
-
-const std::string kPasswordKey = "CallMagic";
 
 QString text(const std::string& value)
 {
@@ -179,7 +178,7 @@ QStringList UnitHistory::changeLines(const Site::HistoryEntry& entry) const
 {
     QStringList lines;
     for (const auto& change : entry.changes) {
-        const bool hidden = change.key == kPasswordKey && !showPasswords_;
+        const bool hidden = Settings::isSecret(change.key) && !showPasswords_;
         const auto shown = [hidden](const std::string& value) {
             if (value.empty())
                 return QStringLiteral("—");
