@@ -35,6 +35,13 @@ protected:
         return spy.wait(10000);
     }
 
+    // A store that remembers one unit, heard just now.
+    bool rememberOneUnit() const
+    {
+        return Site::SiteStore::open(path())->record(
+            {{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}});
+    }
+
     std::vector<Site::RememberedUnit> storedUnits(VornLink::WindowSite& site)
     {
         std::vector<Site::RememberedUnit> units;
@@ -143,10 +150,7 @@ TEST_F(WindowSiteTest, AUnitHeardBeforeTheRememberedOnesAreListedKeepsItsRowAndI
 
 TEST_F(WindowSiteTest, AHeldListingWaitsForItsReleaseAndThenListsWhatWasRead)
 {
-    {
-        auto store = Site::SiteStore::open(path());
-        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}}));
-    }
+    ASSERT_TRUE(rememberOneUnit());
     auto client = loopbackClient();
     VornLink::WindowSite site(*client, path());
     site.holdListing();
@@ -164,10 +168,7 @@ TEST_F(WindowSiteTest, AHeldListingWaitsForItsReleaseAndThenListsWhatWasRead)
 
 TEST_F(WindowSiteTest, AListingReleasedBeforeTheStoreIsReadListsAsSoonAsItIs)
 {
-    {
-        auto store = Site::SiteStore::open(path());
-        ASSERT_TRUE(store->record({{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}}));
-    }
+    ASSERT_TRUE(rememberOneUnit());
     auto client = loopbackClient();
     VornLink::WindowSite site(*client, path());
     site.holdListing();
