@@ -84,24 +84,28 @@ void SiteRecorder::runAndWait(const std::function<void(SiteStore&)>& job)
     doneChanged.wait(wait, [&] { return done; });
 }
 
-StoreState SiteRecorder::state() const
+std::unique_lock<std::mutex> SiteRecorder::lockOpened() const
 {
     std::unique_lock lock(lock_);
     changed_.wait(lock, [this] { return opened_; });
+    return lock;
+}
+
+StoreState SiteRecorder::state() const
+{
+    const auto lock = lockOpened();
     return state_;
 }
 
 QString SiteRecorder::problem() const
 {
-    std::unique_lock lock(lock_);
-    changed_.wait(lock, [this] { return opened_; });
+    const auto lock = lockOpened();
     return problem_;
 }
 
 std::optional<QString> SiteRecorder::takeDamagedNotice()
 {
-    std::unique_lock lock(lock_);
-    changed_.wait(lock, [this] { return opened_; });
+    const auto lock = lockOpened();
     return std::exchange(damagedAside_, std::nullopt);
 }
 

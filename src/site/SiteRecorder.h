@@ -70,6 +70,8 @@ private:
     };
 
     void loop(QString path);
+    // The lock, taken once the store is open.
+    std::unique_lock<std::mutex> lockOpened() const;
     void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
 
     mutable std::mutex lock_;
