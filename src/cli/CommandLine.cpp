@@ -129,6 +129,8 @@ std::unique_ptr<Site::SiteStore> openSite(const Arguments& arguments, std::ostre
         err << "vornctl: The site file was damaged; kept as " << aside->toStdString() << " and started a new one\n";
     if (store->state() == Site::StoreState::Unavailable)
         err << "vornctl: Not remembering: " << store->problem().toStdString() << '\n';
+    else if (store->state() == Site::StoreState::Unreachable)
+        err << "vornctl: Site server unreachable: " << store->problem().toStdString() << "; not remembering\n";
     else if (store->state() == Site::StoreState::NewerSchema)
         err << "vornctl: " << store->problem().toStdString() << '\n';
     return store;
@@ -153,9 +155,10 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     app.footer("Exit status: 0 done, 1 failure (port taken, unreadable file), 2 bad usage, 3 fewer units than "
                "--expect, 4 a unit did not answer or is not remembered, 5 a unit reports other values than written.\n");
     Arguments arguments;
-    auto* siteOption = app.add_option("--site", arguments.site, "the site file to remember units in (default: "
+    auto* siteOption = app.add_option("--site", arguments.site, "the site file or server (postgresql://user@host/db)"
+                                      " to remember units in (default: $VORNLINK_SITE, else "
                                       "$XDG_DATA_HOME/vornlink/site.sqlite)")
-                           ->option_text("PATH");
+                           ->option_text("PATH|URI");
     app.add_flag("--no-site", arguments.noSite, "remember nothing")->excludes(siteOption);
 
     auto* discover = app.add_subcommand("discover", "List every unit that answers a broadcast discover.");
@@ -260,7 +263,7 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
     auto store = openSite(arguments, err);
     if (units->parsed() || history->parsed() || forget->parsed()) {
-        if (store->state() == Site::StoreState::Unavailable)
+        if (!store->canRead())
             return kExitFailure;
         SiteContext siteContext{out, err, *store};
         if (history->parsed()) {

@@ -17,7 +17,10 @@ std::optional<QString> sitePath(const SiteChoice& choice)
 {
     if (choice.off)
         return std::nullopt;
-    return choice.path.isEmpty() ? defaultSitePath() : choice.path;
+    if (!choice.path.isEmpty())
+        return choice.path;
+    const QString named = qEnvironmentVariable(kSiteVariable);
+    return named.isEmpty() ? defaultSitePath() : named;
 }
 
 std::variant<SiteChoice, std::string> siteChoiceFromArguments(std::span<const char* const> arguments)

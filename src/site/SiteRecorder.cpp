@@ -107,6 +107,23 @@ std::optional<QString> SiteRecorder::takeDamagedNotice()
     return std::exchange(damagedAside_, std::nullopt);
 }
 
+void SiteRecorder::Batch::takeBefore(Batch&& earlier)
+{
+    const auto prepend = [](auto& into, auto& from) {
+        into.insert(into.begin(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+    };
+    prepend(sightings, earlier.sightings);
+    prepend(writes, earlier.writes);
+    prepend(activity, earlier.activity);
+}
+
+void SiteRecorder::publish(const SiteStore& store)
+{
+    std::lock_guard lock(lock_);
+    state_ = store.state();
+    problem_ = store.problem();
+}
+
 void SiteRecorder::loop(QString path)
 {
     pthread_setname_np(pthread_self(), "vorn.site");
@@ -119,22 +136,48 @@ void SiteRecorder::loop(QString path)
         damagedAside_ = store->takeDamagedNotice();
     }
     changed_.notify_all();
+    auto nextTry = std::chrono::steady_clock::now() + kRetry;
     std::unique_lock lock(lock_);
     for (;;) {
-        changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
-        if (pending_.empty() && stopping_)
+        const bool waiting = store->state() == StoreState::Unreachable;
+        if (waiting) {
+            // Tries the server again now and then, and once more when asked to end.
+            changed_.wait_until(lock, nextTry, [this] { return stopping_ || !pending_.jobs.empty(); });
+        } else {
+            changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
+        }
+        if (pending_.empty() && stopping_ && !waiting)
             return;
         // Jobs wait for nothing; records gather a little so a round goes in together.
-        if (pending_.jobs.empty() && !stopping_)
+        if (!waiting && pending_.jobs.empty() && !stopping_)
             changed_.wait_for(lock, kGather, [this] { return stopping_ || !pending_.jobs.empty(); });
         Batch batch = std::exchange(pending_, Batch{});
+        const bool ending = stopping_;
         lock.unlock();
-        store->record(batch.sightings, batch.writes, batch.activity);
-        for (auto& job : batch.jobs)
+        if (waiting && (ending || std::chrono::steady_clock::now() >= nextTry)) {
+            store->reconnect();
+            nextTry = std::chrono::steady_clock::now() + kRetry;
+        }
+        auto jobs = std::move(batch.jobs);
+        batch.takeBefore(std::move(unsent_));
+        unsent_ = {};
+        // Sent again as a whole when the server went away: a sighting that
+        // went in before adds nothing the second time, and the writes and the
+        // activity go in the batch's last transaction, which did not commit.
+        if (batch.hasRecords() && store->state() != StoreState::Unreachable
+            && !store->record(batch.sightings, batch.writes, batch.activity)
+            && store->state() == StoreState::Unreachable)
+            nextTry = std::chrono::steady_clock::now() + kRetry;
+        if (batch.hasRecords() && store->state() == StoreState::Unreachable)
+            unsent_ = std::move(batch);
+        // A job sees the state its records left, and so does whoever it tells.
+        publish(*store);
+        for (auto& job : jobs)
             job(*store);
-        const QString problem = store->problem();
+        publish(*store);
         lock.lock();
-        problem_ = problem;
+        if (stopping_ && (state_ == StoreState::Unreachable || pending_.empty()))
+            return;
     }
 }
 

@@ -5,6 +5,8 @@
 // go a quarter of a second after its first item, so a discover round's
 // replies go in together and everything is stored within a second. The
 // store splits a large batch into short transactions (see SiteStore::record).
+// While a site server is unreachable, what was handed over waits, in order,
+// and goes in once the server answers again (tried every kRetry).
 //
 //   Site::SiteRecorder recorder(Site::defaultSitePath());
 //   recorder.heard({address, interface, config, now});   // per reply
@@ -30,6 +32,8 @@ class SiteRecorder {
 public:
     // How long the store's thread gathers after the first item of a batch.
     static constexpr auto kGather = std::chrono::milliseconds(250);
+    // How often the store's thread tries an unreachable site server again.
+    static constexpr auto kRetry = std::chrono::seconds(2);
 
     // Opens the store at `path` on the new thread; returns once it is open.
     explicit SiteRecorder(const QString& path);
@@ -62,9 +66,16 @@ private:
         std::vector<ActivityEntry> activity;
         std::deque<std::function<void(SiteStore&)>> jobs;
         bool empty() const { return sightings.empty() && writes.empty() && activity.empty() && jobs.empty(); }
+        bool hasRecords() const { return !sightings.empty() || !writes.empty() || !activity.empty(); }
+        // Puts `earlier`'s records before this batch's own.
+        void takeBefore(Batch&& earlier);
     };
 
     void loop(QString path);
+    // Makes the store's state and problem the recorder's.
+    void publish(const SiteStore& store);
+    // Until the server answers again: what could not be sent, in order.
+    Batch unsent_;
     void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
 
     mutable std::mutex lock_;

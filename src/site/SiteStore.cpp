@@ -11,7 +11,9 @@
 #include "SettingKeys.h"
 #include "SiteHistory.h"
 #include "SiteSchema.h"
+#include "PostgresServer.h"
 #include "SqliteFile.h"
+#include "WriteTransaction.h"
 
 namespace Site {
 namespace {
@@ -63,6 +65,10 @@ std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
     std::unique_ptr<SiteStore> store(new SiteStore);
     store->path_ = path;
     store->connection_ = nextConnectionName();
+    if (Postgres::isServerUri(path)) {
+        store->connectServer(now);
+        return store;
+    }
     // A damaged file is moved aside once and a fresh one started in its place.
     for (int attempt = 0; attempt < 2; ++attempt) {
         auto opened = Sqlite::openFile(path, store->connection_, false);
@@ -114,12 +120,74 @@ std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
     return store;
 }
 
-SiteStore::~SiteStore()
+void SiteStore::connectServer(Time now)
+{
+    server_ = true;
+    dropConnection();
+    // Brings the server's store up to date; the problem, or empty. Every
+    // handle on the connection is gone when it returns.
+    const auto prepare = [this]() -> QString {
+        auto opened = Postgres::openServer(path_, connection_);
+        if (!opened.problem.isEmpty()) {
+            if (opened.unreachable) {
+                state_ = StoreState::Unreachable;
+                return opened.problem;
+            }
+            return QStringLiteral("the site server refused the connection: ") + opened.problem;
+        }
+        QSqlError error;
+        const auto version = Schema::versionOf(opened.db, error);
+        if (!version)
+            return error.text();
+        if (*version > Schema::latestVersion()) {
+            state_ = StoreState::NewerSchema;
+            return QStringLiteral("The site server holds the store of a newer VornLink; changes are not remembered");
+        }
+        if (!Schema::migrate(opened.db, error))
+            return error.text();
+        state_ = StoreState::Ready;
+        return {};
+    };
+    state_ = StoreState::Unavailable;
+    problem_ = prepare();
+    if (state_ == StoreState::Unreachable)
+        dropConnection();
+    else if (state_ == StoreState::Unavailable)
+        setUnavailable(problem_);
+    else if (state_ == StoreState::Ready)
+        pruneActivity(now);
+}
+
+bool SiteStore::reconnect(Time now)
+{
+    if (state_ != StoreState::Unreachable)
+        return state_ == StoreState::Ready;
+    connectServer(now);
+    return state_ == StoreState::Ready;
+}
+
+void SiteStore::dropConnection()
 {
     if (QSqlDatabase::contains(connection_)) {
         QSqlDatabase::database(connection_, false).close();
         QSqlDatabase::removeDatabase(connection_);
     }
+}
+
+bool SiteStore::noteLostServer()
+{
+    if (!server_ || !Postgres::connectionLost(QSqlDatabase::database(connection_, false)))
+        return false;
+    state_ = StoreState::Unreachable;
+    known_.clear();
+    // Closed only: the caller still holds the connection; reconnect() makes it anew.
+    QSqlDatabase::database(connection_, false).close();
+    return true;
+}
+
+SiteStore::~SiteStore()
+{
+    dropConnection();
 }
 
 std::optional<QString> SiteStore::takeDamagedNotice()
@@ -132,10 +200,7 @@ void SiteStore::setUnavailable(const QString& problem)
     state_ = StoreState::Unavailable;
     problem_ = problem;
     known_.clear();
-    if (QSqlDatabase::contains(connection_)) {
-        QSqlDatabase::database(connection_, false).close();
-        QSqlDatabase::removeDatabase(connection_);
-    }
+    dropConnection();
 }
 
 bool SiteStore::failed(const QSqlQuery& query)
@@ -248,8 +313,9 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
 {
     auto db = QSqlDatabase::database(connection_, false);
     QSqlError error;
-    if (!Sqlite::beginWrite(db, error)) {
+    if (!beginWrite(db, error)) {
         problem_ = error.text();
+        noteLostServer();
         return false;
     }
     bool ok = true;
@@ -277,13 +343,14 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
         problem_ = db.lastError().text();
     db.rollback();
     known_.clear();  // it may hold what was rolled back
+    noteLostServer();
     return false;
 }
 
 std::vector<RememberedUnit> SiteStore::units()
 {
     std::vector<RememberedUnit> list;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return list;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (!query.exec(QStringLiteral("SELECT %1 FROM units ORDER BY address, unit_key").arg(kUnitColumns)))
@@ -296,7 +363,7 @@ std::vector<RememberedUnit> SiteStore::units()
 std::map<std::string, Vorn::Config> SiteStore::latestConfigurations()
 {
     std::map<std::string, Vorn::Config> latest;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return latest;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (!query.exec(QStringLiteral("SELECT v.unit_key, v.config FROM config_versions v JOIN (SELECT unit_key,"
@@ -310,7 +377,7 @@ std::map<std::string, Vorn::Config> SiteStore::latestConfigurations()
 
 std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
 {
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return std::nullopt;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT %1 FROM units WHERE serial = ? OR (address = ? AND serial <> ?)"
@@ -331,7 +398,7 @@ std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
 
 std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
 {
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return {};
     auto db = QSqlDatabase::database(connection_, false);
     std::vector<StoredVersion> versions;
@@ -362,7 +429,7 @@ std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
 std::vector<ActivityEntry> SiteStore::activity(Time since)
 {
     std::vector<ActivityEntry> entries;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return entries;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT at_ms, message FROM activity WHERE at_ms >= ? ORDER BY at_ms"));
@@ -380,8 +447,9 @@ bool SiteStore::forget(const std::string& unitKey)
         return false;
     auto db = QSqlDatabase::database(connection_, false);
     QSqlError error;
-    if (!Sqlite::beginWrite(db, error)) {
+    if (!beginWrite(db, error)) {
         problem_ = error.text();
+        noteLostServer();
         return false;
     }
     QSqlQuery query(db);
@@ -397,6 +465,7 @@ bool SiteStore::forget(const std::string& unitKey)
     if (!ok || !db.commit()) {
         problem_ = ok ? db.lastError().text() : query.lastError().text();
         db.rollback();
+        noteLostServer();
         return false;
     }
     known_.erase(unitKey);

@@ -32,6 +32,7 @@ enum class StoreState {
     Ready,        // remembering
     NewerSchema,  // written by a newer VornLink: read-only
     Unavailable,  // not remembering; problem() says why
+    Unreachable,  // the site server does not answer (problem() says why); reconnect() tries again
 };
 
 // Activity entries older than this are removed.
@@ -46,7 +47,8 @@ class SiteStore {
 public:
     // Opens the store at `path`, making the folder and file on first use and
     // bringing an older file up to date. A damaged file is moved aside and a
-    // fresh store started (see takeDamagedNotice).
+    // fresh store started (see takeDamagedNotice). A "postgresql://" URI
+    // instead connects to the site's server and brings its store up to date.
     static std::unique_ptr<SiteStore> open(const QString& path, Time now = Clock::now());
     ~SiteStore();
     SiteStore(const SiteStore&) = delete;
@@ -54,6 +56,11 @@ public:
 
     StoreState state() const { return state_; }
     bool canRecord() const { return state_ == StoreState::Ready; }
+    bool canRead() const { return state_ == StoreState::Ready || state_ == StoreState::NewerSchema; }
+    // True for a store on a PostgreSQL server.
+    bool onServer() const { return server_; }
+    // Connects again to a server that was unreachable; true when the store is ready.
+    bool reconnect(Time now = Clock::now());
     // Why nothing is remembered ("cannot write /home/…: Permission denied"), or empty.
     const QString& problem() const { return problem_; }
     const QString& path() const { return path_; }
@@ -64,7 +71,9 @@ public:
     // unchanged one refreshes its last-seen time at most once a minute),
     // writes sent, activity entries; in one transaction, or in one per
     // kSightingsPerTransaction sightings, so that no other program waits long.
-    // False when something could not be stored; problem() then says why.
+    // False when something could not be stored; problem() then says why, and
+    // state() is Unreachable when the server went away (nothing of the failed
+    // transaction was kept).
     bool record(const std::vector<Sighting>& sightings, const std::vector<WriteRecord>& writes = {},
                 const std::vector<ActivityEntry>& activity = {});
 
@@ -93,6 +102,10 @@ private:
 
     SiteStore() = default;
     void setUnavailable(const QString& problem);
+    void connectServer(Time now);
+    void dropConnection();
+    // After a failure: true (and Unreachable) when the server's connection is gone.
+    bool noteLostServer();
     bool recordSighting(const Sighting& sighting);
     bool recordInOne(std::span<const Sighting> sightings, const std::vector<WriteRecord>& writes,
                      const std::vector<ActivityEntry>& activity);
@@ -101,6 +114,7 @@ private:
     bool failed(const class QSqlQuery& query);
 
     StoreState state_ = StoreState::Unavailable;
+    bool server_ = false;
     QString problem_;
     QString path_;
     QString connection_;

@@ -7,10 +7,16 @@
 
 using namespace SiteTest;
 
-TEST(SiteRecorder, WhatIsHandedOverIsInTheFileBeforeALaterJobRuns)
+namespace {
+
+class SiteRecorderOn : public OnEachStore {};
+INSTANTIATE_TEST_SUITE_P(Stores, SiteRecorderOn, ::testing::Values(Backend::File, Backend::Server), backendName);
+
+}  // namespace
+
+TEST_P(SiteRecorderOn, WhatIsHandedOverIsStoredBeforeALaterJobRuns)
 {
-    Scratch scratch;
-    Site::SiteRecorder recorder(scratch.path());
+    Site::SiteRecorder recorder(location());
     ASSERT_EQ(recorder.state(), Site::StoreState::Ready);
 
     for (int unit = 0; unit < 50; ++unit)
@@ -22,19 +28,18 @@ TEST(SiteRecorder, WhatIsHandedOverIsInTheFileBeforeALaterJobRuns)
     recorder.runAndWait([&](Site::SiteStore& store) { units = store.units().size(); });
 
     EXPECT_EQ(units, 50u);
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT verdict FROM writes"), "no answer");
     EXPECT_EQ(raw.value("SELECT message FROM activity"), "found 10.77.1.2");
 }
 
-TEST(SiteRecorder, WhatIsPendingIsStoredWhenTheRecorderEnds)
+TEST_P(SiteRecorderOn, WhatIsPendingIsStoredWhenTheRecorderEnds)
 {
-    Scratch scratch;
     {
-        Site::SiteRecorder recorder(scratch.path());
+        Site::SiteRecorder recorder(location());
         recorder.heard(sighting("KT-1", "10.77.1.2", 0));
     }
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM units"), "1");
 }
 
