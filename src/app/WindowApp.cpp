@@ -101,6 +101,8 @@ int runWindowApp(int& argc, char** argv)
         siteMemory.emplace(*SharedClient::of(engine), *path);
     // The History tabs read and record through the store; not after it is gone.
     UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);
+    if (siteMemory)
+        QObject::connect(&*siteMemory, &WindowSite::changedElsewhere, &UnitHistory::storeChangedElsewhere);
     const auto forgetRecorder = qScopeGuard([] { UnitHistory::useRecorder(nullptr); });
     engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());

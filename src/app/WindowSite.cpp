@@ -3,27 +3,56 @@
 
 namespace VornLink {
 
+namespace {
+
+struct Listed {
+    std::string address;
+    Vorn::Config config;
+    Site::Time lastSeen;
+};
+
+std::vector<Listed> rememberedUnits(Site::SiteStore& store)
+{
+    std::vector<Listed> units;
+    auto configurations = store.latestConfigurations();
+    for (const auto& unit : store.units()) {
+        const auto latest = configurations.find(unit.key);
+        units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
+                         unit.lastSeen});
+    }
+    return units;
+}
+
+}  // namespace
+
 WindowSite::WindowSite(VornClient& client, const QString& path) : client_(client), recorder_(path)
 {
-    struct Listed {
-        std::string address;
-        Vorn::Config config;
-        Site::Time lastSeen;
+    const auto list = [this](std::vector<Listed> units) {
+        for (auto& unit : units)
+            client_.addRemembered(unit.address, std::move(unit.config), unit.lastSeen);
     };
-    std::vector<Listed> units;
-    recorder_.runAndWait([&units](Site::SiteStore& store) {
-        auto configurations = store.latestConfigurations();
-        for (const auto& unit : store.units()) {
-            const auto latest = configurations.find(unit.key);
-            units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
-                             unit.lastSeen});
-        }
-    });
-    // Listed before the rows are recorded: what was remembered is not heard anew.
-    for (auto& unit : units)
-        client_.addRemembered(unit.address, std::move(unit.config), unit.lastSeen);
+    if (recorder_.onServer()) {
+        // A server may be slow to answer or away: its units come when they
+        // come, never holding up the first frame. A unit already heard is not
+        // listed again, and a listed one is not recorded as heard.
+        recorder_.run([this, list](Site::SiteStore& store) {
+            QMetaObject::invokeMethod(this, [list, units = rememberedUnits(store)]() mutable { list(std::move(units)); },
+                                      Qt::QueuedConnection);
+        });
+        recorder_.watch([this] { QMetaObject::invokeMethod(this, &WindowSite::changedElsewhere, Qt::QueuedConnection); });
+    } else {
+        std::vector<Listed> units;
+        recorder_.runAndWait([&units](Site::SiteStore& store) { units = rememberedUnits(store); });
+        // Listed before the rows are recorded: what was remembered is not heard anew.
+        list(std::move(units));
+    }
     connect(&client_, &VornClient::deviceAdded, this, [this](int row) { recordRows(row, row); });
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
+}
+
+WindowSite::~WindowSite()
+{
+    recorder_.watch({});
 }
 
 void WindowSite::recordRows(int first, int last)

@@ -19,10 +19,16 @@ class WindowSite : public QObject {
 
 public:
     // Opens the store at `path` on its thread and lists its units in
-    // `client`; call before the client starts.
+    // `client` (a file's before it returns, a server's when they arrive);
+    // call before the client starts.
     WindowSite(VornClient& client, const QString& path);
+    ~WindowSite() override;
 
     Site::SiteRecorder& recorder() { return recorder_; }
+
+signals:
+    // Another workstation stored something on the site server.
+    void changedElsewhere();
 
 private:
     void recordRows(int first, int last);

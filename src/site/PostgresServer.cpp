@@ -16,6 +16,8 @@ namespace {
 
 // The store's write lock: one key for every program of every site on the server ("VornLink" in ASCII).
 constexpr long long kWriteLockKey = 0x566f726e4c696e6bLL;
+// The channel on which writers announce their changes.
+constexpr auto kChannel = "vornlink_site";
 
 struct ConninfoFree {
     void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
@@ -33,6 +35,18 @@ QString quoted(const QString& value)
 QString oneLine(const QString& text)
 {
     return text.simplified();
+}
+
+// libpq's connection under Qt's, or nullptr.
+PGconn* connectionOf(const QSqlDatabase& db)
+{
+    if (!db.isOpen())
+        return nullptr;
+    const QVariant handle = db.driver()->handle();
+    // Qt names the type by the struct PGconn stands for.
+    if (!handle.isValid() || (qstrcmp(handle.typeName(), "pg_conn*") != 0 && qstrcmp(handle.typeName(), "PGconn*") != 0))
+        return nullptr;
+    return *static_cast<PGconn* const*>(handle.constData());
 }
 
 }  // namespace
@@ -104,18 +118,13 @@ Opened openServer(const QString& uri, const QString& connection)
 
 bool connectionLost(const QSqlDatabase& db)
 {
-    if (!db.isOpen())
-        return true;
-    const QVariant handle = db.driver()->handle();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "PGconn*") != 0)
-        return false;
-    auto* const* connection = static_cast<PGconn* const*>(handle.constData());
-    if (!*connection || PQstatus(*connection) == CONNECTION_BAD)
+    PGconn* const connection = connectionOf(db);
+    if (!connection || PQstatus(connection) == CONNECTION_BAD)
         return true;
     // A server that shut down may have said so in the failed statement's
     // answer before libpq saw the connection close: asking again tells.
     QSqlQuery probe(db);
-    return !probe.exec(QStringLiteral("SELECT 1")) && PQstatus(*connection) == CONNECTION_BAD;
+    return !probe.exec(QStringLiteral("SELECT 1")) && PQstatus(connection) == CONNECTION_BAD;
 }
 
 bool beginWrite(QSqlDatabase& db, QSqlError& error)
@@ -130,6 +139,38 @@ bool beginWrite(QSqlDatabase& db, QSqlError& error)
     error = query.lastError();
     db.rollback();
     return false;
+}
+
+bool listen(QSqlDatabase& db, QSqlError& error)
+{
+    QSqlQuery query(db);
+    if (query.exec(QStringLiteral("LISTEN %1").arg(QLatin1String(kChannel))))
+        return true;
+    error = query.lastError();
+    return false;
+}
+
+bool announceChange(QSqlDatabase& db, QSqlError& error)
+{
+    QSqlQuery query(db);
+    if (query.exec(QStringLiteral("NOTIFY %1").arg(QLatin1String(kChannel))))
+        return true;
+    error = query.lastError();
+    return false;
+}
+
+bool changedElsewhere(const QSqlDatabase& db)
+{
+    PGconn* const connection = connectionOf(db);
+    if (!connection || PQconsumeInput(connection) == 0)
+        return false;
+    const int own = PQbackendPID(connection);
+    bool elsewhere = false;
+    while (PGnotify* notice = PQnotifies(connection)) {
+        elsewhere = elsewhere || notice->be_pid != own;
+        PQfreemem(notice);
+    }
+    return elsewhere;
 }
 
 }  // namespace Site::Postgres

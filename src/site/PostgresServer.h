@@ -37,4 +37,15 @@ bool connectionLost(const QSqlDatabase& db);
 // that the programs of a site write one after another, as on a file.
 bool beginWrite(QSqlDatabase& db, QSqlError& error);
 
+// Asks the server to tell this connection of every other connection's
+// announced change (LISTEN).
+bool listen(QSqlDatabase& db, QSqlError& error);
+
+// Inside a write transaction: at its commit, every listening connection is told (NOTIFY).
+bool announceChange(QSqlDatabase& db, QSqlError& error);
+
+// Reads, without waiting, what the server told since the last call; true when
+// another connection announced a change (this connection's own are left out).
+bool changedElsewhere(const QSqlDatabase& db);
+
 }  // namespace Site::Postgres

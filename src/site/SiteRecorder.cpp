@@ -3,11 +3,16 @@
 
 #include <pthread.h>
 
+#include "PostgresServer.h"
+
 namespace Site {
 
 SiteRecorder::SiteRecorder(const QString& path)
-    : thread_([this, path] { loop(path); })
+    : onServer_(Postgres::isServerUri(path)), thread_([this, path] { loop(path); })
 {
+    // A file opens at once; a server may take its connect timeout, which the caller does not wait for.
+    if (onServer_)
+        return;
     std::unique_lock lock(lock_);
     changed_.wait(lock, [this] { return opened_; });
 }
@@ -124,6 +129,23 @@ void SiteRecorder::publish(const SiteStore& store)
     problem_ = store.problem();
 }
 
+void SiteRecorder::watch(std::function<void()> changedElsewhere)
+{
+    std::lock_guard lock(lock_);
+    watcher_ = std::move(changedElsewhere);
+}
+
+void SiteRecorder::tellWatcher()
+{
+    std::function<void()> watcher;
+    {
+        std::lock_guard lock(lock_);
+        watcher = watcher_;
+    }
+    if (watcher)
+        watcher();
+}
+
 void SiteRecorder::loop(QString path)
 {
     pthread_setname_np(pthread_self(), "vorn.site");
@@ -143,19 +165,24 @@ void SiteRecorder::loop(QString path)
         if (waiting) {
             // Tries the server again now and then, and once more when asked to end.
             changed_.wait_until(lock, nextTry, [this] { return stopping_ || !pending_.jobs.empty(); });
+        } else if (store->onServer()) {
+            // Looks now and then at what the server told of other programs' changes.
+            changed_.wait_for(lock, kWatch, [this] { return stopping_ || !pending_.empty(); });
         } else {
             changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
         }
         if (pending_.empty() && stopping_ && !waiting)
             return;
         // Jobs wait for nothing; records gather a little so a round goes in together.
-        if (!waiting && pending_.jobs.empty() && !stopping_)
+        if (!waiting && pending_.hasRecords() && pending_.jobs.empty() && !stopping_)
             changed_.wait_for(lock, kGather, [this] { return stopping_ || !pending_.jobs.empty(); });
         Batch batch = std::exchange(pending_, Batch{});
         const bool ending = stopping_;
         lock.unlock();
+        bool elsewhere = false;
         if (waiting && (ending || std::chrono::steady_clock::now() >= nextTry)) {
-            store->reconnect();
+            // What others stored meanwhile is news once the server is back.
+            elsewhere = store->reconnect();
             nextTry = std::chrono::steady_clock::now() + kRetry;
         }
         auto jobs = std::move(batch.jobs);
@@ -175,6 +202,8 @@ void SiteRecorder::loop(QString path)
         for (auto& job : jobs)
             job(*store);
         publish(*store);
+        if (store->changedElsewhere() || elsewhere)
+            tellWatcher();
         lock.lock();
         if (stopping_ && (state_ == StoreState::Unreachable || pending_.empty()))
             return;

@@ -34,8 +34,12 @@ public:
     static constexpr auto kGather = std::chrono::milliseconds(250);
     // How often the store's thread tries an unreachable site server again.
     static constexpr auto kRetry = std::chrono::seconds(2);
+    // How often it reads what the site server told of other programs' changes.
+    static constexpr auto kWatch = std::chrono::milliseconds(250);
 
-    // Opens the store at `path` on the new thread; returns once it is open.
+    // Opens the store at `path` on the new thread; returns once a file is
+    // open, at once for a server URI (state() is Unavailable with no problem
+    // until the first connection attempt ends; what is handed over waits).
     explicit SiteRecorder(const QString& path);
     // Stores what is still pending, then ends the thread.
     ~SiteRecorder();
@@ -47,6 +51,13 @@ public:
     void heard(std::vector<Sighting> sightings);
     void wrote(WriteRecord write);
     void logged(ActivityEntry entry);
+
+    // True when the store is on a site server.
+    bool onServer() const { return onServer_; }
+    // `changedElsewhere` runs on the store's thread whenever another program
+    // stored something on the site server (within kWatch of its commit, or
+    // when the server is back after it was unreachable).
+    void watch(std::function<void()> changedElsewhere);
 
     // Runs `job` on the store's thread after what was handed over before it.
     void run(std::function<void(SiteStore&)> job);
@@ -74,11 +85,14 @@ private:
     void loop(QString path);
     // Makes the store's state and problem the recorder's.
     void publish(const SiteStore& store);
+    void tellWatcher();
     // Until the server answers again: what could not be sent, in order.
     Batch unsent_;
     void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
 
+    const bool onServer_;
     mutable std::mutex lock_;
+    std::function<void()> watcher_;
     std::condition_variable changed_;
     Batch pending_;
     bool opened_ = false;

@@ -143,7 +143,7 @@ void SiteStore::connectServer(Time now)
             state_ = StoreState::NewerSchema;
             return QStringLiteral("The site server holds the store of a newer VornLink; changes are not remembered");
         }
-        if (!Schema::migrate(opened.db, error))
+        if (!Schema::migrate(opened.db, error) || !Postgres::listen(opened.db, error))
             return error.text();
         state_ = StoreState::Ready;
         return {};
@@ -172,6 +172,11 @@ void SiteStore::dropConnection()
         QSqlDatabase::database(connection_, false).close();
         QSqlDatabase::removeDatabase(connection_);
     }
+}
+
+bool SiteStore::changedElsewhere()
+{
+    return server_ && canRead() && Postgres::changedElsewhere(QSqlDatabase::database(connection_, false));
 }
 
 bool SiteStore::noteLostServer()
@@ -236,6 +241,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
     }
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (cached == known_.end()) {
+        wrote_ = true;
         query.prepare(QStringLiteral("INSERT INTO units (unit_key, serial, address, interface, firmware,"
                                      " first_seen_ms, last_seen_ms) VALUES (?, ?, ?, ?, ?, ?, ?)"));
         for (const auto& value : {key, serialOf(sighting.config), sighting.address, sighting.interface,
@@ -253,6 +259,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
             >= std::chrono::duration_cast<std::chrono::milliseconds>(kLastSeenInterval).count();
         if (!changed && !moved && !due)
             return true;
+        wrote_ = true;
         query.prepare(QStringLiteral("UPDATE units SET address = ?, interface = ?, firmware = ?,"
                                      " last_seen_ms = ? WHERE unit_key = ?"));
         query.addBindValue(text(sighting.address));
@@ -283,6 +290,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
 
 bool SiteStore::recordWrite(const WriteRecord& write)
 {
+    wrote_ = true;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("INSERT INTO writes (unit_key, sent_ms, program, host, os_user, address, sent,"
                                  " verdict, unconfirmed) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
@@ -319,6 +327,7 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
         return false;
     }
     bool ok = true;
+    wrote_ = !activity.empty();
     for (const auto& sighting : sightings)
         ok = ok && recordSighting(sighting);
     for (const auto& write : writes)
@@ -334,6 +343,10 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
                 break;
             }
         }
+    }
+    if (ok && wrote_ && server_ && !Postgres::announceChange(db, error)) {
+        problem_ = error.text();
+        ok = false;
     }
     if (ok && db.commit()) {
         problem_.clear();
@@ -462,8 +475,13 @@ bool SiteStore::forget(const std::string& unitKey)
         if (ok && std::string_view(table) == "units")
             removedUnits = query.numRowsAffected();
     }
+    QString failure = ok ? QString() : query.lastError().text();
+    if (ok && server_ && !Postgres::announceChange(db, error)) {
+        ok = false;
+        failure = error.text();
+    }
     if (!ok || !db.commit()) {
-        problem_ = ok ? db.lastError().text() : query.lastError().text();
+        problem_ = ok ? db.lastError().text() : failure;
         db.rollback();
         noteLostServer();
         return false;

@@ -61,6 +61,10 @@ public:
     bool onServer() const { return server_; }
     // Connects again to a server that was unreachable; true when the store is ready.
     bool reconnect(Time now = Clock::now());
+    // On a server: true when another program stored something since the last
+    // call (the server tells at once; this only reads what it told). Always
+    // false on a file.
+    bool changedElsewhere();
     // Why nothing is remembered ("cannot write /home/…: Permission denied"), or empty.
     const QString& problem() const { return problem_; }
     const QString& path() const { return path_; }
@@ -115,6 +119,8 @@ private:
 
     StoreState state_ = StoreState::Unavailable;
     bool server_ = false;
+    // Whether the transaction at hand changed anything, to be announced.
+    bool wrote_ = false;
     QString problem_;
     QString path_;
     QString connection_;

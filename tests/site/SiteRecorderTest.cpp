@@ -17,6 +17,7 @@ INSTANTIATE_TEST_SUITE_P(Stores, SiteRecorderOn, ::testing::Values(Backend::File
 TEST_P(SiteRecorderOn, WhatIsHandedOverIsStoredBeforeALaterJobRuns)
 {
     Site::SiteRecorder recorder(location());
+    recorder.runAndWait([](Site::SiteStore&) {});  // a server's connection is made on the store's thread
     ASSERT_EQ(recorder.state(), Site::StoreState::Ready);
 
     for (int unit = 0; unit < 50; ++unit)

@@ -10,6 +10,8 @@
 namespace {
 
 Site::SiteRecorder* sharedRecorder = nullptr;
+// Every list there is, to read again when another workstation changed the store.
+std::vector<UnitHistory*> lists;
 
 const std::string kPasswordKey = "CallMagic";
 
@@ -45,6 +47,18 @@ UnitHistory::UnitHistory(QObject* parent) : QAbstractListModel(parent), recorder
     reloadSoon_.setSingleShot(true);
     reloadSoon_.setInterval(0);
     connect(&reloadSoon_, &QTimer::timeout, this, &UnitHistory::reload);
+    lists.push_back(this);
+}
+
+UnitHistory::~UnitHistory()
+{
+    std::erase(lists, this);
+}
+
+void UnitHistory::storeChangedElsewhere()
+{
+    for (auto* list : lists)
+        list->reloadSoon_.start();
 }
 
 void UnitHistory::useRecorder(Site::SiteRecorder* recorder)

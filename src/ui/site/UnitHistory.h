@@ -37,11 +37,14 @@ public:
     enum Role { TimeRole = Qt::UserRole + 1, CauseRole, ChangesRole };
 
     explicit UnitHistory(QObject* parent = nullptr);
+    ~UnitHistory() override;
 
     // The store every UnitHistory reads and records through; nullptr for none.
     // The window sets it before its scene loads and clears it before the
     // recorder goes.
     static void useRecorder(Site::SiteRecorder* recorder);
+    // Every list reads again: another workstation stored something.
+    static void storeChangedElsewhere();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
