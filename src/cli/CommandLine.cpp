@@ -40,6 +40,9 @@ struct Arguments {
     bool noSite = false;
     std::string unit;
     std::string since;
+    std::string from;
+    std::string to;
+    bool merge = false;
     bool showSecrets = false;
 };
 
@@ -213,6 +216,17 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     forget->add_option("UNIT", arguments.unit, "the unit's serial or address")->required();
     forget->add_flag("--yes", arguments.yes, "confirm");
 
+    auto* siteCommand = app.add_subcommand("site", "Work on a whole site store.");
+    siteCommand->require_subcommand(1);
+    auto* copy = siteCommand->add_subcommand("copy", "Copy every unit, version, write and activity entry of one site store "
+                                              "into another (a file or a postgresql:// server).");
+    copy->add_option("--from", arguments.from, "the site file or server URI to copy")->required()->option_text("PATH|URI");
+    copy->add_option("--to", arguments.to, "the site file or server URI to copy into; refused when it remembers "
+                                           "anything, unless --merge")
+        ->required()
+        ->option_text("PATH|URI");
+    copy->add_flag("--merge", arguments.merge, "also copy into a store that remembers units or activity");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
@@ -260,6 +274,8 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         backupFile = std::get<Settings::Backup>(std::move(read));
     }
 
+    if (copy->parsed())
+        return runSiteCopy(out, err, {arguments.from, arguments.to, arguments.merge});
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
     auto store = openSite(arguments, err);
     if (units->parsed() || history->parsed() || forget->parsed()) {

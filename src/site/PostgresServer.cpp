@@ -11,6 +11,8 @@
 #include <memory>
 #include <string>
 
+#include "SqlStatement.h"
+
 namespace Site::Postgres {
 namespace {
 
@@ -133,30 +135,20 @@ bool beginWrite(QSqlDatabase& db, QSqlError& error)
         error = db.lastError();
         return false;
     }
-    QSqlQuery query(db);
-    if (query.exec(QStringLiteral("SELECT pg_advisory_xact_lock(%1)").arg(kWriteLockKey)))
+    if (runStatement(db, QStringLiteral("SELECT pg_advisory_xact_lock(%1)").arg(kWriteLockKey), error))
         return true;
-    error = query.lastError();
     db.rollback();
     return false;
 }
 
 bool listen(QSqlDatabase& db, QSqlError& error)
 {
-    QSqlQuery query(db);
-    if (query.exec(QStringLiteral("LISTEN %1").arg(QLatin1String(kChannel))))
-        return true;
-    error = query.lastError();
-    return false;
+    return runStatement(db, QStringLiteral("LISTEN %1").arg(QLatin1String(kChannel)), error);
 }
 
 bool announceChange(QSqlDatabase& db, QSqlError& error)
 {
-    QSqlQuery query(db);
-    if (query.exec(QStringLiteral("NOTIFY %1").arg(QLatin1String(kChannel))))
-        return true;
-    error = query.lastError();
-    return false;
+    return runStatement(db, QStringLiteral("NOTIFY %1").arg(QLatin1String(kChannel)), error);
 }
 
 bool changedElsewhere(const QSqlDatabase& db)

@@ -409,20 +409,27 @@ std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
     return unitOf(query);
 }
 
-std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
+std::vector<StoredVersion> SiteStore::versions(const std::string& unitKey)
 {
-    if (!canRead())
-        return {};
-    auto db = QSqlDatabase::database(connection_, false);
     std::vector<StoredVersion> versions;
-    QSqlQuery query(db);
-    query.prepare(QStringLiteral("SELECT seen_ms, config FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
+    if (!canRead())
+        return versions;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT seen_ms, config, address FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
     query.addBindValue(text(unitKey));
     if (query.exec()) {
         while (query.next())
-            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1)))});
+            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1))), text(query.value(2))});
     }
+    return versions;
+}
+
+std::vector<WriteRecord> SiteStore::writes(const std::string& unitKey)
+{
     std::vector<WriteRecord> writes;
+    if (!canRead())
+        return writes;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT sent_ms, program, host, os_user, address, sent, verdict, unconfirmed"
                                  " FROM writes WHERE unit_key = ? ORDER BY sent_ms"));
     query.addBindValue(text(unitKey));
@@ -436,7 +443,19 @@ std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
             writes.push_back(std::move(write));
         }
     }
-    return buildHistory(versions, writes);
+    return writes;
+}
+
+std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
+{
+    if (!canRead())
+        return {};
+    return buildHistory(versions(unitKey), writes(unitKey));
+}
+
+bool SiteStore::holdsNothing()
+{
+    return units().empty() && activity(Time{}).empty();
 }
 
 std::vector<ActivityEntry> SiteStore::activity(Time since)

@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "SiteHistory.h"
 #include "SiteTypes.h"
 
 namespace Site {
@@ -89,6 +90,11 @@ public:
     std::optional<RememberedUnit> findUnit(const std::string& name);
     // The unit's configuration versions, newest first, with their causes.
     std::vector<HistoryEntry> history(const std::string& unitKey);
+    // The unit's configuration versions and the writes sent to it, oldest first.
+    std::vector<StoredVersion> versions(const std::string& unitKey);
+    std::vector<WriteRecord> writes(const std::string& unitKey);
+    // True when the store remembers no unit and no activity.
+    bool holdsNothing();
     // Activity entries from `since` on, oldest first.
     std::vector<ActivityEntry> activity(Time since);
     // Removes the unit, its versions and its writes; false when it was not there.
