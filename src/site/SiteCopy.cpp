@@ -2,6 +2,7 @@
 #include "SiteCopy.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Site {
 namespace {
@@ -16,10 +17,18 @@ std::vector<Item> missing(std::vector<Item> items, const std::vector<Item>& held
     return items;
 }
 
+std::vector<WriteRecord> missingWrites(SiteStore& from, SiteStore& to, const std::string& unitKey)
+{
+    return missing(from.writes(unitKey), to.writes(unitKey), [](const WriteRecord& a, const WriteRecord& b) {
+        return a.sentAt == b.sentAt && a.host == b.host && a.sent == b.sent;
+    });
+}
+
 }  // namespace
 
 bool copySite(SiteStore& from, SiteStore& to, CopyCount& count)
 {
+    std::set<std::string> copiedKeys;
     for (const auto& unit : from.units()) {
         auto stored = from.versions(unit.key);
         if (stored.empty())
@@ -29,10 +38,7 @@ bool copySite(SiteStore& from, SiteStore& to, CopyCount& count)
                                       [](const StoredVersion& a, const StoredVersion& b) {
                                           return a.seenAt == b.seenAt && a.config == b.config;
                                       });
-        const auto writes = missing(from.writes(unit.key), to.writes(unit.key),
-                                    [](const WriteRecord& a, const WriteRecord& b) {
-                                        return a.sentAt == b.sentAt && a.host == b.host && a.sent == b.sent;
-                                    });
+        const auto writes = missingWrites(from, to, unit.key);
         std::vector<Sighting> sightings;
         for (const auto& version : versions)
             sightings.push_back({version.address, unit.interface, version.config, version.seenAt});
@@ -41,8 +47,18 @@ bool copySite(SiteStore& from, SiteStore& to, CopyCount& count)
             sightings.push_back({unit.address, unit.interface, newest.config, unit.lastSeen});
         if (!to.record(sightings, writes))
             return false;
+        copiedKeys.insert(unit.key);
         ++count.units;
         count.versions += versions.size();
+        count.writes += writes.size();
+    }
+    // Writes to units that this store did not hear (the target may have).
+    for (const auto& key : from.writtenUnitKeys()) {
+        if (copiedKeys.contains(key))
+            continue;
+        const auto writes = missingWrites(from, to, key);
+        if (!writes.empty() && !to.record({}, writes))
+            return false;
         count.writes += writes.size();
     }
     const auto activity = missing(from.activity(Time{}), to.activity(Time{}),

@@ -7,8 +7,8 @@
 
 namespace Site {
 
-SiteRecorder::SiteRecorder(const QString& path)
-    : onServer_(Postgres::isServerUri(path)), thread_([this, path] { loop(path); })
+SiteRecorder::SiteRecorder(const QString& path, const QString& journalPath)
+    : journal_(journalPath), onServer_(Postgres::isServerUri(path)), thread_([this, path] { loop(path); })
 {
     // A file opens at once; a server may take its connect timeout, which the caller does not wait for.
     if (onServer_)
@@ -150,6 +150,8 @@ void SiteRecorder::loop(QString path)
 {
     pthread_setname_np(pthread_self(), "vorn.site");
     auto store = SiteStore::open(path);
+    // What an earlier run could not send goes first.
+    journalWaiting_ = store->onServer() && journal_.holdsAny();
     {
         std::lock_guard lock(lock_);
         opened_ = true;
@@ -188,15 +190,23 @@ void SiteRecorder::loop(QString path)
         auto jobs = std::move(batch.jobs);
         batch.takeBefore(std::move(unsent_));
         unsent_ = {};
-        // Sent again as a whole when the server went away: a sighting that
-        // went in before adds nothing the second time, and the writes and the
-        // activity go in the batch's last transaction, which did not commit.
-        if (batch.hasRecords() && store->state() != StoreState::Unreachable
-            && !store->record(batch.sightings, batch.writes, batch.activity)
+        if (journalWaiting_ && store->canRecord())
+            journalWaiting_ = !journal_.sendTo(*store);
+        // The batch goes in after what waits in the journal. When the server
+        // went away in the middle, it goes into the journal as a whole: a
+        // sighting that went in before adds nothing the second time, and the
+        // writes and the activity are in the batch's last transaction, which
+        // did not commit.
+        const bool sendNow = !journalWaiting_ && store->state() != StoreState::Unreachable;
+        if (batch.hasRecords() && sendNow && !store->record(batch.sightings, batch.writes, batch.activity)
             && store->state() == StoreState::Unreachable)
             nextTry = std::chrono::steady_clock::now() + kRetry;
-        if (batch.hasRecords() && store->state() == StoreState::Unreachable)
-            unsent_ = std::move(batch);
+        if (batch.hasRecords() && (!sendNow || store->state() == StoreState::Unreachable)) {
+            if (journal_.keep(batch.sightings, batch.writes, batch.activity))
+                journalWaiting_ = true;
+            else
+                unsent_ = std::move(batch);
+        }
         // A job sees the state its records left, and so does whoever it tells.
         publish(*store);
         for (auto& job : jobs)

@@ -5,8 +5,9 @@
 // go a quarter of a second after its first item, so a discover round's
 // replies go in together and everything is stored within a second. The
 // store splits a large batch into short transactions (see SiteStore::record).
-// While a site server is unreachable, what was handed over waits, in order,
-// and goes in once the server answers again (tried every kRetry).
+// While a site server is unreachable, what was handed over waits in the
+// journal (see SiteJournal) and goes in once the server answers again
+// (tried every kRetry), as does what an earlier run left there.
 //
 //   Site::SiteRecorder recorder(Site::defaultSitePath());
 //   recorder.heard({address, interface, config, now});   // per reply
@@ -24,6 +25,7 @@
 #include <thread>
 #include <vector>
 
+#include "SiteJournal.h"
 #include "SiteStore.h"
 
 namespace Site {
@@ -40,7 +42,7 @@ public:
     // Opens the store at `path` on the new thread; returns once a file is
     // open, at once for a server URI (state() is Unavailable with no problem
     // until the first connection attempt ends; what is handed over waits).
-    explicit SiteRecorder(const QString& path);
+    explicit SiteRecorder(const QString& path, const QString& journalPath = defaultJournalPath());
     // Stores what is still pending, then ends the thread.
     ~SiteRecorder();
     SiteRecorder(const SiteRecorder&) = delete;
@@ -86,9 +88,13 @@ private:
     // Makes the store's state and problem the recorder's.
     void publish(const SiteStore& store);
     void tellWatcher();
-    // Until the server answers again: what could not be sent, in order.
-    Batch unsent_;
     void wake(std::unique_lock<std::mutex>& lock, bool wasEmpty);
+
+    // Until the server answers again: what could not be sent and the journal
+    // did not take either, in order (store's thread only).
+    Batch unsent_;
+    SiteJournal journal_;
+    bool journalWaiting_ = false;
 
     const bool onServer_;
     mutable std::mutex lock_;

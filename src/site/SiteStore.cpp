@@ -453,9 +453,22 @@ std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
     return buildHistory(versions(unitKey), writes(unitKey));
 }
 
+std::vector<std::string> SiteStore::writtenUnitKeys()
+{
+    std::vector<std::string> keys;
+    if (!canRead())
+        return keys;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    if (query.exec(QStringLiteral("SELECT DISTINCT unit_key FROM writes ORDER BY unit_key"))) {
+        while (query.next())
+            keys.push_back(text(query.value(0)));
+    }
+    return keys;
+}
+
 bool SiteStore::holdsNothing()
 {
-    return units().empty() && activity(Time{}).empty();
+    return units().empty() && writtenUnitKeys().empty() && activity(Time{}).empty();
 }
 
 std::vector<ActivityEntry> SiteStore::activity(Time since)

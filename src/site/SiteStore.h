@@ -93,7 +93,9 @@ public:
     // The unit's configuration versions and the writes sent to it, oldest first.
     std::vector<StoredVersion> versions(const std::string& unitKey);
     std::vector<WriteRecord> writes(const std::string& unitKey);
-    // True when the store remembers no unit and no activity.
+    // Every unit key that writes were recorded for (a unit heard elsewhere may have none here).
+    std::vector<std::string> writtenUnitKeys();
+    // True when the store remembers no unit, no write and no activity.
     bool holdsNothing();
     // Activity entries from `since` on, oldest first.
     std::vector<ActivityEntry> activity(Time since);

@@ -203,18 +203,24 @@ TEST_P(SiteServer, TheServerStoppedAndStartedWhileRecordingLosesNothingAndStores
         recorder.wrote(channelWrite("vision-desk", seconds, channel));
         recorder.logged({at(seconds), "round " + channel});
     };
+    const QString journal = scratch.dir.filePath("journal.sqlite");
     {
-        Site::SiteRecorder recorder(location());
+        Site::SiteRecorder recorder(location(), journal);
         recorder.runAndWait([](SiteStore&) {});
         ASSERT_EQ(recorder.state(), Site::StoreState::Ready) << recorder.problem().toStdString();
         round(recorder, 0, "1");
         recorder.runAndWait([](SiteStore&) {});
+        EXPECT_FALSE(QFile::exists(journal));
 
         ASSERT_TRUE(server().stop());
         round(recorder, 10, "2");
         recorder.runAndWait([](SiteStore&) {});
         EXPECT_EQ(recorder.state(), Site::StoreState::Unreachable);
         EXPECT_FALSE(recorder.problem().isEmpty());
+        {
+            RawStore kept(journal);
+            EXPECT_EQ(kept.value("SELECT group_concat(message) FROM activity"), "round 2");
+        }
 
         ASSERT_TRUE(server().start()) << server().whyNot().toStdString();
         round(recorder, 20, "3");
@@ -226,7 +232,10 @@ TEST_P(SiteServer, TheServerStoppedAndStartedWhileRecordingLosesNothingAndStores
                 std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
         ASSERT_TRUE(back) << recorder.problem().toStdString();
+        // Round 3 went in after the journal, in the same pass.
+        recorder.runAndWait([](SiteStore&) {});
     }
+    EXPECT_FALSE(QFile::exists(journal));
 
     RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM units").toInt(), kUnits);
@@ -287,4 +296,36 @@ TEST_P(SiteServer, ARecorderTellsItsWatcherOfAnotherWorkstationsWrite)
     std::printf("told %lld ms after the other workstation's commit\n", static_cast<long long>(delay));
     wait.unlock();
     window.watch({});
+}
+
+TEST_P(SiteServer, WhatAnEarlierRunKeptInTheJournalIsSentAtTheNextStart)
+{
+    const auto restart = qScopeGuard([this] {
+        if (!server().running())
+            server().start();
+    });
+    const QString journal = scratch.dir.filePath("journal.sqlite");
+    ASSERT_TRUE(server().stop());
+    {
+        Site::SiteRecorder recorder(location(), journal);
+        recorder.heard(sighting("KT-0001", "10.77.1.5", 0));
+        recorder.wrote(channelWrite("vision-desk", 1, "9"));
+        recorder.logged({at(1), "wrote Channel while the server was away"});
+        recorder.runAndWait([](SiteStore&) {});
+        EXPECT_EQ(recorder.state(), Site::StoreState::Unreachable);
+    }
+    ASSERT_TRUE(QFile::exists(journal));
+    ASSERT_TRUE(server().start()) << server().whyNot().toStdString();
+
+    {
+        Site::SiteRecorder recorder(location(), journal);
+        recorder.runAndWait([](SiteStore&) {});
+        EXPECT_EQ(recorder.state(), Site::StoreState::Ready) << recorder.problem().toStdString();
+    }
+
+    EXPECT_FALSE(QFile::exists(journal));
+    RawStore raw(location());
+    EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "1");
+    EXPECT_EQ(raw.value("SELECT host FROM writes"), "vision-desk");
+    EXPECT_EQ(raw.value("SELECT message FROM activity"), "wrote Channel while the server was away");
 }
