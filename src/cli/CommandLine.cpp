@@ -12,6 +12,7 @@
 #include "AddressBlock.h"
 #include "ExitCodes.h"
 #include "Ipv4.h"
+#include "SiteJournal.h"
 #include "SiteLocation.h"
 
 namespace VornCtl {
@@ -120,23 +121,50 @@ std::string unitName(const std::string& text)
     return Settings::canonicalIpv4(text).value_or(text);
 }
 
-// Opens the store the options name and says once what the user must know
-// about it; nullptr with --no-site.
-std::unique_ptr<Site::SiteStore> openSite(const Arguments& arguments, std::ostream& err)
+// The store the options name and, for a site server, the journal that
+// stands in for it while it does not answer.
+struct OpenedSite {
+    std::unique_ptr<Site::SiteStore> store;
+    std::optional<Site::SiteJournal> journal;
+
+    // Where what vornctl hears and writes goes, or nullptr.
+    Site::SiteStore* recording()
+    {
+        if (store && store->canRecord())
+            return store.get();
+        if (journal && store->state() == Site::StoreState::Unreachable && journal->store().canRecord())
+            return &journal->store();
+        return nullptr;
+    }
+};
+
+// Opens the store the options name, sends a server what waits in the
+// journal, and says once what the user must know; no store with --no-site.
+OpenedSite openSite(const Arguments& arguments, std::ostream& err)
 {
+    OpenedSite site;
     const auto path = Site::sitePath({arguments.noSite, QString::fromStdString(arguments.site)});
     if (!path)
-        return nullptr;
-    auto store = Site::SiteStore::open(*path);
-    if (auto aside = store->takeDamagedNotice())
+        return site;
+    site.store = Site::SiteStore::open(*path);
+    auto& store = *site.store;
+    if (auto aside = store.takeDamagedNotice())
         err << "vornctl: The site file was damaged; kept as " << aside->toStdString() << " and started a new one\n";
-    if (store->state() == Site::StoreState::Unavailable)
-        err << "vornctl: Not remembering: " << store->problem().toStdString() << '\n';
-    else if (store->state() == Site::StoreState::Unreachable)
-        err << "vornctl: Site server unreachable: " << store->problem().toStdString() << "; not remembering\n";
-    else if (store->state() == Site::StoreState::NewerSchema)
-        err << "vornctl: " << store->problem().toStdString() << '\n';
-    return store;
+    if (store.onServer()) {
+        site.journal.emplace();
+        const std::string journal = site.journal->path().toStdString();
+        if (store.canRecord() && !site.journal->sendTo(store))
+            err << "vornctl: what waits in " << journal << " could not be sent yet: " << store.problem().toStdString()
+                << '\n';
+        if (store.state() == Site::StoreState::Unreachable)
+            err << "vornctl: Site server unreachable: " << store.problem().toStdString() << "; keeping what is recorded in "
+                << journal << " until it answers\n";
+    }
+    if (store.state() == Site::StoreState::Unavailable)
+        err << "vornctl: Not remembering: " << store.problem().toStdString() << '\n';
+    else if (store.state() == Site::StoreState::NewerSchema)
+        err << "vornctl: " << store.problem().toStdString() << '\n';
+    return site;
 }
 
 void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what)
@@ -277,7 +305,8 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     if (copy->parsed())
         return runSiteCopy(out, err, {arguments.from, arguments.to, arguments.merge});
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
-    auto store = openSite(arguments, err);
+    auto site = openSite(arguments, err);
+    auto& store = site.store;
     if (units->parsed() || history->parsed() || forget->parsed()) {
         if (!store->canRead())
             return kExitFailure;
@@ -302,8 +331,8 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         err << "vornctl: cannot bind UDP 23457 (is VornLink running?)\n";
         return kExitFailure;
     }
-    SiteRecording site(store && store->canRecord() ? store.get() : nullptr);
-    Context context{out, err, link, timeout, site};
+    SiteRecording recording(site.recording());
+    Context context{out, err, link, timeout, recording};
     if (discover->parsed())
         return runDiscover(context, scanned, arguments.expect, arguments.json);
     if (show->parsed())
