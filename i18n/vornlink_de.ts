@@ -947,6 +947,13 @@
     </message>
 </context>
 <context>
+    <name>SiteNotice</name>
+    <message>
+        <source>Site server unreachable: %1</source>
+        <translation>Standort-Server nicht erreichbar: %1</translation>
+    </message>
+</context>
+<context>
     <name>Stepper</name>
     <message>
         <source>%1 to %2</source>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The foot of the sidebar: a hairline, the manual address row, the Discover
-// button, the client's status line with the networks discovery goes out on
+// The foot of the sidebar: a hairline, the manual address row, a line while
+// the site server is unreachable, the Discover button, the client's status line with the networks discovery goes out on
 // and the number of known units, and the switch of the activity pane.
 // Ctrl+L takes the keyboard to the address field, F5 presses Discover.
 import QtQuick
@@ -111,6 +111,23 @@ Rectangle {
             visible: root.addressRefused
             text: qsTr("not an IPv4 address")
             textFormat: Text.PlainText
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+            color: Theme.tally
+            font.pixelSize: Theme.fontSmall
+        }
+
+        SiteNotice {
+            id: siteNotice
+        }
+
+        Text {
+            objectName: "siteNotice"
+            Layout.fillWidth: true
+            visible: siteNotice.text !== ""
+            text: siteNotice.text
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
             Accessible.role: Accessible.AlertMessage
             Accessible.name: text
             color: Theme.tally

@@ -66,6 +66,11 @@ void UnitHistory::useRecorder(Site::SiteRecorder* recorder)
     sharedRecorder = recorder;
 }
 
+Site::SiteRecorder* UnitHistory::usedRecorder()
+{
+    return sharedRecorder;
+}
+
 int UnitHistory::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(entries_.size());

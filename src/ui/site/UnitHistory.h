@@ -43,6 +43,7 @@ public:
     // The window sets it before its scene loads and clears it before the
     // recorder goes.
     static void useRecorder(Site::SiteRecorder* recorder);
+    static Site::SiteRecorder* usedRecorder();
     // Every list reads again: another workstation stored something.
     static void storeChangedElsewhere();
 
