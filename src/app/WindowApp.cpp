@@ -97,7 +97,7 @@ int runWindowApp(int& argc, char** argv)
     WindowMemory::provide(engine, std::make_unique<QSettings>());
     // Before the scene starts the client: the remembered units go with its first round.
     std::optional<WindowSite> siteMemory;
-    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site)))
+    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site), WindowMemory::of(engine)->siteStore()))
         siteMemory.emplace(*SharedClient::of(engine), *path);
     // The History tabs read and record through the store; not after it is gone.
     UnitHistory::useRecorder(siteMemory ? &siteMemory->recorder() : nullptr);

@@ -25,8 +25,9 @@ inline constexpr const char* kSiteVariable = "VORNLINK_SITE";
 // $XDG_DATA_HOME/vornlink/site.sqlite on Linux (the platform's data folder elsewhere).
 QString defaultSitePath();
 
-// The file or server URI to open, or nullopt with --no-site.
-std::optional<QString> sitePath(const SiteChoice& choice);
+// The file or server URI to open, or nullopt with --no-site: --site, else
+// VORNLINK_SITE, else `remembered` (the window's own choice), else the default file.
+std::optional<QString> sitePath(const SiteChoice& choice, const QString& remembered = {});
 
 // "--site PATH", "--site=PATH" and "--no-site" among a program's arguments;
 // the other arguments are left alone. A usage problem as text.

@@ -55,3 +55,14 @@ TEST(SiteLocation, VornlinkSiteNamesTheStoreWhenSiteIsNotGiven)
     EXPECT_EQ(Site::sitePath(std::get<Site::SiteChoice>(parse({"--site", "/tmp/a.sqlite"}))), QString("/tmp/a.sqlite"));
     EXPECT_FALSE(Site::sitePath(std::get<Site::SiteChoice>(parse({"--no-site"}))));
 }
+
+TEST(SiteLocation, TheWindowsOwnChoiceComesAfterSiteAndVornlinkSite)
+{
+    const QString remembered("postgresql://desk@studio-db/site");
+    EXPECT_EQ(Site::sitePath({}, remembered), remembered);
+    EXPECT_EQ(Site::sitePath(std::get<Site::SiteChoice>(parse({"--site", "/tmp/a.sqlite"})), remembered),
+              QString("/tmp/a.sqlite"));
+    qputenv("VORNLINK_SITE", "/tmp/b.sqlite");
+    const auto unset = qScopeGuard([] { qunsetenv("VORNLINK_SITE"); });
+    EXPECT_EQ(Site::sitePath({}, remembered), QString("/tmp/b.sqlite"));
+}

@@ -37,4 +37,5 @@ QtObject {
     readonly property string exportAll: "\ue171"    // save_alt: export all units
     readonly property string restore: "\ue8b3"      // restore: restore from a backup
     readonly property string scan: "\ue8b6"         // search: scan an address block
+    readonly property string siteStore: "\ue1db"    // storage: where the site is remembered
 }
