@@ -556,6 +556,10 @@
         <source>Scan addresses…</source>
         <translation>Adressen durchsuchen…</translation>
     </message>
+    <message>
+        <source>Site store…</source>
+        <translation>Standort-Speicher…</translation>
+    </message>
 </context>
 <context>
     <name>ForgetUnitDialog</name>
@@ -987,6 +991,33 @@
     </message>
 </context>
 <context>
+    <name>SiteStoreDialog</name>
+    <message>
+        <source>Site store</source>
+        <translation>Standort-Speicher</translation>
+    </message>
+    <message>
+        <source>Where this window remembers units and their history, from its next start: a site file, or a PostgreSQL server shared by the site&apos;s workstations (the password in ~/.pgpass). Empty: this computer&apos;s own file.</source>
+        <translation>Wo sich dieses Fenster ab dem nächsten Start Geräte und ihre Historie merkt: eine Standortdatei oder ein PostgreSQL-Server, den sich die Arbeitsplätze des Standorts teilen (das Passwort in ~/.pgpass). Leer: die eigene Datei dieses Computers.</translation>
+    </message>
+    <message>
+        <source>postgresql://user@host/database</source>
+        <translation>postgresql://benutzer@host/datenbank</translation>
+    </message>
+    <message>
+        <source>Site file or server</source>
+        <translation>Standortdatei oder Server</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+</context>
+<context>
     <name>Stepper</name>
     <message>
         <source>%1 to %2</source>
@@ -1258,6 +1289,14 @@
     <message>
         <source>Not remembering: %1</source>
         <translation>Wird nicht gemerkt: %1</translation>
+    </message>
+    <message>
+        <source>Site server unreachable: %1</source>
+        <translation>Standort-Server nicht erreichbar: %1</translation>
+    </message>
+    <message>
+        <source>The site server holds the store of a newer VornLink; changes are not remembered</source>
+        <translation>Der Standort-Server enthält den Speicher eines neueren VornLink; Änderungen werden nicht gemerkt</translation>
     </message>
 </context>
 <context>

@@ -15,7 +15,7 @@ _vornctl()
     for ((i = 1; i < COMP_CWORD; i++)); do
         word=${COMP_WORDS[i]}
         case $word in
-            --timeout | --expect | --range | --since | --site | -o | --output) ((i++)) ;;
+            --timeout | --expect | --range | --since | --site | --from | --to | -o | --output) ((i++)) ;;
             -*) ;;
             =) ((i++)) ;;
             *)
@@ -30,7 +30,7 @@ _vornctl()
 
     case $prev in
         --timeout | --expect | --range | --since) return ;;
-        -o | --output | --site)
+        -o | --output | --site | --from | --to)
             COMPREPLY=($(compgen -f -- "$cur"))
             return
             ;;
@@ -41,7 +41,7 @@ _vornctl()
     local options
     case $command in
         "")
-            COMPREPLY=($(compgen -W "discover show set backup restore units history forget --site --no-site --help --version" -- "$cur"))
+            COMPREPLY=($(compgen -W "discover show set backup restore units history forget site --site --no-site --help --version" -- "$cur"))
             return
             ;;
         discover) options="--timeout --expect --json --range --help" ;;
@@ -52,6 +52,14 @@ _vornctl()
         units) options="--timeout --json --help" ;;
         history) options="--json --since --show-secrets --help" ;;
         forget) options="--yes --help" ;;
+        site)
+            if [[ $arguments -eq 0 ]]; then
+                [[ $cur == -* ]] || COMPREPLY=($(compgen -W "copy" -- "$cur"))
+                options="--help"
+            else
+                options="--from --to --merge --help"
+            fi
+            ;;
         *) return ;;
     esac
 

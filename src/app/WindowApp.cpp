@@ -21,6 +21,7 @@
 #include "Translations.h"
 #include "WindowMemory.h"
 #include "SiteLocation.h"
+#include "UnitHistory.h"
 #include "WindowRecorder.h"
 #include "WindowSite.h"
 
@@ -99,9 +100,10 @@ int runWindowApp(int& argc, char** argv)
     // units are listed after the first frame, long before the first round
     // asks them by unicast.
     std::optional<WindowSite> siteMemory;
-    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site))) {
+    if (const auto path = Site::sitePath(std::get<Site::SiteChoice>(site), WindowMemory::of(engine)->siteStore())) {
         siteMemory.emplace(*SharedClient::of(engine), *path);
         siteMemory->holdListing();
+        QObject::connect(&*siteMemory, &WindowSite::changedElsewhere, &UnitHistory::storeChangedElsewhere);
     }
     // The History tabs and every write from the window go through the store; not after it is gone.
     WindowRecorder::use(siteMemory ? &siteMemory->recorder() : nullptr);

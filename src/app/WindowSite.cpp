@@ -21,8 +21,7 @@ WindowSite::WindowSite(VornClient& client, const QString& path)
                              unit.lastSeen});
         }
         // The store is open by now: asking the recorder does not wait.
-        Opening opening{store.state() == Site::StoreState::NewerSchema, store.problem(),
-                        recorder_.takeDamagedNotice()};
+        Opening opening{store.state(), store.problem(), recorder_.takeDamagedNotice()};
         QMetaObject::invokeMethod(
             this,
             [this, units = std::move(units), opening = std::move(opening)]() mutable {
@@ -38,14 +37,16 @@ WindowSite::WindowSite(VornClient& client, const QString& path)
     });
     // A batch that fails later (a full disk) is told from the store's thread.
     // This object outlives the store's thread (its recorder ends it first).
-    recorder_.setProblemListener([this](const QString& problem) {
-        QMetaObject::invokeMethod(this, [this, problem] { showProblem(problem); }, Qt::QueuedConnection);
+    recorder_.setProblemListener([this](Site::StoreState state, const QString& problem) {
+        QMetaObject::invokeMethod(this, [this, state, problem] { showProblem(state, problem); }, Qt::QueuedConnection);
     });
+    recorder_.watch([this] { QMetaObject::invokeMethod(this, &WindowSite::changedElsewhere, Qt::QueuedConnection); });
 }
 
 WindowSite::~WindowSite()
 {
     recorder_.setProblemListener(nullptr);
+    recorder_.watch(nullptr);
 }
 
 void WindowSite::holdListing()
@@ -67,16 +68,21 @@ void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units,
     connect(&client_, &VornClient::deviceAdded, this, &WindowSite::recordRows);
     connect(&client_, &VornClient::devicesUpdated, this, &WindowSite::recordRows);
     recordRows(0, static_cast<int>(client_.devices().size()) - 1);
-    newerFile_ = opening.newer;
     if (opening.damagedAside)
         damagedNotice_ = tr("The site file was damaged; kept as %1 and started a new one").arg(*opening.damagedAside);
-    showProblem(opening.problem);
+    showProblem(opening.state, opening.problem);
     emit rememberedListed();
 }
 
-void WindowSite::showProblem(const QString& problem)
+void WindowSite::showProblem(Site::StoreState state, const QString& problem)
 {
-    if (newerFile_)
+    // What is recorded while the server is away waits in the journal: it is
+    // remembered, only later.
+    if (state == Site::StoreState::Unreachable)
+        client_.setSiteNotice(tr("Site server unreachable: %1").arg(problem));
+    else if (state == Site::StoreState::NewerSchema && recorder_.onServer())
+        client_.setSiteNotice(tr("The site server holds the store of a newer VornLink; changes are not remembered"));
+    else if (state == Site::StoreState::NewerSchema)
         client_.setSiteNotice(tr("This site file is from a newer VornLink; changes are not remembered"));
     else if (!problem.isEmpty())
         client_.setSiteNotice(tr("Not remembering: %1").arg(problem));

@@ -5,8 +5,8 @@
 // comes back with nothing typed); every unit the client lists or hears again,
 // and every line of its activity log, is handed to the store's own thread to
 // record; a unit the user forgets leaves the store. What the store has to say
-// ("Not remembering: …", a damaged file moved aside) becomes the client's
-// site notice.
+// ("Not remembering: …", "Site server unreachable: …", a damaged file moved
+// aside) becomes the client's site notice.
 #pragma once
 
 #include <QObject>
@@ -46,11 +46,13 @@ signals:
     // The remembered units are listed and the store's notice is shown; from
     // now on every unit heard is recorded.
     void rememberedListed();
+    // Another workstation stored something on the site server.
+    void changedElsewhere();
 
 private:
     // What the store said when it was read at start.
     struct Opening {
-        bool newer = false;
+        Site::StoreState state = Site::StoreState::Unavailable;
         QString problem;
         std::optional<QString> damagedAside;
     };
@@ -58,7 +60,7 @@ private:
     void listRemembered(std::vector<VornClient::RememberedDevice> units, const Opening& opening);
     void recordRows(int first, int last);
     void forget(const Device& unit);
-    void showProblem(const QString& problem);
+    void showProblem(Site::StoreState state, const QString& problem);
 
     // What was read at start, until the listing is released.
     struct Read {
@@ -72,7 +74,6 @@ private:
     Site::SiteRecorder recorder_;
     // This run's activity is recorded from here on; earlier runs' is older.
     const Site::Time startedAt_;
-    bool newerFile_ = false;
     QString damagedNotice_;
 };
 

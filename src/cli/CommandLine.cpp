@@ -12,6 +12,7 @@
 #include "AddressBlock.h"
 #include "ExitCodes.h"
 #include "Ipv4.h"
+#include "SiteJournal.h"
 #include "SiteLocation.h"
 
 namespace VornCtl {
@@ -40,6 +41,9 @@ struct Arguments {
     bool noSite = false;
     std::string unit;
     std::string since;
+    std::string from;
+    std::string to;
+    bool merge = false;
     bool showSecrets = false;
 };
 
@@ -117,21 +121,50 @@ std::string unitName(const std::string& text)
     return Settings::canonicalIpv4(text).value_or(text);
 }
 
-// Opens the store the options name and says once what the user must know
-// about it; nullptr with --no-site.
-std::unique_ptr<Site::SiteStore> openSite(const Arguments& arguments, std::ostream& err)
+// The store the options name and, for a site server, the journal that
+// stands in for it while it does not answer.
+struct OpenedSite {
+    std::unique_ptr<Site::SiteStore> store;
+    std::optional<Site::SiteJournal> journal;
+
+    // Where what vornctl hears and writes goes, or nullptr.
+    Site::SiteStore* recording()
+    {
+        if (store && store->canRecord())
+            return store.get();
+        if (journal && store->state() == Site::StoreState::Unreachable && journal->store().canRecord())
+            return &journal->store();
+        return nullptr;
+    }
+};
+
+// Opens the store the options name, sends a server what waits in the
+// journal, and says once what the user must know; no store with --no-site.
+OpenedSite openSite(const Arguments& arguments, std::ostream& err)
 {
+    OpenedSite site;
     const auto path = Site::sitePath({arguments.noSite, QString::fromStdString(arguments.site)});
     if (!path)
-        return nullptr;
-    auto store = Site::SiteStore::open(*path);
-    if (auto aside = store->takeDamagedNotice())
+        return site;
+    site.store = Site::SiteStore::open(*path);
+    auto& store = *site.store;
+    if (auto aside = store.takeDamagedNotice())
         err << "vornctl: The site file was damaged; kept as " << aside->toStdString() << " and started a new one\n";
-    if (store->state() == Site::StoreState::Unavailable)
-        err << "vornctl: Not remembering: " << store->problem().toStdString() << '\n';
-    else if (store->state() == Site::StoreState::NewerSchema)
-        err << "vornctl: " << store->problem().toStdString() << '\n';
-    return store;
+    if (store.onServer()) {
+        site.journal.emplace();
+        const std::string journal = site.journal->path().toStdString();
+        if (store.canRecord() && !site.journal->sendTo(store))
+            err << "vornctl: what waits in " << journal << " could not be sent yet: " << store.problem().toStdString()
+                << '\n';
+        if (store.state() == Site::StoreState::Unreachable)
+            err << "vornctl: Site server unreachable: " << store.problem().toStdString() << "; keeping what is recorded in "
+                << journal << " until it answers\n";
+    }
+    if (store.state() == Site::StoreState::Unavailable)
+        err << "vornctl: Not remembering: " << store.problem().toStdString() << '\n';
+    else if (store.state() == Site::StoreState::NewerSchema)
+        err << "vornctl: " << store.problem().toStdString() << '\n';
+    return site;
 }
 
 void addTimeout(CLI::App* command, Arguments& arguments, const std::string& what)
@@ -153,9 +186,10 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     app.footer("Exit status: 0 done, 1 failure (port taken, unreadable file), 2 bad usage, 3 fewer units than "
                "--expect, 4 a unit did not answer or is not remembered, 5 a unit reports other values than written.\n");
     Arguments arguments;
-    auto* siteOption = app.add_option("--site", arguments.site, "the site file to remember units in (default: "
+    auto* siteOption = app.add_option("--site", arguments.site, "the site file or server (postgresql://user@host/db)"
+                                      " to remember units in (default: $VORNLINK_SITE, else "
                                       "$XDG_DATA_HOME/vornlink/site.sqlite)")
-                           ->option_text("PATH");
+                           ->option_text("PATH|URI");
     app.add_flag("--no-site", arguments.noSite, "remember nothing")->excludes(siteOption);
 
     auto* discover = app.add_subcommand("discover", "List every unit that answers a broadcast discover.");
@@ -210,6 +244,17 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
     forget->add_option("UNIT", arguments.unit, "the unit's serial or address")->required();
     forget->add_flag("--yes", arguments.yes, "confirm");
 
+    auto* siteCommand = app.add_subcommand("site", "Work on a whole site store.");
+    siteCommand->require_subcommand(1);
+    auto* copy = siteCommand->add_subcommand("copy", "Copy every unit, version, write and activity entry of one site store "
+                                              "into another (a file or a postgresql:// server).");
+    copy->add_option("--from", arguments.from, "the site file or server URI to copy")->required()->option_text("PATH|URI");
+    copy->add_option("--to", arguments.to, "the site file or server URI to copy into; refused when it remembers "
+                                           "anything, unless --merge")
+        ->required()
+        ->option_text("PATH|URI");
+    copy->add_flag("--merge", arguments.merge, "also copy into a store that remembers units or activity");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
@@ -257,10 +302,13 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         backupFile = std::get<Settings::Backup>(std::move(read));
     }
 
+    if (copy->parsed())
+        return runSiteCopy(out, err, {arguments.from, arguments.to, arguments.merge});
     const auto timeout = std::chrono::milliseconds(static_cast<std::int64_t>(arguments.timeout * 1000.0));
-    auto store = openSite(arguments, err);
+    auto site = openSite(arguments, err);
+    auto& store = site.store;
     if (units->parsed() || history->parsed() || forget->parsed()) {
-        if (store->state() == Site::StoreState::Unavailable)
+        if (!store->canRead())
             return kExitFailure;
         SiteContext siteContext{out, err, *store};
         if (history->parsed()) {
@@ -283,8 +331,8 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         err << "vornctl: cannot bind UDP 23457 (is VornLink running?)\n";
         return kExitFailure;
     }
-    SiteRecording site(store && store->canRecord() ? store.get() : nullptr);
-    Context context{out, err, link, timeout, site};
+    SiteRecording recording(site.recording());
+    Context context{out, err, link, timeout, recording};
     if (discover->parsed())
         return runDiscover(context, scanned, arguments.expect, arguments.json);
     if (show->parsed())

@@ -72,4 +72,11 @@ int runHistory(SiteContext& context, const HistoryRequest& request);
 
 int runForget(SiteContext& context, const std::string& unit);
 
+struct SiteCopyRequest {
+    std::string from;  // a site file or server URI
+    std::string to;
+    bool merge = false;  // also into a store that remembers something
+};
+int runSiteCopy(std::ostream& out, std::ostream& err, const SiteCopyRequest& request);
+
 }  // namespace VornCtl

@@ -12,6 +12,7 @@ namespace Site {
 struct StoredVersion {
     Time seenAt;
     Vorn::Config config;
+    std::string address{};  // where the unit was heard
 };
 
 // `versions` and `writes` oldest first; the result newest first. A version

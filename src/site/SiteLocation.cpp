@@ -13,11 +13,16 @@ QString defaultSitePath()
         + QStringLiteral("/vornlink/site.sqlite");
 }
 
-std::optional<QString> sitePath(const SiteChoice& choice)
+std::optional<QString> sitePath(const SiteChoice& choice, const QString& remembered)
 {
     if (choice.off)
         return std::nullopt;
-    return choice.path.isEmpty() ? defaultSitePath() : choice.path;
+    if (!choice.path.isEmpty())
+        return choice.path;
+    const QString named = qEnvironmentVariable(kSiteVariable);
+    if (!named.isEmpty())
+        return named;
+    return remembered.isEmpty() ? defaultSitePath() : remembered;
 }
 
 std::variant<SiteChoice, std::string> siteChoiceFromArguments(std::span<const char* const> arguments)

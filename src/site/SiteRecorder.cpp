@@ -3,9 +3,14 @@
 
 #include <pthread.h>
 
+#include "PostgresServer.h"
+
 namespace Site {
 
-SiteRecorder::SiteRecorder(const QString& path) : thread_([this, path] { loop(path); }) {}
+SiteRecorder::SiteRecorder(const QString& path, const QString& journalPath)
+    : journal_(journalPath), onServer_(Postgres::isServerUri(path)), thread_([this, path] { loop(path); })
+{
+}
 
 SiteRecorder::~SiteRecorder()
 {
@@ -109,16 +114,63 @@ std::optional<QString> SiteRecorder::takeDamagedNotice()
     return std::exchange(damagedAside_, std::nullopt);
 }
 
-void SiteRecorder::setProblemListener(std::function<void(const QString&)> listener)
+void SiteRecorder::setProblemListener(std::function<void(StoreState, const QString&)> listener)
 {
     std::lock_guard lock(lock_);
     problemListener_ = std::move(listener);
+}
+
+void SiteRecorder::Batch::takeBefore(Batch&& earlier)
+{
+    const auto prepend = [](auto& into, auto& from) {
+        into.insert(into.begin(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+    };
+    prepend(sightings, earlier.sightings);
+    prepend(writes, earlier.writes);
+    prepend(activity, earlier.activity);
+}
+
+void SiteRecorder::publish(const SiteStore& store)
+{
+    const StoreState state = store.state();
+    const QString problem = store.problem();
+    std::function<void(StoreState, const QString&)> listener;
+    {
+        std::lock_guard lock(lock_);
+        const bool changed = state_ != state || problem_ != problem;
+        state_ = state;
+        problem_ = problem;
+        if (changed)
+            listener = problemListener_;
+    }
+    // Not under the lock: the listener may hand over more.
+    if (listener)
+        listener(state, problem);
+}
+
+void SiteRecorder::watch(std::function<void()> changedElsewhere)
+{
+    std::lock_guard lock(lock_);
+    watcher_ = std::move(changedElsewhere);
+}
+
+void SiteRecorder::tellWatcher()
+{
+    std::function<void()> watcher;
+    {
+        std::lock_guard lock(lock_);
+        watcher = watcher_;
+    }
+    if (watcher)
+        watcher();
 }
 
 void SiteRecorder::loop(QString path)
 {
     pthread_setname_np(pthread_self(), "vorn.site");
     auto store = SiteStore::open(path);
+    // What an earlier run could not send goes first.
+    journalWaiting_ = store->onServer() && journal_.holdsAny();
     {
         std::lock_guard lock(lock_);
         opened_ = true;
@@ -127,28 +179,63 @@ void SiteRecorder::loop(QString path)
         damagedAside_ = store->takeDamagedNotice();
     }
     changed_.notify_all();
+    auto nextTry = std::chrono::steady_clock::now() + kRetry;
     std::unique_lock lock(lock_);
     for (;;) {
-        changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
-        if (pending_.empty() && stopping_)
+        const bool waiting = store->state() == StoreState::Unreachable;
+        if (waiting) {
+            // Tries the server again now and then, and once more when asked to end.
+            changed_.wait_until(lock, nextTry, [this] { return stopping_ || !pending_.jobs.empty(); });
+        } else if (store->onServer()) {
+            // Looks now and then at what the server told of other programs' changes.
+            changed_.wait_for(lock, kWatch, [this] { return stopping_ || !pending_.empty(); });
+        } else {
+            changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
+        }
+        if (pending_.empty() && stopping_ && !waiting)
             return;
         // Jobs wait for nothing; records gather a little so a round goes in together.
-        if (pending_.jobs.empty() && !stopping_)
+        if (!waiting && pending_.hasRecords() && pending_.jobs.empty() && !stopping_)
             changed_.wait_for(lock, kGather, [this] { return stopping_ || !pending_.jobs.empty(); });
         Batch batch = std::exchange(pending_, Batch{});
+        const bool ending = stopping_;
         lock.unlock();
-        store->record(batch.sightings, batch.writes, batch.activity);
-        for (auto& job : batch.jobs)
-            job(*store);
-        const QString problem = store->problem();
-        lock.lock();
-        if (std::exchange(problem_, problem) != problem && problemListener_) {
-            // Not under the lock: the listener may hand over more.
-            const auto listener = problemListener_;
-            lock.unlock();
-            listener(problem);
-            lock.lock();
+        bool elsewhere = false;
+        if (waiting && (ending || std::chrono::steady_clock::now() >= nextTry)) {
+            // What others stored meanwhile is news once the server is back.
+            elsewhere = store->reconnect();
+            nextTry = std::chrono::steady_clock::now() + kRetry;
         }
+        auto jobs = std::move(batch.jobs);
+        batch.takeBefore(std::move(unsent_));
+        unsent_ = {};
+        if (journalWaiting_ && store->canRecord())
+            journalWaiting_ = !journal_.sendTo(*store);
+        // The batch goes in after what waits in the journal. When the server
+        // went away in the middle, it goes into the journal as a whole: a
+        // sighting that went in before adds nothing the second time, and the
+        // writes and the activity are in the batch's last transaction, which
+        // did not commit.
+        const bool sendNow = !journalWaiting_ && store->state() != StoreState::Unreachable;
+        if (batch.hasRecords() && sendNow && !store->record(batch.sightings, batch.writes, batch.activity)
+            && store->state() == StoreState::Unreachable)
+            nextTry = std::chrono::steady_clock::now() + kRetry;
+        if (batch.hasRecords() && (!sendNow || store->state() == StoreState::Unreachable)) {
+            if (journal_.keep(batch.sightings, batch.writes, batch.activity))
+                journalWaiting_ = true;
+            else
+                unsent_ = std::move(batch);
+        }
+        // A job sees the state its records left, and so does whoever it tells.
+        publish(*store);
+        for (auto& job : jobs)
+            job(*store);
+        publish(*store);
+        if (store->changedElsewhere() || elsewhere)
+            tellWatcher();
+        lock.lock();
+        if (stopping_ && (state_ == StoreState::Unreachable || pending_.empty()))
+            return;
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SiteSchema.h"
 
-#include "SqliteFile.h"
+#include "WriteTransaction.h"
 
 #include <QSqlQuery>
 #include <QStringList>
@@ -71,7 +71,7 @@ bool migrate(QSqlDatabase& db, QSqlError& error, int target)
     if (!current)
         return false;
     for (int version = *current + 1; version <= target; ++version) {
-        if (!Sqlite::beginWrite(db, error))
+        if (!beginWrite(db, error))
             return false;
         // Another program may have run it since the version was read.
         if (versionOf(db, error).value_or(0) >= version) {

@@ -12,7 +12,9 @@
 #include "SettingKeys.h"
 #include "SiteHistory.h"
 #include "SiteSchema.h"
+#include "PostgresServer.h"
 #include "SqliteFile.h"
+#include "WriteTransaction.h"
 
 namespace Site {
 namespace {
@@ -64,6 +66,10 @@ std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
     std::unique_ptr<SiteStore> store(new SiteStore);
     store->path_ = path;
     store->connection_ = nextConnectionName();
+    if (Postgres::isServerUri(path)) {
+        store->connectServer(now);
+        return store;
+    }
     // A damaged file is moved aside once and a fresh one started in its place.
     for (int attempt = 0; attempt < 2; ++attempt) {
         auto opened = Sqlite::openFile(path, store->connection_, false);
@@ -115,12 +121,79 @@ std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
     return store;
 }
 
-SiteStore::~SiteStore()
+void SiteStore::connectServer(Time now)
+{
+    server_ = true;
+    dropConnection();
+    // Brings the server's store up to date; the problem, or empty. Every
+    // handle on the connection is gone when it returns.
+    const auto prepare = [this]() -> QString {
+        auto opened = Postgres::openServer(path_, connection_);
+        if (!opened.problem.isEmpty()) {
+            if (opened.unreachable) {
+                state_ = StoreState::Unreachable;
+                return opened.problem;
+            }
+            return QStringLiteral("the site server refused the connection: ") + opened.problem;
+        }
+        QSqlError error;
+        const auto version = Schema::versionOf(opened.db, error);
+        if (!version)
+            return error.text();
+        if (*version > Schema::latestVersion()) {
+            state_ = StoreState::NewerSchema;
+            return QStringLiteral("The site server holds the store of a newer VornLink; changes are not remembered");
+        }
+        if (!Schema::migrate(opened.db, error) || !Postgres::listen(opened.db, error))
+            return error.text();
+        state_ = StoreState::Ready;
+        return {};
+    };
+    state_ = StoreState::Unavailable;
+    problem_ = prepare();
+    if (state_ == StoreState::Unreachable)
+        dropConnection();
+    else if (state_ == StoreState::Unavailable)
+        setUnavailable(problem_);
+    else if (state_ == StoreState::Ready)
+        pruneActivity(now);
+}
+
+bool SiteStore::reconnect(Time now)
+{
+    if (state_ != StoreState::Unreachable)
+        return state_ == StoreState::Ready;
+    connectServer(now);
+    return state_ == StoreState::Ready;
+}
+
+void SiteStore::dropConnection()
 {
     if (QSqlDatabase::contains(connection_)) {
         QSqlDatabase::database(connection_, false).close();
         QSqlDatabase::removeDatabase(connection_);
     }
+}
+
+bool SiteStore::changedElsewhere()
+{
+    return server_ && canRead() && Postgres::changedElsewhere(QSqlDatabase::database(connection_, false));
+}
+
+bool SiteStore::noteLostServer()
+{
+    if (!server_ || !Postgres::connectionLost(QSqlDatabase::database(connection_, false)))
+        return false;
+    state_ = StoreState::Unreachable;
+    known_.clear();
+    // Closed only: the caller still holds the connection; reconnect() makes it anew.
+    QSqlDatabase::database(connection_, false).close();
+    return true;
+}
+
+SiteStore::~SiteStore()
+{
+    dropConnection();
 }
 
 std::optional<QString> SiteStore::takeDamagedNotice()
@@ -133,10 +206,7 @@ void SiteStore::setUnavailable(const QString& problem)
     state_ = StoreState::Unavailable;
     problem_ = problem;
     known_.clear();
-    if (QSqlDatabase::contains(connection_)) {
-        QSqlDatabase::database(connection_, false).close();
-        QSqlDatabase::removeDatabase(connection_);
-    }
+    dropConnection();
 }
 
 bool SiteStore::failed(const QSqlQuery& query)
@@ -172,6 +242,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
     }
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (cached == known_.end()) {
+        wrote_ = true;
         query.prepare(QStringLiteral("INSERT INTO units (unit_key, serial, address, interface, firmware,"
                                      " first_seen_ms, last_seen_ms) VALUES (?, ?, ?, ?, ?, ?, ?)"));
         for (const auto& value : {key, serialOf(sighting.config), sighting.address, sighting.interface,
@@ -189,6 +260,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
             >= std::chrono::duration_cast<std::chrono::milliseconds>(kLastSeenInterval).count();
         if (!changed && !moved && !due)
             return true;
+        wrote_ = true;
         query.prepare(QStringLiteral("UPDATE units SET address = ?, interface = ?, firmware = ?,"
                                      " last_seen_ms = ? WHERE unit_key = ?"));
         query.addBindValue(text(sighting.address));
@@ -219,6 +291,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
 
 bool SiteStore::recordWrite(const WriteRecord& write)
 {
+    wrote_ = true;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("INSERT INTO writes (unit_key, sent_ms, program, host, os_user, address, sent,"
                                  " verdict, unconfirmed) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
@@ -249,11 +322,13 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
 {
     auto db = QSqlDatabase::database(connection_, false);
     QSqlError error;
-    if (!Sqlite::beginWrite(db, error)) {
+    if (!beginWrite(db, error)) {
         problem_ = error.text();
+        noteLostServer();
         return false;
     }
     bool ok = true;
+    wrote_ = !activity.empty();
     for (const auto& sighting : sightings)
         ok = ok && recordSighting(sighting);
     for (const auto& write : writes)
@@ -270,6 +345,10 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
             }
         }
     }
+    if (ok && wrote_ && server_ && !Postgres::announceChange(db, error)) {
+        problem_ = error.text();
+        ok = false;
+    }
     if (ok && db.commit()) {
         problem_.clear();
         return true;
@@ -278,13 +357,14 @@ bool SiteStore::recordInOne(std::span<const Sighting> sightings, const std::vect
         problem_ = db.lastError().text();
     db.rollback();
     known_.clear();  // it may hold what was rolled back
+    noteLostServer();
     return false;
 }
 
 std::vector<RememberedUnit> SiteStore::units()
 {
     std::vector<RememberedUnit> list;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return list;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (!query.exec(QStringLiteral("SELECT %1 FROM units ORDER BY address, unit_key").arg(kUnitColumns)))
@@ -297,7 +377,7 @@ std::vector<RememberedUnit> SiteStore::units()
 std::map<std::string, Vorn::Config> SiteStore::latestConfigurations()
 {
     std::map<std::string, Vorn::Config> latest;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return latest;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     if (!query.exec(QStringLiteral("SELECT v.unit_key, v.config FROM config_versions v JOIN (SELECT unit_key,"
@@ -311,7 +391,7 @@ std::map<std::string, Vorn::Config> SiteStore::latestConfigurations()
 
 std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
 {
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return std::nullopt;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT %1 FROM units WHERE serial = ? OR (address = ? AND serial <> ?)"
@@ -330,20 +410,27 @@ std::optional<RememberedUnit> SiteStore::findUnit(const std::string& name)
     return unitOf(query);
 }
 
-std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
+std::vector<StoredVersion> SiteStore::versions(const std::string& unitKey)
 {
-    if (state_ == StoreState::Unavailable)
-        return {};
-    auto db = QSqlDatabase::database(connection_, false);
     std::vector<StoredVersion> versions;
-    QSqlQuery query(db);
-    query.prepare(QStringLiteral("SELECT seen_ms, config FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
+    if (!canRead())
+        return versions;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT seen_ms, config, address FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
     query.addBindValue(text(unitKey));
     if (query.exec()) {
         while (query.next())
-            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1)))});
+            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1))), text(query.value(2))});
     }
+    return versions;
+}
+
+std::vector<WriteRecord> SiteStore::writes(const std::string& unitKey)
+{
     std::vector<WriteRecord> writes;
+    if (!canRead())
+        return writes;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT sent_ms, program, host, os_user, address, sent, verdict, unconfirmed"
                                  " FROM writes WHERE unit_key = ? ORDER BY sent_ms"));
     query.addBindValue(text(unitKey));
@@ -357,13 +444,38 @@ std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
             writes.push_back(std::move(write));
         }
     }
-    return buildHistory(versions, writes);
+    return writes;
+}
+
+std::vector<HistoryEntry> SiteStore::history(const std::string& unitKey)
+{
+    if (!canRead())
+        return {};
+    return buildHistory(versions(unitKey), writes(unitKey));
+}
+
+std::vector<std::string> SiteStore::writtenUnitKeys()
+{
+    std::vector<std::string> keys;
+    if (!canRead())
+        return keys;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    if (query.exec(QStringLiteral("SELECT DISTINCT unit_key FROM writes ORDER BY unit_key"))) {
+        while (query.next())
+            keys.push_back(text(query.value(0)));
+    }
+    return keys;
+}
+
+bool SiteStore::holdsNothing()
+{
+    return units().empty() && writtenUnitKeys().empty() && activity(Time{}).empty();
 }
 
 std::vector<ActivityEntry> SiteStore::activity(Time since)
 {
     std::vector<ActivityEntry> entries;
-    if (state_ == StoreState::Unavailable)
+    if (!canRead())
         return entries;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("SELECT at_ms, message FROM activity WHERE at_ms >= ? ORDER BY at_ms"));
@@ -398,8 +510,9 @@ bool SiteStore::forget(const std::string& unitKey)
         return false;
     auto db = QSqlDatabase::database(connection_, false);
     QSqlError error;
-    if (!Sqlite::beginWrite(db, error)) {
+    if (!beginWrite(db, error)) {
         problem_ = error.text();
+        noteLostServer();
         return false;
     }
     QSqlQuery query(db);
@@ -412,9 +525,15 @@ bool SiteStore::forget(const std::string& unitKey)
         if (ok && std::string_view(table) == "units")
             removedUnits = query.numRowsAffected();
     }
+    QString failure = ok ? QString() : query.lastError().text();
+    if (ok && server_ && !Postgres::announceChange(db, error)) {
+        ok = false;
+        failure = error.text();
+    }
     if (!ok || !db.commit()) {
-        problem_ = ok ? db.lastError().text() : query.lastError().text();
+        problem_ = ok ? db.lastError().text() : failure;
         db.rollback();
+        noteLostServer();
         return false;
     }
     known_.erase(unitKey);

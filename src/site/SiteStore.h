@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "SiteHistory.h"
 #include "SiteTypes.h"
 
 namespace Site {
@@ -32,6 +33,7 @@ enum class StoreState {
     Ready,        // remembering
     NewerSchema,  // written by a newer VornLink: read-only
     Unavailable,  // not remembering; problem() says why
+    Unreachable,  // the site server does not answer (problem() says why); reconnect() tries again
 };
 
 // Activity entries older than this are removed.
@@ -46,7 +48,8 @@ class SiteStore {
 public:
     // Opens the store at `path`, making the folder and file on first use and
     // bringing an older file up to date. A damaged file is moved aside and a
-    // fresh store started (see takeDamagedNotice).
+    // fresh store started (see takeDamagedNotice). A "postgresql://" URI
+    // instead connects to the site's server and brings its store up to date.
     static std::unique_ptr<SiteStore> open(const QString& path, Time now = Clock::now());
     ~SiteStore();
     SiteStore(const SiteStore&) = delete;
@@ -54,6 +57,15 @@ public:
 
     StoreState state() const { return state_; }
     bool canRecord() const { return state_ == StoreState::Ready; }
+    bool canRead() const { return state_ == StoreState::Ready || state_ == StoreState::NewerSchema; }
+    // True for a store on a PostgreSQL server.
+    bool onServer() const { return server_; }
+    // Connects again to a server that was unreachable; true when the store is ready.
+    bool reconnect(Time now = Clock::now());
+    // On a server: true when another program stored something since the last
+    // call (the server tells at once; this only reads what it told). Always
+    // false on a file.
+    bool changedElsewhere();
     // Why nothing is remembered ("cannot write /home/…: Permission denied"), or empty.
     const QString& problem() const { return problem_; }
     const QString& path() const { return path_; }
@@ -64,7 +76,9 @@ public:
     // unchanged one refreshes its last-seen time at most once a minute),
     // writes sent, activity entries; in one transaction, or in one per
     // kSightingsPerTransaction sightings, so that no other program waits long.
-    // False when something could not be stored; problem() then says why.
+    // False when something could not be stored; problem() then says why, and
+    // state() is Unreachable when the server went away (nothing of the failed
+    // transaction was kept).
     bool record(const std::vector<Sighting>& sightings, const std::vector<WriteRecord>& writes = {},
                 const std::vector<ActivityEntry>& activity = {});
 
@@ -76,6 +90,13 @@ public:
     std::optional<RememberedUnit> findUnit(const std::string& name);
     // The unit's configuration versions, newest first, with their causes.
     std::vector<HistoryEntry> history(const std::string& unitKey);
+    // The unit's configuration versions and the writes sent to it, oldest first.
+    std::vector<StoredVersion> versions(const std::string& unitKey);
+    std::vector<WriteRecord> writes(const std::string& unitKey);
+    // Every unit key that writes were recorded for (a unit heard elsewhere may have none here).
+    std::vector<std::string> writtenUnitKeys();
+    // True when the store remembers no unit, no write and no activity.
+    bool holdsNothing();
     // Activity entries from `since` on, oldest first.
     std::vector<ActivityEntry> activity(Time since);
     // The newest `count` activity entries from before `before`, oldest first.
@@ -95,6 +116,10 @@ private:
 
     SiteStore() = default;
     void setUnavailable(const QString& problem);
+    void connectServer(Time now);
+    void dropConnection();
+    // After a failure: true (and Unreachable) when the server's connection is gone.
+    bool noteLostServer();
     bool recordSighting(const Sighting& sighting);
     bool recordInOne(std::span<const Sighting> sightings, const std::vector<WriteRecord>& writes,
                      const std::vector<ActivityEntry>& activity);
@@ -103,6 +128,9 @@ private:
     bool failed(const class QSqlQuery& query);
 
     StoreState state_ = StoreState::Unavailable;
+    bool server_ = false;
+    // Whether the transaction at hand changed anything, to be announced.
+    bool wrote_ = false;
     QString problem_;
     QString path_;
     QString connection_;

@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "SqlStatement.h"
+
 namespace Site::Sqlite {
 namespace {
 
@@ -79,15 +81,6 @@ bool looksWhole(const QString& path)
     return !countValid || static_cast<qint64>(pageSize) * pages <= size;
 }
 
-bool run(QSqlDatabase& db, const QString& statement, QSqlError& error)
-{
-    QSqlQuery query(db);
-    if (query.exec(statement))
-        return true;
-    error = query.lastError();
-    return false;
-}
-
 }  // namespace
 
 Opened openFile(const QString& path, const QString& connection, bool readOnly)
@@ -121,11 +114,11 @@ Opened openFile(const QString& path, const QString& connection, bool readOnly)
     }
     QSqlError error;
     // Readers never wait for the writer; a killed writer loses nothing it committed.
-    const bool ready = (readOnly || run(opened.db, QStringLiteral("PRAGMA journal_mode=WAL"), error))
-        && run(opened.db, QStringLiteral("PRAGMA synchronous=NORMAL"), error)
-        && run(opened.db, QStringLiteral("PRAGMA foreign_keys=ON"), error)
+    const bool ready = (readOnly || runStatement(opened.db, QStringLiteral("PRAGMA journal_mode=WAL"), error))
+        && runStatement(opened.db, QStringLiteral("PRAGMA synchronous=NORMAL"), error)
+        && runStatement(opened.db, QStringLiteral("PRAGMA foreign_keys=ON"), error)
         // Reading the catalogue is what fails on a file that is no database.
-        && run(opened.db, QStringLiteral("SELECT count(*) FROM sqlite_master"), error);
+        && runStatement(opened.db, QStringLiteral("SELECT count(*) FROM sqlite_master"), error);
     if (!ready) {
         opened.damaged = isDamage(error);
         opened.problem = error.text();
@@ -158,7 +151,7 @@ std::optional<QString> moveAside(const QString& path, Time now)
 
 bool beginWrite(QSqlDatabase& db, QSqlError& error)
 {
-    return run(db, QStringLiteral("BEGIN IMMEDIATE"), error);
+    return runStatement(db, QStringLiteral("BEGIN IMMEDIATE"), error);
 }
 
 QString integrityCheck(QSqlDatabase& db)

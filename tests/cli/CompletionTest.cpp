@@ -65,10 +65,12 @@ std::set<std::string> everyKey()
 
 using Set = std::set<std::string>;
 
+Set fromHelp(const std::string& command, const std::string& section);
+
 TEST(Completion, CommandsAfterTheProgramName)
 {
     EXPECT_EQ(candidates("vornctl "), (Set{"discover", "show", "set", "backup", "restore", "units", "history", "forget",
-                                           "--site", "--no-site", "--help", "--version"}));
+                                           "site", "--site", "--no-site", "--help", "--version"}));
     EXPECT_EQ(candidates("vornctl se"), (Set{"set"}));
     EXPECT_EQ(candidates("vornctl re"), (Set{"restore"}));
 }
@@ -80,6 +82,15 @@ TEST(Completion, EachCommandsOwnOptions)
     EXPECT_EQ(candidates("vornctl restore --d"), (Set{"--dry-run"}));
     EXPECT_EQ(candidates("vornctl set 10.0.0.1 --y"), (Set{"--yes"}));
     EXPECT_EQ(candidates("vornctl backup -"), (Set{"-o", "--output", "--timeout", "--help"}));
+}
+
+TEST(Completion, SiteOffersCopyAndThenCopysOptions)
+{
+    EXPECT_EQ(candidates("vornctl site "), (Set{"copy"}));
+    EXPECT_EQ(candidates("vornctl site copy -"), (Set{"--from", "--to", "--merge", "--help"}));
+    EXPECT_EQ(candidates("vornctl site copy --from laptop.sqlite --m"), (Set{"--merge"}));
+    // The same options as `vornctl site copy --help` lists.
+    EXPECT_EQ(candidates("vornctl site copy -"), fromHelp("site copy", "Options:"));
 }
 
 TEST(Completion, SetOffersEveryWritableKeyAfterTheAddress)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The store when things go wrong: a damaged or cut-short file, a file of a
-// newer VornLink, a folder that cannot be written, two programs writing at
-// once and a writer killed in the middle of a burst.
+// newer VornLink (file or server), a folder that cannot be written, two
+// programs writing at once (file or server) and a writer killed in the middle
+// of a burst.
 #include <gtest/gtest.h>
 
 #include <pwd.h>
@@ -81,6 +82,9 @@ Outcome openElsewhere(const QString& path)
     return outcome;
 }
 
+class SiteFaultsOn : public OnEachStore {};
+INSTANTIATE_TEST_SUITE_P(Stores, SiteFaultsOn, ::testing::Values(Backend::File, Backend::Server), backendName);
+
 // A folder the other process may enter but not write.
 QString readOnlyFolder(const QTemporaryDir& dir)
 {
@@ -144,23 +148,24 @@ TEST(SiteFaults, AnIntactFileIsNotMovedAside)
     EXPECT_TRUE(damagedCopies(scratch.dir).isEmpty());
 }
 
-TEST(SiteFaults, AFileOfANewerVornLinkIsReadButNeverWritten)
+TEST_P(SiteFaultsOn, AFileOfANewerVornLinkIsReadButNeverWritten)
 {
-    Scratch scratch;
-    fillWithUnits(scratch.path(), 3);
+    fillWithUnits(location(), 3);
     {
-        RawFile raw(scratch.path());
+        RawStore raw(location());
         ASSERT_TRUE(raw.exec("UPDATE site_schema SET version = 99"));
     }
 
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
 
     EXPECT_EQ(store->state(), Site::StoreState::NewerSchema);
-    EXPECT_EQ(store->problem(), "This site file is from a newer VornLink; changes are not remembered");
+    EXPECT_EQ(store->problem(), GetParam() == Backend::File
+                                    ? "This site file is from a newer VornLink; changes are not remembered"
+                                    : "The site server holds the store of a newer VornLink; changes are not remembered");
     EXPECT_EQ(store->units().size(), 3u);
     EXPECT_FALSE(store->record({sighting("KT-9999", "10.77.1.99", 0)}));
     EXPECT_FALSE(store->forget(store->units()[0].key));
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM units"), "3");
     EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "99");
 }
@@ -202,14 +207,13 @@ TEST(SiteFaults, UnavailableStoreRecordsAndListsNothing)
     EXPECT_TRUE(store->history("serial:KT-0001").empty());
 }
 
-TEST(SiteFaults, TwoConnectionsWritingAtOnceBothRecordEverything)
+TEST_P(SiteFaultsOn, TwoConnectionsWritingAtOnceBothRecordEverything)
 {
-    Scratch scratch;
-    SiteStore::open(scratch.path());  // made first, so both open an existing file
+    SiteStore::open(location());  // made first, so both open an existing file
     constexpr int kRounds = 150;
     constexpr int kUnits = 10;
     auto writer = [&](const std::string& prefix, bool& allStored) {
-        auto store = SiteStore::open(scratch.path());
+        auto store = SiteStore::open(location());
         allStored = store->canRecord();
         for (int round = 0; round < kRounds && allStored; ++round) {
             std::vector<Site::Sighting> sightings;
@@ -228,7 +232,7 @@ TEST(SiteFaults, TwoConnectionsWritingAtOnceBothRecordEverything)
 
     EXPECT_TRUE(windowStored);
     EXPECT_TRUE(scriptStored);
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions").toInt(), 2 * kRounds * kUnits);
     EXPECT_EQ(raw.value("SELECT count(*) FROM activity").toInt(), 2 * kRounds);
 }
@@ -254,7 +258,7 @@ TEST(SiteFaults, AWriterKilledInABurstLosesNothingItCommitted)
     auto store = SiteStore::open(scratch.path());
     ASSERT_EQ(store->state(), Site::StoreState::Ready);
     EXPECT_FALSE(store->takeDamagedNotice());
-    RawFile raw(scratch.path());
+    RawStore raw(scratch.path());
     EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
     EXPECT_GE(raw.value("SELECT count(*) FROM config_versions").toLong(), committed);
 }

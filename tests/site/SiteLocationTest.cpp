@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include "SiteLocation.h"
@@ -43,4 +44,25 @@ TEST(SiteLocation, UsageProblemsAreNamed)
     EXPECT_EQ(std::get<std::string>(parse({"--site="})), "--site needs a file");
     EXPECT_EQ(std::get<std::string>(parse({"--site", "a", "--site", "b"})), "--site is given twice");
     EXPECT_EQ(std::get<std::string>(parse({"--site", "a", "--no-site"})), "--site and --no-site exclude each other");
+}
+
+TEST(SiteLocation, VornlinkSiteNamesTheStoreWhenSiteIsNotGiven)
+{
+    qputenv("VORNLINK_SITE", "postgresql://desk@studio-db/site");
+    const auto unset = qScopeGuard([] { qunsetenv("VORNLINK_SITE"); });
+
+    EXPECT_EQ(Site::sitePath({}), QString("postgresql://desk@studio-db/site"));
+    EXPECT_EQ(Site::sitePath(std::get<Site::SiteChoice>(parse({"--site", "/tmp/a.sqlite"}))), QString("/tmp/a.sqlite"));
+    EXPECT_FALSE(Site::sitePath(std::get<Site::SiteChoice>(parse({"--no-site"}))));
+}
+
+TEST(SiteLocation, TheWindowsOwnChoiceComesAfterSiteAndVornlinkSite)
+{
+    const QString remembered("postgresql://desk@studio-db/site");
+    EXPECT_EQ(Site::sitePath({}, remembered), remembered);
+    EXPECT_EQ(Site::sitePath(std::get<Site::SiteChoice>(parse({"--site", "/tmp/a.sqlite"})), remembered),
+              QString("/tmp/a.sqlite"));
+    qputenv("VORNLINK_SITE", "/tmp/b.sqlite");
+    const auto unset = qScopeGuard([] { qunsetenv("VORNLINK_SITE"); });
+    EXPECT_EQ(Site::sitePath({}, remembered), QString("/tmp/b.sqlite"));
 }

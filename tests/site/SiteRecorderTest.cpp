@@ -10,10 +10,17 @@
 
 using namespace SiteTest;
 
-TEST(SiteRecorder, WhatIsHandedOverIsInTheFileBeforeALaterJobRuns)
+namespace {
+
+class SiteRecorderOn : public OnEachStore {};
+INSTANTIATE_TEST_SUITE_P(Stores, SiteRecorderOn, ::testing::Values(Backend::File, Backend::Server), backendName);
+
+}  // namespace
+
+TEST_P(SiteRecorderOn, WhatIsHandedOverIsStoredBeforeALaterJobRuns)
 {
-    Scratch scratch;
-    Site::SiteRecorder recorder(scratch.path());
+    Site::SiteRecorder recorder(location());
+    recorder.runAndWait([](Site::SiteStore&) {});  // a server's connection is made on the store's thread
     ASSERT_EQ(recorder.state(), Site::StoreState::Ready);
 
     for (int unit = 0; unit < 50; ++unit)
@@ -25,19 +32,18 @@ TEST(SiteRecorder, WhatIsHandedOverIsInTheFileBeforeALaterJobRuns)
     recorder.runAndWait([&](Site::SiteStore& store) { units = store.units().size(); });
 
     EXPECT_EQ(units, 50u);
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT verdict FROM writes"), "no answer");
     EXPECT_EQ(raw.value("SELECT message FROM activity"), "found 10.77.1.2");
 }
 
-TEST(SiteRecorder, WhatIsPendingIsStoredWhenTheRecorderEnds)
+TEST_P(SiteRecorderOn, WhatIsPendingIsStoredWhenTheRecorderEnds)
 {
-    Scratch scratch;
     {
-        Site::SiteRecorder recorder(scratch.path());
+        Site::SiteRecorder recorder(location());
         recorder.heard(sighting("KT-1", "10.77.1.2", 0));
     }
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM units"), "1");
 }
 
@@ -62,11 +68,11 @@ TEST(SiteRecorder, TheProblemListenerHearsABatchFailAndTheNextOneGoThrough)
     ASSERT_EQ(recorder.state(), Site::StoreState::Ready);  // opened before another program takes the lock
     std::mutex heardLock;
     std::vector<QString> heard;
-    recorder.setProblemListener([&](const QString& problem) {
+    recorder.setProblemListener([&](Site::StoreState, const QString& problem) {
         std::lock_guard guard(heardLock);
         heard.push_back(problem);
     });
-    RawFile other(scratch.path());
+    RawStore other(scratch.path());
     // Another program holds the write lock longer than the store waits for it.
     ASSERT_TRUE(other.exec(QStringLiteral("BEGIN IMMEDIATE")));
     recorder.logged({at(1), "found 10.77.1.2"});

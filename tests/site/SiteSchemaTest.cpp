@@ -33,7 +33,7 @@ TEST(SiteSchema, MigrationOneMakesUnitsVersionsAndWritesInANewFile)
     Scratch scratch;
     migrateTo(scratch.path(), 1);
 
-    RawFile raw(scratch.path());
+    RawStore raw(scratch.path());
     EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "1");
     EXPECT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', '', '', 1, 2)"));
     EXPECT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1, '10.0.0.1', '{}')"));
@@ -47,7 +47,7 @@ TEST(SiteSchema, MigrationTwoAddsActivityAndKeepsWhatVersionOneHeld)
     Scratch scratch;
     migrateTo(scratch.path(), 1);
     {
-        RawFile raw(scratch.path());
+        RawStore raw(scratch.path());
         ASSERT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', 'eth0', '2.1', 1000, 2000)"));
         ASSERT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1000, '10.0.0.1',"
                              " '{\"Channel\":\"3\",\"Serial\":\"A\"}')"));
@@ -55,7 +55,7 @@ TEST(SiteSchema, MigrationTwoAddsActivityAndKeepsWhatVersionOneHeld)
 
     migrateTo(scratch.path(), 2);
 
-    RawFile raw(scratch.path());
+    RawStore raw(scratch.path());
     EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "2");
     EXPECT_TRUE(raw.exec("INSERT INTO activity VALUES (1, 'found 10.0.0.1')"));
     EXPECT_EQ(raw.value("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND name = 'versions_by_unit'"),
@@ -74,6 +74,6 @@ TEST(SiteSchema, OpeningAnOlderFileBringsItToTheLatestVersion)
     auto store = Site::SiteStore::open(scratch.path());
 
     EXPECT_EQ(store->state(), Site::StoreState::Ready);
-    RawFile raw(scratch.path());
+    RawStore raw(scratch.path());
     EXPECT_EQ(raw.value("SELECT version FROM site_schema").toInt(), Site::Schema::latestVersion());
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The store on a real file: first use, units, versions stored once per
-// change, last-seen times, writes, activity retention, forgetting.
+// The store on a real file and on a real server: first use, units, versions
+// stored once per change, last-seen times, writes, activity retention, forgetting.
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -29,6 +29,10 @@ Site::WriteRecord channelWrite(const std::string& serial, const std::string& add
     return {at(seconds), "vornctl", "desk-3", "kim", serial, address, {{"Channel", channel}}, Site::Verdict::Confirmed, {}};
 }
 
+// Each of these runs on an SQLite file and on a PostgreSQL server.
+class SiteStoreOn : public OnEachStore {};
+INSTANTIATE_TEST_SUITE_P(Stores, SiteStoreOn, ::testing::Values(Backend::File, Backend::Server), backendName);
+
 }  // namespace
 
 TEST(SiteStore, FirstUseMakesAPrivateFolderAndFileInWalMode)
@@ -41,15 +45,14 @@ TEST(SiteStore, FirstUseMakesAPrivateFolderAndFileInWalMode)
     ASSERT_EQ(store->state(), Site::StoreState::Ready) << store->problem().toStdString();
     EXPECT_EQ(modeOf(QFileInfo(path).absolutePath()), 0700u);
     EXPECT_EQ(modeOf(path), 0600u);
-    RawFile raw(path);
+    RawStore raw(path);
     EXPECT_EQ(raw.value("PRAGMA journal_mode"), "wal");
     EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "2");
 }
 
-TEST(SiteStore, ANewUnitIsRememberedWithItsFirstVersion)
+TEST_P(SiteStoreOn, ANewUnitIsRememberedWithItsFirstVersion)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
 
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
 
@@ -68,10 +71,9 @@ TEST(SiteStore, ANewUnitIsRememberedWithItsFirstVersion)
     EXPECT_EQ(history[0].config.at("Channel"), "3");
 }
 
-TEST(SiteStore, AUnitWithoutSerialIsRememberedByAddress)
+TEST_P(SiteStoreOn, AUnitWithoutSerialIsRememberedByAddress)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
 
     ASSERT_TRUE(store->record({sighting("", "10.77.1.9", 0)}));
 
@@ -80,38 +82,35 @@ TEST(SiteStore, AUnitWithoutSerialIsRememberedByAddress)
     EXPECT_EQ(store->findUnit("10.77.1.9")->key, "address:10.77.1.9");
 }
 
-TEST(SiteStore, TheSameConfigurationIsStoredOnceHoweverOftenItIsReported)
+TEST_P(SiteStoreOn, TheSameConfigurationIsStoredOnceHoweverOftenItIsReported)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
 
     for (int round = 0; round < 20; ++round)
         ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", round * 5)}));
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 200, {{"Channel", "9"}})}));
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 205, {{"Channel", "9"}})}));
 
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "2");
 }
 
-TEST(SiteStore, AnotherConnectionsVersionIsNotStoredTwice)
+TEST_P(SiteStoreOn, AnotherConnectionsVersionIsNotStoredTwice)
 {
-    Scratch scratch;
-    auto window = SiteStore::open(scratch.path());
-    auto script = SiteStore::open(scratch.path());
+    auto window = SiteStore::open(location());
+    auto script = SiteStore::open(location());
     ASSERT_TRUE(window->record({sighting("KT-0001", "10.77.1.5", 0)}));
 
     ASSERT_TRUE(script->record({sighting("KT-0001", "10.77.1.5", 10, {{"Channel", "9"}})}));
     ASSERT_TRUE(window->record({sighting("KT-0001", "10.77.1.5", 12, {{"Channel", "9"}})}));
 
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "2");
 }
 
-TEST(SiteStore, LastSeenIsWrittenAtMostOnceAMinuteForAnUnchangedUnit)
+TEST_P(SiteStoreOn, LastSeenIsWrittenAtMostOnceAMinuteForAnUnchangedUnit)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
 
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 30)}));
@@ -120,10 +119,9 @@ TEST(SiteStore, LastSeenIsWrittenAtMostOnceAMinuteForAnUnchangedUnit)
     EXPECT_EQ(store->units()[0].lastSeen, at(60));
 }
 
-TEST(SiteStore, AChangedConfigurationOrAddressIsWrittenAtOnce)
+TEST_P(SiteStoreOn, AChangedConfigurationOrAddressIsWrittenAtOnce)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
 
     auto moved = sighting("KT-0001", "10.77.1.6", 5);
@@ -138,10 +136,9 @@ TEST(SiteStore, AChangedConfigurationOrAddressIsWrittenAtOnce)
     EXPECT_EQ(store->findUnit("10.77.1.6")->key, "serial:KT-0001");
 }
 
-TEST(SiteStore, HistoryNamesTheWriteTheOutsideChangeAndFirstSeenNewestFirst)
+TEST_P(SiteStoreOn, HistoryNamesTheWriteTheOutsideChangeAndFirstSeenNewestFirst)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 12, {{"Channel", "9"}})},
                               {channelWrite("KT-0001", "10.77.1.5", 10, "9")}));
@@ -165,10 +162,9 @@ TEST(SiteStore, HistoryNamesTheWriteTheOutsideChangeAndFirstSeenNewestFirst)
     EXPECT_TRUE(history[2].changes.empty());
 }
 
-TEST(SiteStore, AWriteKeepsItsVerdictAndTheKeysNotConfirmed)
+TEST_P(SiteStoreOn, AWriteKeepsItsVerdictAndTheKeysNotConfirmed)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
     auto write = channelWrite("KT-0001", "10.77.1.5", 10, "9");
     write.sent.insert_or_assign("TallyType", "4");
@@ -184,10 +180,9 @@ TEST(SiteStore, AWriteKeepsItsVerdictAndTheKeysNotConfirmed)
     EXPECT_EQ(history[0].write->sent.at("TallyType"), "4");
 }
 
-TEST(SiteStore, ForgetRemovesTheUnitItsVersionsAndItsWrites)
+TEST_P(SiteStoreOn, ForgetRemovesTheUnitItsVersionsAndItsWrites)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0), sighting("KT-0002", "10.77.1.6", 0)},
                               {channelWrite("KT-0001", "10.77.1.5", 1, "9")}));
 
@@ -196,7 +191,7 @@ TEST(SiteStore, ForgetRemovesTheUnitItsVersionsAndItsWrites)
 
     ASSERT_EQ(store->units().size(), 1u);
     EXPECT_EQ(store->units()[0].serial, "KT-0002");
-    RawFile raw(scratch.path());
+    RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions WHERE unit_key = 'serial:KT-0001'"), "0");
     EXPECT_EQ(raw.value("SELECT count(*) FROM writes"), "0");
     // Heard again, it starts over as a unit seen for the first time.
@@ -204,28 +199,26 @@ TEST(SiteStore, ForgetRemovesTheUnitItsVersionsAndItsWrites)
     EXPECT_EQ(store->findUnit("KT-0001")->firstSeen, at(50));
 }
 
-TEST(SiteStore, ActivityIsKeptNinetyDays)
+TEST_P(SiteStoreOn, ActivityIsKeptNinetyDays)
 {
-    Scratch scratch;
     const int day = 24 * 3600;
     {
-        auto store = SiteStore::open(scratch.path(), at(0));
+        auto store = SiteStore::open(location(), at(0));
         ASSERT_TRUE(store->record({}, {}, {{at(0), "found 10.77.1.5"}, {at(10 * day), "wrote Channel"}}));
         EXPECT_EQ(store->pruneActivity(at(90 * day)), 0);
         EXPECT_EQ(store->activity(at(0)).size(), 2u);
     }
     // Opening a day after the first entry's ninety days removes it.
-    auto store = SiteStore::open(scratch.path(), at(91 * day));
+    auto store = SiteStore::open(location(), at(91 * day));
     const auto left = store->activity(at(0));
     ASSERT_EQ(left.size(), 1u);
     EXPECT_EQ(left[0].message, "wrote Channel");
     EXPECT_EQ(left[0].at, at(10 * day));
 }
 
-TEST(SiteStore, TheNewestActivityBeforeAnInstantComesOldestFirst)
+TEST_P(SiteStoreOn, TheNewestActivityBeforeAnInstantComesOldestFirst)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path(), at(0));
+    auto store = SiteStore::open(location(), at(0));
     ASSERT_TRUE(store->record({}, {}, {{at(1), "one"}, {at(2), "two"}, {at(3), "three"}, {at(4), "this run"}}));
 
     const auto earlier = store->activityBefore(at(4), 2);
@@ -238,10 +231,9 @@ TEST(SiteStore, TheNewestActivityBeforeAnInstantComesOldestFirst)
     EXPECT_TRUE(store->activityBefore(at(1), 10).empty());
 }
 
-TEST(SiteStore, FindUnitTakesASerialBeforeAnAddress)
+TEST_P(SiteStoreOn, FindUnitTakesASerialBeforeAnAddress)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0), sighting("KT-0002", "10.77.1.6", 0)}));
 
     EXPECT_EQ(store->findUnit("KT-0002")->address, "10.77.1.6");
@@ -249,10 +241,9 @@ TEST(SiteStore, FindUnitTakesASerialBeforeAnAddress)
     EXPECT_FALSE(store->findUnit("KT-0003"));
 }
 
-TEST(SiteStore, LatestConfigurationsGiveEachUnitsNewestVersionInOneList)
+TEST_P(SiteStoreOn, LatestConfigurationsGiveEachUnitsNewestVersionInOneList)
 {
-    Scratch scratch;
-    auto store = SiteStore::open(scratch.path());
+    auto store = SiteStore::open(location());
     auto first = sighting("KT-0001", "10.77.1.5", 0);
     ASSERT_TRUE(store->record({first, sighting("KT-0002", "10.77.1.7", 0)}));
     auto changed = sighting("KT-0001", "10.77.1.5", 5);

@@ -22,6 +22,7 @@ constexpr auto kActivityShown = "window/activityShown";
 constexpr auto kLastUnit = "window/lastUnit";
 constexpr auto kLastTab = "window/lastTab";
 constexpr auto kBackupFolder = "backup/folder";
+constexpr auto kSiteStore = "site/store";
 // The editor's tabs: Tally, Communication, Network, Details.
 constexpr int kTabCount = 4;
 // No sidebar wider than this is taken from the file.
@@ -64,6 +65,8 @@ WindowMemory::WindowMemory(std::unique_ptr<QSettings> settings, QObject* parent)
         lastTab_ = *tab;
     if (const auto folder = read<QUrl>(*settings_, kBackupFolder); folder && folder->isLocalFile())
         backupFolder_ = *folder;
+    if (const auto site = read<QString>(*settings_, kSiteStore))
+        siteStore_ = site->trimmed();
 }
 
 WindowMemory::~WindowMemory() = default;
@@ -115,6 +118,15 @@ void WindowMemory::setLastUnit(const QString& address)
         return;
     lastUnit_ = address;
     store(kLastUnit, address);
+}
+
+void WindowMemory::setSiteStore(const QString& location)
+{
+    const QString trimmed = location.trimmed();
+    if (trimmed == siteStore_)
+        return;
+    siteStore_ = trimmed;
+    store(kSiteStore, trimmed);
 }
 
 void WindowMemory::setLastTab(int tab)

@@ -29,6 +29,9 @@ class WindowMemory : public QObject {
     Q_PROPERTY(int lastTab READ lastTab WRITE setLastTab NOTIFY changed)
     // The folder of the last backup file chosen, or empty.
     Q_PROPERTY(QUrl backupFolder READ backupFolder NOTIFY changed)
+    // The site file or server URI chosen with "Site store…", used from the
+    // next start; empty: the user's own file.
+    Q_PROPERTY(QString siteStore READ siteStore WRITE setSiteStore NOTIFY changed)
 
 public:
     // Remembers in `settings`; with none, for this object's life only. No
@@ -51,6 +54,8 @@ public:
     int lastTab() const { return lastTab_; }
     void setLastTab(int tab);
     QUrl backupFolder() const { return backupFolder_; }
+    QString siteStore() const { return siteStore_; }
+    void setSiteStore(const QString& location);
     // Remembers the folder of a backup file just chosen.
     Q_INVOKABLE void rememberBackupFile(const QUrl& file);
 
@@ -71,4 +76,5 @@ private:
     QString lastUnit_;
     int lastTab_ = 0;
     QUrl backupFolder_;
+    QString siteStore_;
 };

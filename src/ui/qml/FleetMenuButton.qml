@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The "…" button of the sidebar footer and its menu of work on all units:
-// export every listed unit into one backup file, restore from one, or scan
-// a block of addresses for units behind a router.
+// export every listed unit into one backup file, restore from one, scan
+// a block of addresses for units behind a router, or choose the site store.
 import QtQuick
 import VornLink
 import QtQuick.Controls.Basic
@@ -10,6 +10,8 @@ GhostButton {
     id: root
 
     readonly property alias menu: menu
+    // The "Site store…" dialog once it was opened, else null.
+    readonly property var siteStoreDialog: siteStoreLoader.item
 
     signal exportAllRequested()
     signal restoreRequested()
@@ -54,6 +56,25 @@ GhostButton {
             text: qsTr("Scan addresses\u2026")
             glyph: Glyphs.scan
             onTriggered: root.scanRequested()
+        }
+        FleetMenuEntry {
+            objectName: "siteStoreItem"
+            text: qsTr("Site store\u2026")
+            glyph: Glyphs.siteStore
+            onTriggered: {
+                siteStoreLoader.active = true;
+                siteStoreLoader.item.open();
+            }
+        }
+    }
+
+    // Made on first use: nothing of it at start.
+    Loader {
+        id: siteStoreLoader
+
+        active: false
+        sourceComponent: SiteStoreDialog {
+            objectName: "siteStoreDialog"
         }
     }
 }

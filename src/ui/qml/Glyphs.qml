@@ -38,4 +38,5 @@ QtObject {
     readonly property string restore: "\ue8b3"      // restore: restore from a backup
     readonly property string scan: "\ue8b6"         // search: scan an address block
     readonly property string forget: "\ue92e"       // delete_outline: forget a remembered unit
+    readonly property string siteStore: "\ue1db"    // storage: where the site is remembered
 }

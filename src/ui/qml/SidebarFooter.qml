@@ -192,8 +192,8 @@ Rectangle {
             }
         }
 
-        // Under the status line: why the site is not remembered, or that its
-        // damaged file was moved aside.
+        // Under the status line: why the site is not remembered, that its
+        // server is unreachable, or that its damaged file was moved aside.
         Text {
             objectName: "siteNotice"
             Layout.fillWidth: true

@@ -10,6 +10,9 @@
 
 namespace {
 
+// Every list there is, to read again when another workstation changed the store.
+std::vector<UnitHistory*> lists;
+
 QString text(const std::string& value)
 {
     return QString::fromStdString(value);
@@ -32,6 +35,18 @@ UnitHistory::UnitHistory(QObject* parent) : QAbstractListModel(parent), recorder
     reloadSoon_.setSingleShot(true);
     reloadSoon_.setInterval(0);
     connect(&reloadSoon_, &QTimer::timeout, this, &UnitHistory::reload);
+    lists.push_back(this);
+}
+
+UnitHistory::~UnitHistory()
+{
+    std::erase(lists, this);
+}
+
+void UnitHistory::storeChangedElsewhere()
+{
+    for (auto* list : lists)
+        list->reloadSoon_.start();
 }
 
 int UnitHistory::rowCount(const QModelIndex& parent) const

@@ -37,6 +37,10 @@ public:
     enum Role { TimeRole = Qt::UserRole + 1, CauseRole, ChangesRole };
 
     explicit UnitHistory(QObject* parent = nullptr);
+    ~UnitHistory() override;
+
+    // Every list reads again: another workstation stored something.
+    static void storeChangedElsewhere();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
