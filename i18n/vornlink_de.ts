@@ -1136,6 +1136,14 @@
         <source>%1: %2 → %3</source>
         <translation>%1: %2 → %3</translation>
     </message>
+    <message>
+        <source>First seen on %1</source>
+        <translation>Zuerst gesehen auf %1</translation>
+    </message>
+    <message>
+        <source>Changed outside VornLink · heard on %1</source>
+        <translation>Außerhalb von VornLink geändert · gehört auf %1</translation>
+    </message>
 </context>
 <context>
     <name>UnitRowMenu</name>

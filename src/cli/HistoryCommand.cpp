@@ -27,9 +27,9 @@ std::string causeName(Site::Cause cause)
 std::string causeLine(const Site::HistoryEntry& entry)
 {
     if (entry.cause == Site::Cause::FirstSeen)
-        return "First seen";
+        return entry.host.empty() ? "First seen" : "First seen on " + entry.host;
     if (!entry.write)
-        return "Changed outside VornLink";
+        return entry.host.empty() ? "Changed outside VornLink" : "Changed outside VornLink \u00B7 heard on " + entry.host;
     const auto& write = *entry.write;
     std::string line = (write.program == "vornctl" ? "Set by vornctl" : "Saved from VornLink") + std::string(" by ")
         + write.user + " on " + write.host + " \u00B7 " + Site::verdictText(write.verdict);
@@ -59,6 +59,7 @@ nlohmann::ordered_json entryJson(const Site::HistoryEntry& entry, bool showSecre
             {"user", orNull([](const Site::WriteRecord& w) { return w.user; })},
             {"host", orNull([](const Site::WriteRecord& w) { return w.host; })},
             {"verdict", orNull([](const Site::WriteRecord& w) { return Site::verdictText(w.verdict); })},
+            {"heard_on", entry.host.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(entry.host)},
             {"changes", changes}};
 }
 

@@ -41,10 +41,10 @@ bool copySite(SiteStore& from, SiteStore& to, CopyCount& count)
         const auto writes = missingWrites(from, to, unit.key);
         std::vector<Sighting> sightings;
         for (const auto& version : versions)
-            sightings.push_back({version.address, unit.interface, version.config, version.seenAt});
+            sightings.push_back({version.address, unit.interface, version.config, version.seenAt, version.host});
         // Heard last after its latest change: that time too.
         if (unit.lastSeen > newest.seenAt)
-            sightings.push_back({unit.address, unit.interface, newest.config, unit.lastSeen});
+            sightings.push_back({unit.address, unit.interface, newest.config, unit.lastSeen, newest.host});
         if (!to.record(sightings, writes))
             return false;
         copiedKeys.insert(unit.key);

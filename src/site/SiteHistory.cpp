@@ -48,6 +48,7 @@ std::vector<HistoryEntry> buildHistory(const std::vector<StoredVersion>& version
         HistoryEntry entry;
         entry.at = versions[i].seenAt;
         entry.config = versions[i].config;
+        entry.host = versions[i].host;
         if (i > 0) {
             entry.changes = keyChanges(versions[i - 1].config, versions[i].config);
             entry.cause = Cause::Outside;

@@ -13,6 +13,7 @@ struct StoredVersion {
     Time seenAt;
     Vorn::Config config;
     std::string address{};  // where the unit was heard
+    std::string host{};     // the computer that heard it; empty when not known
 };
 
 // `versions` and `writes` oldest first; the result newest first. A version

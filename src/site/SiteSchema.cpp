@@ -37,6 +37,10 @@ const std::vector<QStringList>& migrations()
             QStringLiteral("CREATE INDEX versions_by_unit ON config_versions (unit_key, seen_ms)"),
             QStringLiteral("CREATE INDEX writes_by_unit ON writes (unit_key, sent_ms)"),
         },
+        // 3: the computer that heard each configuration version ("" before).
+        {
+            QStringLiteral("ALTER TABLE config_versions ADD COLUMN host TEXT NOT NULL DEFAULT ''"),
+        },
     };
     return steps;
 }

@@ -277,12 +277,13 @@ bool SiteStore::recordSighting(const Sighting& sighting)
             return true;
         }
     }
-    query.prepare(QStringLiteral("INSERT INTO config_versions (unit_key, seen_ms, address, config)"
-                                 " VALUES (?, ?, ?, ?)"));
+    query.prepare(QStringLiteral("INSERT INTO config_versions (unit_key, seen_ms, address, config, host)"
+                                 " VALUES (?, ?, ?, ?, ?)"));
     query.addBindValue(text(key));
     query.addBindValue(QVariant::fromValue<qint64>(heardMs));
     query.addBindValue(text(sighting.address));
     query.addBindValue(text(config));
+    query.addBindValue(text(sighting.host.value_or(host_)));
     if (!query.exec())
         return failed(query);
     known_.insert_or_assign(key, Known{config, sighting.address, sighting.interface, heardMs});
@@ -416,11 +417,13 @@ std::vector<StoredVersion> SiteStore::versions(const std::string& unitKey)
     if (!canRead())
         return versions;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
-    query.prepare(QStringLiteral("SELECT seen_ms, config, address FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
+    query.prepare(QStringLiteral(
+        "SELECT seen_ms, config, address, host FROM config_versions WHERE unit_key = ? ORDER BY seen_ms"));
     query.addBindValue(text(unitKey));
     if (query.exec()) {
         while (query.next())
-            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1))), text(query.value(2))});
+            versions.push_back({timeOf(query.value(0)), configFromText(text(query.value(1))), text(query.value(2)),
+                                text(query.value(3))});
     }
     return versions;
 }

@@ -26,6 +26,7 @@
 
 #include "SiteHistory.h"
 #include "SiteTypes.h"
+#include "WriteOrigin.h"
 
 namespace Site {
 
@@ -137,6 +138,8 @@ private:
     std::optional<QString> damagedAside_;
     // What this connection last stored per unit, so an unchanged reply costs no query.
     std::map<std::string, Known> known_;
+    // The computer a version heard here is stored with.
+    const std::string host_ = hostName();
 };
 
 }  // namespace Site

@@ -21,6 +21,8 @@ struct Sighting {
     std::string interface;  // where it was heard ("studio0 · 10.77.1.1/24"), or empty
     Vorn::Config config;    // the whole configuration as reported
     Time heardAt;
+    // The computer that heard it, "" when not known; none for this one.
+    std::optional<std::string> host{};
 };
 
 enum class Verdict { Confirmed, NotConfirmed, NoAnswer, Moved };
@@ -69,6 +71,7 @@ struct HistoryEntry {
     std::optional<WriteRecord> write;  // with Cause::Written
     std::vector<KeyChange> changes;    // against the version before; none when first seen
     Vorn::Config config;
+    std::string host;                  // the computer that heard it; empty when not known
 };
 
 // "serial:<Serial>" for a unit that reports a serial, else "address:<address>".

@@ -104,16 +104,20 @@ TEST_F(VornctlSiteOnLan, AChangeMadeOutsideBetweenTwoRunsIsOutsideAndHidesThePas
     ASSERT_EQ(versions.size(), 2u) << versions.dump();
     EXPECT_EQ(versions[0]["cause"], "outside");
     EXPECT_EQ(versions[0]["user"], nullptr);
+    // The computer that heard the change; here, this one.
+    const std::string host = hostName();
+    EXPECT_EQ(versions[0]["heard_on"], host);
     EXPECT_EQ(versions[0]["changes"], nlohmann::json::parse(R"json([
         {"key": "Channel", "from": "3", "to": "9"},
         {"key": "CallMagic", "from": "(hidden)", "to": "(hidden)"}])json"));
     const auto shown = history("KT-AAA111", {"--show-secrets"});
     EXPECT_EQ(shown[0]["changes"][1], nlohmann::json::parse(R"({"key": "CallMagic", "from": "1234", "to": "7777"})"));
     const auto text = onSite({"history", "KT-AAA111"});
-    EXPECT_NE(text.out.find("  Changed outside VornLink\n  Channel: 3 \u2192 9\n  CallMagic: (hidden) \u2192 (hidden)\n"),
+    EXPECT_NE(text.out.find("  Changed outside VornLink \u00B7 heard on " + host
+                            + "\n  Channel: 3 \u2192 9\n  CallMagic: (hidden) \u2192 (hidden)\n"),
               std::string::npos)
         << text.out;
-    EXPECT_NE(text.out.find("  First seen\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("  First seen on " + host + "\n"), std::string::npos) << text.out;
 }
 
 TEST_F(VornctlSiteOnLan, HistorySinceLeavesOutEarlierVersions)

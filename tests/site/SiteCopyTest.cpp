@@ -35,7 +35,8 @@ Run copy(const QString& from, const QString& to, bool merge = false)
     return {status, out.str(), err.str()};
 }
 
-// Two units, one of them changed by a write and once from outside, and activity.
+// Two units, one of them changed by a write and once from outside (heard on
+// another computer), and activity.
 void fill(const QString& location)
 {
     auto store = SiteStore::open(location);
@@ -45,7 +46,9 @@ void fill(const QString& location)
                               {{at(10), "vornctl", "laptop", "kim", "KT-0001", "10.77.1.5", {{"Channel", "9"}},
                                 Site::Verdict::Confirmed, {}}},
                               {{at(10), "wrote Channel to 10.77.1.5"}}));
-    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 100, {{"Channel", "4"}})}));
+    auto heardElsewhere = sighting("KT-0001", "10.77.1.5", 100, {{"Channel", "4"}});
+    heardElsewhere.host = "vision-desk";
+    ASSERT_TRUE(store->record({heardElsewhere}));
     ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 400, {{"Channel", "4"}})}));
 }
 
@@ -58,7 +61,8 @@ std::string contents(const QString& location)
         text << unit.key << ' ' << unit.address << ' ' << unit.interface << ' ' << unit.firmware << ' '
              << unit.firstSeen.time_since_epoch().count() << ' ' << unit.lastSeen.time_since_epoch().count() << '\n';
         for (const auto& entry : store->history(unit.key)) {
-            text << "  " << entry.at.time_since_epoch().count() << ' ' << static_cast<int>(entry.cause);
+            text << "  " << entry.at.time_since_epoch().count() << ' ' << static_cast<int>(entry.cause) << ' '
+                 << entry.host;
             if (entry.write)
                 text << ' ' << entry.write->host << ' ' << Site::verdictText(entry.write->verdict);
             for (const auto& change : entry.changes)
@@ -82,6 +86,7 @@ TEST_P(SiteCopyInto, AFileIsCopiedWholeAndCopiedBackTheSame)
     ASSERT_EQ(there.status, 0) << there.err;
     EXPECT_EQ(there.out, "copied 2 units, 4 versions, 1 writes and 2 activity entries\n");
     EXPECT_EQ(contents(location()), contents(laptop));
+    EXPECT_NE(contents(location()).find(" vision-desk"), std::string::npos);
 
     const QString back = scratch.dir.filePath("back.sqlite");
     const auto returned = copy(location(), back);

@@ -66,6 +66,26 @@ TEST(SiteSchema, MigrationTwoAddsActivityAndKeepsWhatVersionOneHeld)
     EXPECT_EQ(store->history("serial:A").at(0).config.at("Channel"), "3");
 }
 
+TEST(SiteSchema, MigrationThreeNamesNoComputerForTheVersionsBeforeIt)
+{
+    Scratch scratch;
+    migrateTo(scratch.path(), 2);
+    {
+        RawStore raw(scratch.path());
+        ASSERT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', 'eth0', '2.1', 1000, 2000)"));
+        ASSERT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1000, '10.0.0.1',"
+                             " '{\"Channel\":\"3\",\"Serial\":\"A\"}')"));
+    }
+
+    migrateTo(scratch.path(), 3);
+
+    auto store = Site::SiteStore::open(scratch.path());
+    ASSERT_EQ(store->history("serial:A").size(), 1u);
+    EXPECT_EQ(store->history("serial:A")[0].host, "");
+    ASSERT_TRUE(store->record({sighting("A", "10.0.0.1", 5, {{"Channel", "4"}})}));
+    EXPECT_EQ(store->history("serial:A")[0].host, Site::hostName());
+}
+
 TEST(SiteSchema, OpeningAnOlderFileBringsItToTheLatestVersion)
 {
     Scratch scratch;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "SiteSchema.h"
 #include "SiteStore.h"
 #include "SiteTestKit.h"
 
@@ -47,7 +48,7 @@ TEST(SiteStore, FirstUseMakesAPrivateFolderAndFileInWalMode)
     EXPECT_EQ(modeOf(path), 0600u);
     RawStore raw(path);
     EXPECT_EQ(raw.value("PRAGMA journal_mode"), "wal");
-    EXPECT_EQ(raw.value("SELECT version FROM site_schema"), "2");
+    EXPECT_EQ(raw.value("SELECT version FROM site_schema").toInt(), Site::Schema::latestVersion());
 }
 
 TEST_P(SiteStoreOn, ANewUnitIsRememberedWithItsFirstVersion)
@@ -93,6 +94,21 @@ TEST_P(SiteStoreOn, TheSameConfigurationIsStoredOnceHoweverOftenItIsReported)
 
     RawStore raw(location());
     EXPECT_EQ(raw.value("SELECT count(*) FROM config_versions"), "2");
+}
+
+TEST_P(SiteStoreOn, EachVersionKeepsTheComputerThatHeardIt)
+{
+    auto store = SiteStore::open(location());
+    auto elsewhere = sighting("KT-0001", "10.77.1.5", 10, {{"Channel", "9"}});
+    elsewhere.host = "audio-room";
+    ASSERT_TRUE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
+    ASSERT_TRUE(store->record({elsewhere}));
+
+    const auto history = store->history(Site::unitKey("KT-0001", "10.77.1.5"));
+
+    ASSERT_EQ(history.size(), 2u);
+    EXPECT_EQ(history[0].host, "audio-room");
+    EXPECT_EQ(history[1].host, Site::hostName());
 }
 
 TEST_P(SiteStoreOn, AnotherConnectionsVersionIsNotStoredTwice)

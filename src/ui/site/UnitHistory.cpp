@@ -161,13 +161,14 @@ void UnitHistory::recordVerdict()
 
 QString UnitHistory::causeText(const Site::HistoryEntry& entry) const
 {
-    switch (entry.cause) {
-    case Site::Cause::FirstSeen: return tr("First seen");
-    case Site::Cause::Outside: return tr("Changed outside VornLink");
-    case Site::Cause::Written: break;
+    // On a shared site the computer that heard a version tells where to look.
+    const QString heardOn = text(entry.host);
+    if (entry.cause == Site::Cause::FirstSeen)
+        return heardOn.isEmpty() ? tr("First seen") : tr("First seen on %1").arg(heardOn);
+    if (!entry.write) {
+        return heardOn.isEmpty() ? tr("Changed outside VornLink")
+                                 : tr("Changed outside VornLink · heard on %1").arg(heardOn);
     }
-    if (!entry.write)
-        return tr("Changed outside VornLink");
     const auto& write = *entry.write;
     QString verdict;
     switch (write.verdict) {
