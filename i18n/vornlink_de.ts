@@ -1306,6 +1306,10 @@
         <source>The site server holds the store of a newer VornLink; changes are not remembered</source>
         <translation>Der Standort-Server enthält den Speicher eines neueren VornLink; Änderungen werden nicht gemerkt</translation>
     </message>
+    <message>
+        <source>%1 on %2 wrote %3 → %4 · %5</source>
+        <translation>%1 auf %2 schrieb %3 → %4 · %5</translation>
+    </message>
 </context>
 <context>
     <name>WriteCheck</name>

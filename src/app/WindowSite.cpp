@@ -2,8 +2,11 @@
 #include "WindowSite.h"
 
 #include <QMetaObject>
+#include <QStringList>
 
 #include <utility>
+
+#include "UnitHistory.h"
 
 namespace VornLink {
 
@@ -41,6 +44,7 @@ WindowSite::WindowSite(VornClient& client, const QString& path)
         QMetaObject::invokeMethod(this, [this, state, problem] { showProblem(state, problem); }, Qt::QueuedConnection);
     });
     recorder_.watch([this] { QMetaObject::invokeMethod(this, &WindowSite::changedElsewhere, Qt::QueuedConnection); });
+    connect(this, &WindowSite::changedElsewhere, this, &WindowSite::showWritesElsewhere);
 }
 
 WindowSite::~WindowSite()
@@ -102,6 +106,34 @@ void WindowSite::showEarlierActivity()
         QMetaObject::invokeMethod(
             this, [this, earlier = std::move(earlier)] { client_.showEarlierLog(earlier); }, Qt::QueuedConnection);
     });
+}
+
+void WindowSite::showWritesElsewhere()
+{
+    recorder_.run([this](Site::SiteStore& store) {
+        auto writes = store.newWritesElsewhere();
+        if (writes.empty())
+            return;
+        QMetaObject::invokeMethod(
+            this,
+            [this, writes = std::move(writes)] {
+                for (const auto& write : writes)
+                    client_.showElsewhere(write.sentAt, writeElsewhereText(write));
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+QString WindowSite::writeElsewhereText(const Site::WriteRecord& write)
+{
+    // The keys only: a value may be a password.
+    QStringList keys;
+    for (const auto& [key, value] : write.sent)
+        keys << QString::fromStdString(key);
+    const auto text = [](const std::string& value) { return QString::fromStdString(value); };
+    return tr("%1 on %2 wrote %3 \u2192 %4 · %5")
+        .arg(text(write.user), text(write.host), keys.join(QStringLiteral(", ")), text(write.address),
+             UnitHistory::verdictText(write));
 }
 
 void WindowSite::forget(const Device& unit)

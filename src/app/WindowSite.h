@@ -41,6 +41,10 @@ public:
     // in the client's log when it arrives; the window calls it once, after
     // its first frame.
     void showEarlierActivity();
+    // Reads on the store's thread what other workstations wrote since the
+    // last look, and shows each write once in the client's log; called
+    // whenever another workstation stored something.
+    void showWritesElsewhere();
 
 signals:
     // The remembered units are listed and the store's notice is shown; from
@@ -61,6 +65,8 @@ private:
     void recordRows(int first, int last);
     void forget(const Device& unit);
     void showProblem(Site::StoreState state, const QString& problem);
+    // "kim on audio-room wrote Channel → 10.77.1.5 · confirmed"
+    static QString writeElsewhereText(const Site::WriteRecord& write);
 
     // What was read at start, until the listing is released.
     struct Read {

@@ -266,6 +266,11 @@ void VornClient::showEarlierLog(const std::vector<EarlierEntry>& entries)
     activity_->insertEarlier(lines);
 }
 
+void VornClient::showElsewhere(WallClock::time_point at, const QString& message)
+{
+    activity_->append(logStamps_.textFor(at) + QStringLiteral("  ") + message);
+}
+
 void VornClient::addLog(const QString& message)
 {
     const auto now = clock_->now();

@@ -168,6 +168,9 @@ public:
     void setSiteNotice(const QString& notice);
     // Shows the activity of earlier runs above this run's lines (oldest first), once.
     void showEarlierLog(const std::vector<EarlierEntry>& entries);
+    // Adds what another workstation did at `at` to the activity log; the
+    // store holds it already, so it is not announced as logged.
+    void showElsewhere(WallClock::time_point at, const QString& message);
     bool listening() const { return socket_.isListening(); }
     QStringList log() const { return activity_->lines(); }
     ActivityLog* activity() const { return activity_; }

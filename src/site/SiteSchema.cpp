@@ -37,9 +37,11 @@ const std::vector<QStringList>& migrations()
             QStringLiteral("CREATE INDEX versions_by_unit ON config_versions (unit_key, seen_ms)"),
             QStringLiteral("CREATE INDEX writes_by_unit ON writes (unit_key, sent_ms)"),
         },
-        // 3: the computer that heard each configuration version ("" before).
+        // 3: the computer that heard each configuration version ("" before),
+        // and the writes by time, for what other workstations did meanwhile.
         {
             QStringLiteral("ALTER TABLE config_versions ADD COLUMN host TEXT NOT NULL DEFAULT ''"),
+            QStringLiteral("CREATE INDEX writes_by_time ON writes (sent_ms)"),
         },
     };
     return steps;

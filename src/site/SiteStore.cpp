@@ -59,6 +59,30 @@ RememberedUnit unitOf(const QSqlQuery& query)
 
 constexpr auto kUnitColumns = "unit_key, serial, address, interface, firmware, first_seen_ms, last_seen_ms";
 
+constexpr auto kWriteColumns = "unit_key, sent_ms, program, host, os_user, address, sent, verdict, unconfirmed";
+
+// The writes a query selected as kWriteColumns, in its order.
+std::vector<WriteRecord> writesOf(QSqlQuery& query)
+{
+    std::vector<WriteRecord> writes;
+    while (query.next()) {
+        const std::string key = text(query.value(0));
+        writes.push_back({timeOf(query.value(1)), text(query.value(2)), text(query.value(3)), text(query.value(4)),
+                          key.starts_with("serial:") ? key.substr(7) : std::string(), text(query.value(5)),
+                          configFromText(text(query.value(6))),
+                          verdictFromText(text(query.value(7))).value_or(Verdict::NoAnswer),
+                          keyListFromText(text(query.value(8)))});
+    }
+    return writes;
+}
+
+// What tells one write from another: where it went, when, and who sent it.
+std::string identityOf(const WriteRecord& write)
+{
+    return unitKey(write.serial, write.address) + '\n' + std::to_string(msOf(write.sentAt)) + '\n' + write.program
+        + '\n' + write.host + '\n' + write.user;
+}
+
 }  // namespace
 
 std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
@@ -66,6 +90,7 @@ std::unique_ptr<SiteStore> SiteStore::open(const QString& path, Time now)
     std::unique_ptr<SiteStore> store(new SiteStore);
     store->path_ = path;
     store->connection_ = nextConnectionName();
+    store->newsFrom_ = now;
     if (Postgres::isServerUri(path)) {
         store->connectServer(now);
         return store;
@@ -293,6 +318,7 @@ bool SiteStore::recordSighting(const Sighting& sighting)
 bool SiteStore::recordWrite(const WriteRecord& write)
 {
     wrote_ = true;
+    ownWrites_.insert(identityOf(write));
     QSqlQuery query(QSqlDatabase::database(connection_, false));
     query.prepare(QStringLiteral("INSERT INTO writes (unit_key, sent_ms, program, host, os_user, address, sent,"
                                  " verdict, unconfirmed) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
@@ -434,19 +460,30 @@ std::vector<WriteRecord> SiteStore::writes(const std::string& unitKey)
     if (!canRead())
         return writes;
     QSqlQuery query(QSqlDatabase::database(connection_, false));
-    query.prepare(QStringLiteral("SELECT sent_ms, program, host, os_user, address, sent, verdict, unconfirmed"
-                                 " FROM writes WHERE unit_key = ? ORDER BY sent_ms"));
+    query.prepare(QStringLiteral("SELECT %1 FROM writes WHERE unit_key = ? ORDER BY sent_ms").arg(kWriteColumns));
     query.addBindValue(text(unitKey));
-    if (query.exec()) {
-        const std::string serial = unitKey.starts_with("serial:") ? unitKey.substr(7) : std::string();
-        while (query.next()) {
-            WriteRecord write{timeOf(query.value(0)), text(query.value(1)), text(query.value(2)), text(query.value(3)),
-                              serial, text(query.value(4)), configFromText(text(query.value(5))),
-                              verdictFromText(text(query.value(6))).value_or(Verdict::NoAnswer),
-                              keyListFromText(text(query.value(7)))};
-            writes.push_back(std::move(write));
-        }
-    }
+    if (query.exec())
+        writes = writesOf(query);
+    return writes;
+}
+
+std::vector<WriteRecord> SiteStore::newWritesElsewhere()
+{
+    std::vector<WriteRecord> writes;
+    if (!canRead())
+        return writes;
+    QSqlQuery query(QSqlDatabase::database(connection_, false));
+    query.prepare(QStringLiteral("SELECT %1 FROM writes WHERE sent_ms >= ? ORDER BY sent_ms").arg(kWriteColumns));
+    query.addBindValue(QVariant::fromValue<qint64>(msOf(newsFrom_ - kNewsLookBack)));
+    if (query.exec())
+        writes = writesOf(query);
+    // Each write once, and none of this store's own.
+    std::erase_if(writes, [this](const WriteRecord& write) {
+        const std::string identity = identityOf(write);
+        return ownWrites_.contains(identity) || !toldWrites_.insert(identity).second;
+    });
+    for (const auto& write : writes)
+        newsFrom_ = std::max(newsFrom_, write.sentAt);
     return writes;
 }
 

@@ -20,6 +20,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -42,6 +43,8 @@ inline constexpr auto kActivityKept = std::chrono::hours(24 * 90);
 // Sightings per transaction: another program waits at most for one of them
 // (about 100 ms for 1,000 changed configurations measured on one core).
 inline constexpr std::size_t kSightingsPerTransaction = 250;
+// How long after it was sent a write stored by another program is still news.
+inline constexpr auto kNewsLookBack = std::chrono::minutes(10);
 // A unit heard again with nothing new gets its last-seen time written at most this often.
 inline constexpr auto kLastSeenInterval = std::chrono::minutes(1);
 
@@ -94,6 +97,11 @@ public:
     // The unit's configuration versions and the writes sent to it, oldest first.
     std::vector<StoredVersion> versions(const std::string& unitKey);
     std::vector<WriteRecord> writes(const std::string& unitKey);
+    // The writes other programs stored (not through this store) since the
+    // last call, or since the store was opened, oldest first: what other
+    // workstations did meanwhile. A write stored up to kNewsLookBack after
+    // it was sent (it waited in a journal) still counts.
+    std::vector<WriteRecord> newWritesElsewhere();
     // Every unit key that writes were recorded for (a unit heard elsewhere may have none here).
     std::vector<std::string> writtenUnitKeys();
     // True when the store remembers no unit, no write and no activity.
@@ -140,6 +148,11 @@ private:
     std::map<std::string, Known> known_;
     // The computer a version heard here is stored with.
     const std::string host_ = hostName();
+    // For newWritesElsewhere: the writes stored through this store, those
+    // told already, and the newest one's time.
+    std::set<std::string> ownWrites_;
+    std::set<std::string> toldWrites_;
+    Time newsFrom_;
 };
 
 }  // namespace Site

@@ -25,7 +25,7 @@ void redirect(posix_spawn_file_actions_t& actions, int fd, const std::filesystem
 }  // namespace
 
 pid_t spawn(const std::vector<std::string>& argv, const std::filesystem::path& stdoutPath,
-            const std::filesystem::path& stderrPath)
+            const std::filesystem::path& stderrPath, const std::filesystem::path& workingDirectory)
 {
     std::vector<char*> arguments;
     for (const auto& argument : argv)
@@ -37,6 +37,8 @@ pid_t spawn(const std::vector<std::string>& argv, const std::filesystem::path& s
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
     redirect(actions, 1, stdoutPath);
     redirect(actions, 2, stderrPath);
+    if (!workingDirectory.empty())
+        posix_spawn_file_actions_addchdir_np(&actions, workingDirectory.c_str());
     pid_t pid = -1;
     const int error = posix_spawnp(&pid, arguments[0], &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);

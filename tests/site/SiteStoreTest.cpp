@@ -111,6 +111,38 @@ TEST_P(SiteStoreOn, EachVersionKeepsTheComputerThatHeardIt)
     EXPECT_EQ(history[1].host, Site::hostName());
 }
 
+TEST_P(SiteStoreOn, AnotherProgramsWritesAreNewsOnceAndOwnWritesNever)
+{
+    auto here = SiteStore::open(location());
+    auto there = SiteStore::open(location());
+    const auto now = Site::Clock::now();
+    const Site::WriteRecord theirs{now, "vornctl", "audio-room", "kim", "KT-0001", "10.77.1.5", {{"Channel", "5"}},
+                                   Site::Verdict::Confirmed, {}};
+    const Site::WriteRecord ours{now, "vornlink", "vision", "lee", "KT-0001", "10.77.1.5", {{"Channel", "6"}},
+                                 Site::Verdict::NoAnswer, {}};
+    ASSERT_TRUE(there->record({}, {theirs}));
+    ASSERT_TRUE(here->record({}, {ours}));
+
+    const auto news = here->newWritesElsewhere();
+
+    ASSERT_EQ(news.size(), 1u);
+    EXPECT_EQ(news[0].host, "audio-room");
+    EXPECT_EQ(news[0].serial, "KT-0001");
+    EXPECT_EQ(news[0].sent, (Vorn::Config{{"Channel", "5"}}));
+    EXPECT_TRUE(here->newWritesElsewhere().empty());
+    ASSERT_EQ(there->newWritesElsewhere().size(), 1u);
+}
+
+TEST_P(SiteStoreOn, AWriteSentLongBeforeTheStoreOpenedIsNoNews)
+{
+    const auto now = Site::Clock::now();
+    ASSERT_TRUE(SiteStore::open(location())->record(
+        {}, {{now - Site::kNewsLookBack - std::chrono::minutes(1), "vornctl", "audio-room", "kim", "KT-0001",
+              "10.77.1.5", {{"Channel", "5"}}, Site::Verdict::Confirmed, {}}}));
+
+    EXPECT_TRUE(SiteStore::open(location(), now)->newWritesElsewhere().empty());
+}
+
 TEST_P(SiteStoreOn, AnotherConnectionsVersionIsNotStoredTwice)
 {
     auto window = SiteStore::open(location());

@@ -2,19 +2,24 @@
 #include "TestServer.h"
 
 #include <pwd.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStandardPaths>
 
 #include <algorithm>
 #include <atomic>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "PostgresServer.h"
+#include "Spawn.h"
 
 namespace SiteTest {
 namespace {
@@ -94,24 +99,32 @@ TestServer::~TestServer()
 
 std::optional<QString> TestServer::tool(const QString& name, const QStringList& arguments)
 {
-    QProcess process;
-    process.setWorkingDirectory(dir_.path());
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    const QString program = bin_ + QLatin1Char('/') + name;
+    std::vector<std::string> command;
     if (::geteuid() == 0)
-        process.start(QStringLiteral("runuser"), QStringList{QStringLiteral("-u"), QStringLiteral("nobody"),
-                                                             QStringLiteral("--"), program}
-                                                     + arguments);
-    else
-        process.start(program, arguments);
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        return name + QStringLiteral(" did not finish");
+        command = {"runuser", "-u", "nobody", "--"};
+    command.push_back(QFile::encodeName(bin_ + QLatin1Char('/') + name).toStdString());
+    for (const auto& argument : arguments)
+        command.push_back(QFile::encodeName(argument).toStdString());
+    const QString output = dir_.filePath(name + QStringLiteral(".out"));
+    QFile::remove(output);
+    const std::filesystem::path outputPath = QFile::encodeName(output).toStdString();
+    try {
+        const pid_t child = LanTest::detail::spawn(command, outputPath, outputPath,
+                                                   QFile::encodeName(dir_.path()).toStdString());
+        const auto status = LanTest::detail::waitForExit(child, std::chrono::seconds(60));
+        if (!status) {
+            ::kill(child, SIGKILL);
+            LanTest::detail::waitForExit(child);
+            return name + QStringLiteral(" did not finish");
+        }
+        if (*status == 0)
+            return std::nullopt;
+    } catch (const std::runtime_error& error) {
+        return QString::fromLocal8Bit(error.what());
     }
-    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-        return std::nullopt;
-    return QString::fromLocal8Bit(process.readAll()).trimmed();
+    QFile said(output);
+    said.open(QIODevice::ReadOnly);
+    return QString::fromLocal8Bit(said.readAll()).trimmed();
 }
 
 bool TestServer::start()

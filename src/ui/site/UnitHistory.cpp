@@ -159,6 +159,20 @@ void UnitHistory::recordVerdict()
     reloadSoon_.start();
 }
 
+QString UnitHistory::verdictText(const Site::WriteRecord& write)
+{
+    switch (write.verdict) {
+    case Site::Verdict::Confirmed: return tr("confirmed");
+    case Site::Verdict::NoAnswer: return tr("no answer");
+    case Site::Verdict::Moved: return tr("moved");
+    case Site::Verdict::NotConfirmed: break;
+    }
+    QStringList keys;
+    for (const auto& key : write.unconfirmedKeys)
+        keys << text(key);
+    return tr("not confirmed: %1").arg(keys.join(QStringLiteral(", ")));
+}
+
 QString UnitHistory::causeText(const Site::HistoryEntry& entry) const
 {
     // On a shared site the computer that heard a version tells where to look.
@@ -170,19 +184,7 @@ QString UnitHistory::causeText(const Site::HistoryEntry& entry) const
                                  : tr("Changed outside VornLink · heard on %1").arg(heardOn);
     }
     const auto& write = *entry.write;
-    QString verdict;
-    switch (write.verdict) {
-    case Site::Verdict::Confirmed: verdict = tr("confirmed"); break;
-    case Site::Verdict::NoAnswer: verdict = tr("no answer"); break;
-    case Site::Verdict::Moved: verdict = tr("moved"); break;
-    case Site::Verdict::NotConfirmed: {
-        QStringList keys;
-        for (const auto& key : write.unconfirmedKeys)
-            keys << text(key);
-        verdict = tr("not confirmed: %1").arg(keys.join(QStringLiteral(", ")));
-        break;
-    }
-    }
+    const QString verdict = verdictText(write);
     const QString user = text(write.user);
     const QString host = text(write.host);
     if (write.program == "vornlink")

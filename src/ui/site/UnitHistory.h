@@ -41,6 +41,8 @@ public:
 
     // Every list reads again: another workstation stored something.
     static void storeChangedElsewhere();
+    // "confirmed", "not confirmed: Channel, …", as the list says a write's verdict.
+    static QString verdictText(const Site::WriteRecord& write);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
