@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The window's tie to the site store, on real SQLite files in temporary
-// folders and a client on loopback that is never started: remembered units,
-// forgetting one, the activity of earlier runs and what the store has to say.
+// folders and on a real PostgreSQL server, with a client on loopback that is
+// never started: remembered units, forgetting one, the activity of earlier
+// runs, other workstations' writes and what the store has to say.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -16,7 +17,9 @@
 #include "ClientTestKit.h"
 #include "SmallDisk.h"
 #include "SiteStore.h"
+#include "TestServer.h"
 #include "WindowSite.h"
+#include "WriteOrigin.h"
 
 using namespace ClientTest;
 using namespace std::chrono_literals;
@@ -41,6 +44,10 @@ protected:
         return Site::SiteStore::open(path())->record(
             {{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}});
     }
+
+    // What a site server's recorder cannot send waits in a journal under the
+    // data folder: this test's own, not one other tests running beside it share.
+    void keepJournalHere() const { qputenv("XDG_DATA_HOME", QFile::encodeName(dir.path())); }
 
     std::vector<Site::RememberedUnit> storedUnits(VornLink::WindowSite& site)
     {
@@ -308,4 +315,95 @@ TEST_F(WindowSiteTest, AFullDiskLeavesTheWindowWorkingAndSaysNotRemembering)
     EXPECT_EQ(client->deviceCount(), 400);
     client->ingest(report("10.77.1.20", "KT4-S00001"));
     EXPECT_EQ(client->deviceCount(), 401);
+}
+
+namespace {
+
+// On a database of its own on the test server; skipped, saying why, without one.
+class WindowSiteOnServer : public WindowSiteTest {
+protected:
+    void SetUp() override
+    {
+        keepJournalHere();
+        if (!SiteTest::TestServer::shared().running())
+            GTEST_SKIP() << "no PostgreSQL server for the test: "
+                         << SiteTest::TestServer::shared().whyNot().toStdString();
+        uri = SiteTest::TestServer::shared().newDatabase();
+        ASSERT_FALSE(uri.isEmpty());
+    }
+
+    static qsizetype linesWith(const VornClient& client, const QString& text)
+    {
+        const QStringList log = client.log();
+        return std::count_if(log.begin(), log.end(), [&](const QString& line) { return line.contains(text); });
+    }
+
+    QString uri;
+};
+
+}  // namespace
+
+TEST_F(WindowSiteOnServer, AWriteAnotherWorkstationStoredIsShownInTheActivityOnceAndOurOwnNot)
+{
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, uri);
+    ASSERT_TRUE(listed(site));
+    const auto now = Site::Clock::now();
+    site.recorder().wrote({now, "vornlink", Site::hostName(), Site::userName(), "KT4-R00001", "10.78.5.129",
+                           {{"Channel", "4"}}, Site::Verdict::Confirmed, {}});
+    site.recorder().runAndWait([](Site::SiteStore&) {});
+
+    ASSERT_TRUE(Site::SiteStore::open(uri)->record(
+        {}, {{now, "vornctl", "audio-room", "kim", "KT4-R00001", "10.78.5.129", {{"Channel", "5"}, {"CallMagic", "x1"}},
+              Site::Verdict::NotConfirmed, {"Channel"}}}));
+
+    const QString line = QStringLiteral("kim on audio-room wrote CallMagic, Channel \u2192 10.78.5.129 \u00b7 not confirmed: Channel");
+    ASSERT_TRUE(processEventsUntil([&] { return linesWith(*client, line) > 0; }, std::chrono::seconds(10)))
+        << client->log().join(u'\n').toStdString();
+    // Another look finds nothing new.
+    site.showWritesElsewhere();
+    site.recorder().runAndWait([](Site::SiteStore&) {});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(linesWith(*client, line), 1);
+    EXPECT_EQ(linesWith(*client, QStringLiteral(" wrote ")), 1);
+    EXPECT_EQ(linesWith(*client, QStringLiteral("x1")), 0);
+}
+
+TEST_F(WindowSiteTest, AnUnreachableSiteServerIsSaidAndTheWindowWorksOn)
+{
+    keepJournalHere();
+    auto client = loopbackClient();
+
+    VornLink::WindowSite site(*client, QStringLiteral("postgresql://desk@/site?host=") + dir.path());
+    ASSERT_TRUE(listed(site));
+
+    EXPECT_TRUE(client->siteNotice().startsWith(QStringLiteral("Site server unreachable: ")))
+        << client->siteNotice().toStdString();
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    EXPECT_EQ(client->deviceCount(), 1);
+}
+
+TEST_F(WindowSiteOnServer, TheServerStoppedWhileUnitsAreHeardIsSaidAndWhatWasHeardIsStoredOnceItIsBack)
+{
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, uri);
+    ASSERT_TRUE(listed(site));
+    ASSERT_EQ(client->siteNotice(), QString());
+    auto& server = SiteTest::TestServer::shared();
+    ASSERT_TRUE(server.stop());
+
+    client->ingest(report("10.78.5.129", "KT4-R00001"));
+    ASSERT_TRUE(processEventsUntil([&] { return !client->siteNotice().isEmpty(); }, std::chrono::seconds(10)));
+    EXPECT_TRUE(client->siteNotice().startsWith(QStringLiteral("Site server unreachable: ")))
+        << client->siteNotice().toStdString();
+    client->ingest(report("10.78.5.130", "KT4-R00002"));
+    ASSERT_TRUE(server.start());
+
+    EXPECT_TRUE(processEventsUntil([&] { return client->siteNotice().isEmpty(); }, std::chrono::seconds(15)))
+        << client->siteNotice().toStdString();
+    site.recorder().runAndWait([](Site::SiteStore&) {});
+    const auto units = Site::SiteStore::open(uri)->units();
+    ASSERT_EQ(units.size(), 2u);
+    EXPECT_EQ(units[0].serial, "KT4-R00001");
+    EXPECT_EQ(units[1].serial, "KT4-R00002");
 }
