@@ -33,10 +33,16 @@ QString quoted(const QString& value)
     return QLatin1Char('\'') + escaped + QLatin1Char('\'');
 }
 
-// libpq's words for why nothing answers, on one line.
+// libpq's words for why nothing answers, on one line: its lines become
+// sentences ("… failed: No such file or directory; Is the server running …").
 QString oneLine(const QString& text)
 {
-    return text.simplified();
+    QStringList lines;
+    for (const auto& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        if (const QString said = line.simplified(); !said.isEmpty())
+            lines << said;
+    }
+    return lines.join(QStringLiteral("; "));
 }
 
 // libpq's connection under Qt's, or nullptr.

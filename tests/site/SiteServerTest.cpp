@@ -182,6 +182,9 @@ TEST_P(SiteServer, AServerThatDoesNotAnswerIsUnreachableWithTheReason)
 
     EXPECT_EQ(store->state(), Site::StoreState::Unreachable);
     EXPECT_TRUE(store->problem().contains(scratch.dir.path())) << store->problem().toStdString();
+    // libpq's lines as sentences of one line.
+    EXPECT_TRUE(store->problem().contains(QStringLiteral("directory; Is the server running")))
+        << store->problem().toStdString();
     EXPECT_FALSE(store->record({sighting("KT-0001", "10.77.1.5", 0)}));
     EXPECT_TRUE(store->units().empty());
     EXPECT_FALSE(store->reconnect());

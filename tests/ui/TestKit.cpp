@@ -40,7 +40,7 @@ VornClient* TestKit::makeClient()
 void TestKit::rememberSite(VornClient* client, const QUrl& file)
 {
     closeSite();
-    site_ = std::make_unique<VornLink::WindowSite>(*client, file.toLocalFile());
+    site_ = std::make_unique<VornLink::WindowSite>(*client, file.isLocalFile() ? file.toLocalFile() : file.toString());
     WindowRecorder::use(&site_->recorder());
     // The remembered units are read on the store's thread; a test starts from them listed.
     QEventLoop listing;
@@ -79,6 +79,11 @@ SimulatedUnits* TestKit::startSimulator(VornClient* client, const QVariantList& 
 SimulatedUnits* TestKit::startSimulatorAt(VornClient* client, const QString& address, const QVariantList& units)
 {
     return new SimulatedUnits(address, client->socket().port(), units, this);
+}
+
+QUrl TestKit::silentSiteServer() const
+{
+    return QUrl(QStringLiteral("postgresql://desk@/site?host=") + scratch_.path());
 }
 
 QUrl TestKit::scratchFile(const QString& name)

@@ -49,7 +49,7 @@ class TestKit : public QObject {
 public:
     // A client on a free port that broadcasts to 127.0.0.3 and is not started.
     Q_INVOKABLE VornClient* makeClient();
-    // The window's site store at `file` for `client` (before it starts), read
+    // The window's site store at `file` (or a site server's URI) for `client` (before it starts), read
     // and recorded by the History tabs made after it; replaces the last one.
     // Returns once the remembered units are listed.
     Q_INVOKABLE void rememberSite(VornClient* client, const QUrl& file);
@@ -96,6 +96,8 @@ public:
 
     // The URL of `name` in a folder of this test run, removed at its end.
     Q_INVOKABLE QUrl scratchFile(const QString& name);
+    // A site server's address where no server answers (a scratch folder).
+    Q_INVOKABLE QUrl silentSiteServer() const;
     // Writes `text` into the file at `url`; false when it cannot.
     Q_INVOKABLE bool writeTextFile(const QUrl& url, const QString& text) const;
     Q_INVOKABLE QString readTextFile(const QUrl& url) const;

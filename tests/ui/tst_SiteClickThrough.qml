@@ -227,4 +227,17 @@ TestCase {
         TestKit.ingest(client, "10.232.1.40", unitConfig("10.232.1.40", "KT4-000040"));
         compare(client.deviceCount, 1);
     }
+
+    function test_the_footer_says_when_the_site_server_does_not_answer() {
+        // A folder where no server listens.
+        client = TestKit.makeClient();
+        TestKit.rememberSite(client, TestKit.silentSiteServer());
+        view = createTemporaryObject(viewComponent, testCase, { client: client });
+        const notice = child("siteNotice");
+        tryVerify(() => notice.visible, 10000);
+        verify(notice.text.startsWith("Site server unreachable: "), notice.text);
+        shoot("site-server-unreachable.png");
+        TestKit.ingest(client, "10.232.1.40", unitConfig("10.232.1.40", "KT4-000040"));
+        compare(client.deviceCount, 1);
+    }
 }

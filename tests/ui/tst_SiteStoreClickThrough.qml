@@ -59,6 +59,8 @@ TestCase {
         const uri = "postgresql://desk@studio-db/site";
         for (const character of uri)
             keyClick(character);
+        waitForRendering(view);
+        grabImage(view).save(TestKit.shotPath("site-store-dialog.png"));
         mouseClick(findChild(dialog.footer, "siteStoreSaveButton"));
         tryVerify(() => !dialog.opened);
         compare(WindowMemory.siteStore, uri);
