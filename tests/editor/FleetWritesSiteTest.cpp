@@ -2,13 +2,18 @@
 // Writes to several units from the window go into the site store, each with
 // its verdict: "Save to N units" of the editor of several units on the fake
 // link, and a restore from a backup file through a client on loopback. The
-// store is a real SQLite file in a temporary folder; its writes table is read
-// back through a connection of the test's own.
+// store is a real SQLite file in a temporary folder, whose writes table is read
+// back through a connection of the test's own, or a real PostgreSQL server
+// that is stopped and started again in the middle of a save.
 #include <gtest/gtest.h>
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QFile>
+#include <QScopeGuard>
 #include <QTemporaryDir>
+
+#include <thread>
 
 #include "BackupFile.h"
 #include "ClientTestKit.h"
@@ -16,6 +21,7 @@
 #include "MultiEditor.h"
 #include "RestoreReview.h"
 #include "SiteRecorder.h"
+#include "TestServer.h"
 #include "WindowRecorder.h"
 
 using namespace EditorTest;
@@ -133,4 +139,61 @@ TEST_F(FleetWritesSiteTest, ARestoreFromABackupFileRecordsItsWrite)
     EXPECT_EQ(writes[0].unitKey, "serial:KT4-000001");
     EXPECT_EQ(writes[0].sent, R"({"Channel":"9"})");
     EXPECT_EQ(writes[0].verdict, "confirmed");
+}
+
+TEST(FleetWritesOnServer, ASiteServerStoppedAndStartedDuringASaveToSeveralUnitsLosesNoWrite)
+{
+    auto& server = SiteTest::TestServer::shared();
+    if (!server.running())
+        GTEST_SKIP() << "no PostgreSQL server for the test: " << server.whyNot().toStdString();
+    const QString uri = server.newDatabase();
+    ASSERT_FALSE(uri.isEmpty());
+    QTemporaryDir dir;
+    Site::SiteRecorder recorder(uri, dir.filePath(QStringLiteral("journal.sqlite")));
+    ASSERT_EQ(recorder.state(), Site::StoreState::Ready) << recorder.problem().toStdString();
+    WindowRecorder::use(&recorder);
+    const auto forget = qScopeGuard([&] {
+        WindowRecorder::use(nullptr);
+        if (!server.running())
+            server.start();
+    });
+    FakeLink link;
+    for (int unit = 1; unit <= 3; ++unit)
+        link.report(::unit("KT4-00000" + std::to_string(unit), "1"), "127.0.0." + std::to_string(unit + 1));
+    MultiEditor editor;
+    editor.setLink(&link);
+    editor.setAddresses({"127.0.0.2", "127.0.0.3", "127.0.0.4"});
+    editor.communication()->fieldAs<TextField>("Channel")->setText(QStringLiteral("7"));
+
+    editor.save();
+    ASSERT_TRUE(server.stop());
+    link.advance(SaveVerdict::kFirstCountedReply + 100ms);
+    link.report(::unit("KT4-000001", "7"), "127.0.0.2");
+    link.report(::unit("KT4-000002", "7"), "127.0.0.3");
+    recorder.runAndWait([](Site::SiteStore&) {});
+    // Two verdicts are in, and wait in the journal.
+    ASSERT_EQ(recorder.state(), Site::StoreState::Unreachable);
+    ASSERT_TRUE(QFile::exists(dir.filePath(QStringLiteral("journal.sqlite"))));
+    ASSERT_TRUE(server.start()) << server.whyNot().toStdString();
+    link.report(::unit("KT4-000003", "7"), "127.0.0.4");
+    link.advance(SaveVerdict::kAnswerDeadline);
+    link.tick();
+    ASSERT_EQ(editor.writer()->waiting(), 0);
+    // Back on the server (tried again every couple of seconds), with the journal sent first.
+    bool back = false;
+    for (int attempt = 0; attempt < 600 && !back; ++attempt) {
+        recorder.runAndWait([&back](Site::SiteStore& store) { back = store.canRecord(); });
+        if (!back)
+            std::this_thread::sleep_for(100ms);
+    }
+    ASSERT_TRUE(back) << recorder.problem().toStdString();
+    recorder.runAndWait([](Site::SiteStore&) {});
+
+    auto store = Site::SiteStore::open(uri);
+    for (const char* serial : {"KT4-000001", "KT4-000002", "KT4-000003"}) {
+        const auto writes = store->writes(Site::unitKey(serial, {}));
+        ASSERT_EQ(writes.size(), 1u) << serial;
+        EXPECT_EQ(writes[0].sent, (Vorn::Config{{"Channel", "7"}})) << serial;
+        EXPECT_EQ(writes[0].verdict, Site::Verdict::Confirmed) << serial;
+    }
 }
