@@ -26,6 +26,15 @@ void migrateTo(const QString& path, int version)
     QSqlDatabase::removeDatabase(QStringLiteral("migrate"));
 }
 
+// Unit A with one version, as versions 1 and 2 of the file keep them.
+void holdOneUnitAsVersionsOneAndTwoDid(const QString& path)
+{
+    RawStore raw(path);
+    ASSERT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', 'eth0', '2.1', 1000, 2000)"));
+    ASSERT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1000, '10.0.0.1',"
+                         " '{\"Channel\":\"3\",\"Serial\":\"A\"}')"));
+}
+
 }  // namespace
 
 TEST(SiteSchema, MigrationOneMakesUnitsVersionsAndWritesInANewFile)
@@ -46,12 +55,7 @@ TEST(SiteSchema, MigrationTwoAddsActivityAndKeepsWhatVersionOneHeld)
 {
     Scratch scratch;
     migrateTo(scratch.path(), 1);
-    {
-        RawStore raw(scratch.path());
-        ASSERT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', 'eth0', '2.1', 1000, 2000)"));
-        ASSERT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1000, '10.0.0.1',"
-                             " '{\"Channel\":\"3\",\"Serial\":\"A\"}')"));
-    }
+    holdOneUnitAsVersionsOneAndTwoDid(scratch.path());
 
     migrateTo(scratch.path(), 2);
 
@@ -70,12 +74,7 @@ TEST(SiteSchema, MigrationThreeNamesNoComputerForTheVersionsBeforeIt)
 {
     Scratch scratch;
     migrateTo(scratch.path(), 2);
-    {
-        RawStore raw(scratch.path());
-        ASSERT_TRUE(raw.exec("INSERT INTO units VALUES ('serial:A', 'A', '10.0.0.1', 'eth0', '2.1', 1000, 2000)"));
-        ASSERT_TRUE(raw.exec("INSERT INTO config_versions VALUES ('serial:A', 1000, '10.0.0.1',"
-                             " '{\"Channel\":\"3\",\"Serial\":\"A\"}')"));
-    }
+    holdOneUnitAsVersionsOneAndTwoDid(scratch.path());
 
     migrateTo(scratch.path(), 3);
 
