@@ -9,6 +9,22 @@
 #include "UnitHistory.h"
 
 namespace VornLink {
+namespace {
+
+// Every remembered unit with its latest configuration, as the list shows it offline.
+std::vector<VornClient::RememberedDevice> rememberedUnitsOf(Site::SiteStore& store)
+{
+    std::vector<VornClient::RememberedDevice> units;
+    auto configurations = store.latestConfigurations();
+    for (const auto& unit : store.units()) {
+        const auto latest = configurations.find(unit.key);
+        units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
+                         unit.lastSeen});
+    }
+    return units;
+}
+
+}  // namespace
 
 WindowSite::WindowSite(VornClient& client, const QString& path)
     : client_(client), recorder_(path), startedAt_(Site::Clock::now())
@@ -16,13 +32,7 @@ WindowSite::WindowSite(VornClient& client, const QString& path)
     // Read on the store's thread while the window builds; listed on the
     // window's thread in one go, with what the store has to say.
     recorder_.run([this](Site::SiteStore& store) {
-        std::vector<VornClient::RememberedDevice> units;
-        auto configurations = store.latestConfigurations();
-        for (const auto& unit : store.units()) {
-            const auto latest = configurations.find(unit.key);
-            units.push_back({unit.address, latest == configurations.end() ? Vorn::Config{} : std::move(latest->second),
-                             unit.lastSeen});
-        }
+        auto units = rememberedUnitsOf(store);
         // The store is open by now: asking the recorder does not wait.
         Opening opening{store.state(), store.problem(), recorder_.takeDamagedNotice()};
         QMetaObject::invokeMethod(
@@ -45,6 +55,7 @@ WindowSite::WindowSite(VornClient& client, const QString& path)
     });
     recorder_.watch([this] { QMetaObject::invokeMethod(this, &WindowSite::changedElsewhere, Qt::QueuedConnection); });
     connect(this, &WindowSite::changedElsewhere, this, &WindowSite::showWritesElsewhere);
+    connect(this, &WindowSite::changedElsewhere, this, &WindowSite::listRememberedOnceReadable);
 }
 
 WindowSite::~WindowSite()
@@ -74,8 +85,27 @@ void WindowSite::listRemembered(std::vector<VornClient::RememberedDevice> units,
     recordRows(0, static_cast<int>(client_.devices().size()) - 1);
     if (opening.damagedAside)
         damagedNotice_ = tr("The site file was damaged; kept as %1 and started a new one").arg(*opening.damagedAside);
+    unitsUnread_ = opening.state == Site::StoreState::Unreachable;
     showProblem(opening.state, opening.problem);
     emit rememberedListed();
+}
+
+void WindowSite::listRememberedOnceReadable()
+{
+    if (!unitsUnread_)
+        return;
+    recorder_.run([this](Site::SiteStore& store) {
+        if (!store.canRead())
+            return;
+        QMetaObject::invokeMethod(
+            this,
+            [this, units = rememberedUnitsOf(store)]() mutable {
+                // Whichever look came first lists them; a unit listed meanwhile keeps its row.
+                if (std::exchange(unitsUnread_, false))
+                    client_.addRemembered(std::move(units));
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void WindowSite::showProblem(Site::StoreState state, const QString& problem)

@@ -65,6 +65,9 @@ private:
     void recordRows(int first, int last);
     void forget(const Device& unit);
     void showProblem(Site::StoreState state, const QString& problem);
+    // A site server that was unreachable at start: its units are listed
+    // once it answers (another workstation's news says it does).
+    void listRememberedOnceReadable();
     // "kim on audio-room wrote Channel → 10.77.1.5 · confirmed"
     static QString writeElsewhereText(const Site::WriteRecord& write);
 
@@ -81,6 +84,8 @@ private:
     // This run's activity is recorded from here on; earlier runs' is older.
     const Site::Time startedAt_;
     QString damagedNotice_;
+    // The site server did not answer when the units were read at start.
+    bool unitsUnread_ = false;
 };
 
 }  // namespace VornLink

@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include "DeviceListModel.h"
@@ -406,4 +407,27 @@ TEST_F(WindowSiteOnServer, TheServerStoppedWhileUnitsAreHeardIsSaidAndWhatWasHea
     ASSERT_EQ(units.size(), 2u);
     EXPECT_EQ(units[0].serial, "KT4-R00001");
     EXPECT_EQ(units[1].serial, "KT4-R00002");
+}
+
+TEST_F(WindowSiteOnServer, TheUnitsOfASiteServerAwayAtStartAreListedOnceItAnswers)
+{
+    ASSERT_TRUE(Site::SiteStore::open(uri)->record(
+        {{"10.78.5.129", "", {{"Serial", "KT4-R00001"}}, Site::Clock::now()}}));
+    auto& server = SiteTest::TestServer::shared();
+    ASSERT_TRUE(server.stop());
+    const auto restart = qScopeGuard([&server] {
+        if (!server.running())
+            server.start();
+    });
+    auto client = loopbackClient();
+    VornLink::WindowSite site(*client, uri);
+    ASSERT_TRUE(listed(site));
+    EXPECT_EQ(client->deviceCount(), 0);
+
+    ASSERT_TRUE(server.start()) << server.whyNot().toStdString();
+
+    ASSERT_TRUE(processEventsUntil([&] { return client->deviceCount() == 1; }, std::chrono::seconds(15)));
+    EXPECT_EQ(client->devices()[0].ip, "10.78.5.129");
+    EXPECT_TRUE(client->devices()[0].remembered);
+    EXPECT_EQ(client->siteNotice(), QString());
 }
