@@ -482,8 +482,10 @@ std::vector<WriteRecord> SiteStore::newWritesElsewhere()
         const std::string identity = identityOf(write);
         return ownWrites_.contains(identity) || !toldWrites_.insert(identity).second;
     });
+    // Not past this computer's clock: a workstation whose clock runs ahead
+    // would hide the others' writes.
     for (const auto& write : writes)
-        newsFrom_ = std::max(newsFrom_, write.sentAt);
+        newsFrom_ = std::max(newsFrom_, std::min(write.sentAt, Clock::now()));
     return writes;
 }
 

@@ -133,6 +133,25 @@ TEST_P(SiteStoreOn, AnotherProgramsWritesAreNewsOnceAndOwnWritesNever)
     ASSERT_EQ(there->newWritesElsewhere().size(), 1u);
 }
 
+TEST_P(SiteStoreOn, AWorkstationWhoseClockRunsAheadHidesNoOtherWorkstationsWrite)
+{
+    auto here = SiteStore::open(location());
+    auto there = SiteStore::open(location());
+    const auto now = Site::Clock::now();
+    const auto write = [](Site::Time sentAt, const std::string& host) {
+        return Site::WriteRecord{sentAt, "vornctl", host, "kim", "KT-0001", "10.77.1.5", {{"Channel", "5"}},
+                                 Site::Verdict::Confirmed, {}};
+    };
+    ASSERT_TRUE(there->record({}, {write(now + std::chrono::hours(1), "clock-ahead")}));
+    ASSERT_EQ(here->newWritesElsewhere().size(), 1u);
+
+    ASSERT_TRUE(there->record({}, {write(Site::Clock::now(), "audio-room")}));
+    const auto news = here->newWritesElsewhere();
+
+    ASSERT_EQ(news.size(), 1u);
+    EXPECT_EQ(news[0].host, "audio-room");
+}
+
 TEST_P(SiteStoreOn, AWriteSentLongBeforeTheStoreOpenedIsNoNews)
 {
     const auto now = Site::Clock::now();
