@@ -12,8 +12,8 @@
 # window starts again as LANG=de_DE.UTF-8: German tabs and status line, and
 # the unit and tab it was left on.
 # run.sh starts it inside the LAN harness with three simulated units logging
-# to SIMLOG, under xvfb-run and then dbus-run-session (so that the AT-SPI
-# registry sees the display).
+# to SIMLOG, under display-session.sh (an X display, then a D-Bus session in
+# which the AT-SPI registry sees that display).
 #   read-window.py VORNLINK VORNCTL SIMLOG
 import os
 import json

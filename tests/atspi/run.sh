@@ -13,8 +13,6 @@ skip() { echo "atspi: skipped: $*"; exit 77; }
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-# -noreset: the AT-SPI bus launcher opens the display and closes it again; a
-# server that resets when its last client leaves would refuse the window
-# that connects in that moment. python3 -B: no bytecode cache in the sources.
+# python3 -B: no bytecode cache in the sources.
 "$harness" run --sim-bin "$sim" --sim "--count 3 --log $scratch/sim.log" -- \
-  xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- /usr/bin/python3 -B "$here/read-window.py" "$program" "$vornctl" "$scratch/sim.log"
+  "$here/display-session.sh" /usr/bin/python3 -B "$here/read-window.py" "$program" "$vornctl" "$scratch/sim.log"

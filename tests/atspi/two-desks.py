@@ -18,6 +18,8 @@
 # two-desks.sh starts it inside a LAN of the harness whose simulator holds
 # the same three units as the other desk's, under its own host name.
 #   two-desks.py a|b VORNLINK SITE_URI PGPASS TURNS [SHOTS_DIR]
+# With SHOTS_DIR a screenshot of the display goes there as desk-a.png or
+# desk-b.png once the other desk's save is listed.
 import os
 import re
 import shutil
@@ -78,8 +80,14 @@ class Turns:
 class Window:
     """The running window's AT-SPI tree."""
 
-    def __init__(self):
+    def __init__(self, shots):
         self.app = wait_for("the VornLink application on the AT-SPI bus", application, 30)
+        self.shots = shots
+
+    def shoot(self, name):
+        """Leaves a screenshot of the display as NAME.png in the shots folder, if there is one."""
+        if self.shots:
+            subprocess.run(["import", "-window", "root", os.path.join(self.shots, name + ".png")], check=True)
 
     def nodes(self, role=None, name=None, showing=True):
         return nodes_of(self.app, lambda node: (role is None or node.getRoleName() == role)
@@ -172,6 +180,7 @@ def await_save(window, turns, host, what):
           % (turns.other.upper(), turns.desk.upper(), latency, entry[1], entry[2].replace("\n", "; ")))
     if match.match(entry[1]).group(1) != "confirmed":
         fail("the save is listed as %r, not confirmed" % entry[1])
+    window.shoot("desk-%s" % turns.desk)
     return entry
 
 
@@ -236,7 +245,6 @@ def main():
     desk, program, uri, pgpass, folder = sys.argv[1:6]
     shots = sys.argv[6] if len(sys.argv) == 7 else ""
     turns = Turns(folder, desk)
-    turns.post("started-" + desk)
     try:
         with Scratch() as scratch:
             run_desk(desk, program, uri, pgpass, turns, shots, scratch)
@@ -256,7 +264,7 @@ def run_desk(desk, program, uri, pgpass, turns, shots, scratch):
         window = scratch.launch([program, "--site", uri], window_environment(scratch.folder))
     else:
         window = scratch.launch([program], window_environment(scratch.folder, VORNLINK_SITE=uri))
-    shown = Window()
+    shown = Window(shots)
     serial = select_unit(shown)
     print("two-desks: desk %s on %s shows KT400 %s at %s" % (desk, os.uname().nodename, serial, UNIT))
     (desk_a if desk == "a" else desk_b)(shown, turns)
@@ -266,8 +274,6 @@ def run_desk(desk, program, uri, pgpass, turns, shots, scratch):
     if repr(listed) != other:
         fail("the two History tabs differ:\n  %s\n  %s" % (listed, other))
     print("two-desks: desk %s lists %d versions, as desk %s does" % (desk, len(listed), turns.other))
-    if shots:
-        subprocess.run(["import", "-window", "root", os.path.join(shots, "desk-%s.png" % desk)], check=True)
     turns.post("done-" + desk)
     turns.wait("done-" + turns.other)
     window.terminate()

@@ -11,7 +11,8 @@
 # two network namespaces share. Skips (77) with the reason where something
 # cannot be had.
 #   two-desks.sh LAN_HARNESS VORN_SIM VORNLINK [SHOTS_DIR]
-# With SHOTS_DIR each desk leaves a screenshot of its screen there at the end.
+# With SHOTS_DIR each desk leaves a screenshot there (desk-a.png, desk-b.png)
+# once its History tab lists the other desk's save.
 set -u
 [ $# -eq 3 ] || [ $# -eq 4 ] || { echo "usage: two-desks.sh LAN_HARNESS VORN_SIM VORNLINK [SHOTS_DIR]" >&2; exit 2; }
 harness=$1 sim=$2 program=$3 shots=${4:-}
@@ -65,27 +66,15 @@ as_server "$pgbin/psql" -h "$server" -U vorn_admin -d postgres -v ON_ERROR_STOP=
 uri="postgresql://vornlink@/vornlink?host=$server"
 
 # One desk: a LAN of its own with the three units, its own host name, display
-# and D-Bus session. -noreset: the AT-SPI bus launcher opens the display and
-# closes it again; a server that resets when its last client leaves would
-# refuse the window that connects in that moment. python3 -B: no bytecode
-# cache in the sources.
+# and D-Bus session. python3 -B: no bytecode cache in the sources.
 desk() {
-  "$harness" run --sim-bin "$sim" --sim "--count 3 --seed 1" -- \
-    unshare --uts sh -c 'hostname "$0" && exec "$@"' "desk-$1" \
-    xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- \
+  exec "$harness" run --sim-bin "$sim" --sim "--count 3 --seed 1" -- \
+    unshare --uts sh -c 'hostname "$0" && exec "$@"' "desk-$1" "$here/display-session.sh" \
     /usr/bin/python3 -B "$here/two-desks.py" "$1" "$program" "$uri" "$scratch/pgpass" "$turns" ${shots:+"$shots"} \
     >"$scratch/desk-$1.out" 2>&1
 }
 desk a &
 desk_a=$!
-# Desk b starts once desk a's display is up: xvfb-run -a takes the first
-# display number without a lock file, which both would otherwise pick.
-tries=600
-until [ -e "$turns/started-a" ] || ! kill -0 "$desk_a" 2>/dev/null; do
-  tries=$((tries - 1))
-  [ "$tries" -gt 0 ] || { echo "two-desks: desk a did not start" >&2; exit 1; }
-  sleep 0.1
-done
 desk b &
 desk_b=$!
 wait "$desk_a"
