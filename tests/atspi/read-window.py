@@ -12,17 +12,14 @@
 # window starts again as LANG=de_DE.UTF-8: German tabs and status line, and
 # the unit and tab it was left on.
 # run.sh starts it inside the LAN harness with three simulated units logging
-# to SIMLOG, under xvfb-run and then dbus-run-session (so that the AT-SPI
-# registry sees the display).
+# to SIMLOG, under display-session.sh (an X display, then a D-Bus session in
+# which the AT-SPI registry sees that display).
 #   read-window.py VORNLINK VORNCTL SIMLOG
 import os
 import json
 import re
-import shutil
 import subprocess
 import sys
-import tempfile
-import time
 
 try:
     import pyatspi
@@ -30,50 +27,9 @@ except ImportError:
     print("read-window: python3-pyatspi is missing: skipped")
     sys.exit(77)
 
+from atspikit import Scratch, action, application, fail, has, key, nodes_of, wait_for, window_environment
+
 ROW = re.compile(r"^KT400 \u00b7\w{6}, (10\.232\.1\.[123]), online$")
-
-
-def fail(message):
-    print("read-window: " + message, file=sys.stderr)
-    sys.exit(1)
-
-
-def wait_for(what, probe, seconds=15):
-    deadline = time.monotonic() + seconds
-    while time.monotonic() < deadline:
-        found = probe()
-        if found:
-            return found
-        time.sleep(0.1)
-    fail("timed out waiting for " + what)
-
-
-def nodes_of(root):
-    found = []
-    stack = [root]
-    while stack:
-        node = stack.pop()
-        if node is None:
-            continue
-        found.append(node)
-        stack.extend(reversed([child for child in node]))
-    return found
-
-
-def has(node, state):
-    return node.getState().contains(state)
-
-
-def action(node, name):
-    actions = node.queryAction()
-    for index in range(actions.nActions):
-        if actions.getName(index) == name:
-            return actions.doAction(index)
-    fail("%s %r has no action %s" % (node.getRoleName(), node.name, name))
-
-
-def key(keysym):
-    pyatspi.Registry.generateKeyboardEvent(keysym, None, pyatspi.KEY_SYM)
 
 
 def writes_to(log, address):
@@ -98,18 +54,11 @@ def main():
         print("usage: read-window.py VORNLINK VORNCTL SIMLOG", file=sys.stderr)
         return 2
     program, vornctl, simlog = sys.argv[1], sys.argv[2], sys.argv[3]
-    scratch = tempfile.mkdtemp()
-    runtime = os.path.join(scratch, "run")
-    os.mkdir(runtime, 0o700)
     # Its own runtime, settings and temporary folders: a window of another
     # session (single instance) must not take this launch over.
-    environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", HOME=scratch, TMPDIR=scratch,
-                       XDG_RUNTIME_DIR=runtime, XDG_CONFIG_HOME=scratch + "/config",
-                       XDG_DATA_HOME=scratch + "/data", LANG="C.UTF-8", LC_ALL="C.UTF-8")
-    stderr = os.path.join(scratch, "stderr")
-    window = None
-    try:
-        window = subprocess.Popen([program], env=environment, cwd=scratch, stderr=open(stderr, "w"))
+    with Scratch() as scratch:
+        environment = window_environment(scratch.folder)
+        window = scratch.launch([program], environment)
         address, wire2 = read_and_drive(simlog)
         end_window(window)
         # The unit itself, asked once the window has let go of the port.
@@ -120,18 +69,9 @@ def main():
         # Started again as LANG=de_DE.UTF-8 starts it, on the same settings.
         german = dict(environment, LANG="de_DE.UTF-8")
         del german["LC_ALL"]
-        window = subprocess.Popen([program], env=german, cwd=scratch, stderr=open(stderr, "a"))
+        window = scratch.launch([program], german)
         read_again(address)
         end_window(window)
-    except SystemExit:
-        with open(stderr) as log:
-            print(log.read(), file=sys.stderr)
-        raise
-    finally:
-        if window is not None and window.poll() is None:
-            window.terminate()
-            window.wait(10)
-        shutil.rmtree(scratch, ignore_errors=True)
     return 0
 
 
@@ -142,14 +82,6 @@ def end_window(window):
         window.wait(15)
     except subprocess.TimeoutExpired:
         fail("the window did not end on SIGTERM")
-
-
-def application():
-    """The running VornLink on the AT-SPI bus, or None."""
-    for candidate in pyatspi.Registry.getDesktop(0):
-        if candidate is not None and candidate.name == "VornLink":
-            return candidate
-    return None
 
 
 def read_again(address):

@@ -9,21 +9,10 @@ set -u
 harness=$1 sim=$2 program=$3 vornctl=$4
 here=$(cd "$(dirname "$0")" && pwd)
 skip() { echo "atspi: skipped: $*"; exit 77; }
-command -v xvfb-run >/dev/null 2>&1 || skip "no xvfb-run (Debian: xvfb)"
-command -v dbus-run-session >/dev/null 2>&1 || skip "no D-Bus session (Debian: dbus)"
-[ -e /usr/share/dbus-1/services/org.a11y.Bus.service ] || skip "no AT-SPI bus (Debian: at-spi2-core)"
-/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || skip "no python3-pyatspi"
-# Under AddressSanitizer: xkbcommon-x11 (Debian 12) hands strndup a keymap
-# name without a terminating NUL, which strict string checks read past; this
-# window is on the X11 platform, so its run drops those checks.
-if [ -n "${ASAN_OPTIONS:-}" ]; then
-  export ASAN_OPTIONS="$ASAN_OPTIONS:strict_string_checks=0"
-fi
+. "$here/session-checks.sh"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
-# -noreset: the AT-SPI bus launcher opens the display and closes it again; a
-# server that resets when its last client leaves would refuse the window
-# that connects in that moment.
+# python3 -B: no bytecode cache in the sources.
 "$harness" run --sim-bin "$sim" --sim "--count 3 --log $scratch/sim.log" -- \
-  xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" dbus-run-session -- /usr/bin/python3 "$here/read-window.py" "$program" "$vornctl" "$scratch/sim.log"
+  "$here/display-session.sh" /usr/bin/python3 -B "$here/read-window.py" "$program" "$vornctl" "$scratch/sim.log"

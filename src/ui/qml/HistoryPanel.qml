@@ -34,6 +34,8 @@ Panel {
     }
     Text {
         objectName: "historyEmpty"
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         Layout.fillWidth: true
         visible: unitHistory.count === 0
         text: unitHistory.remembering ? qsTr("Nothing stored for this unit yet.")

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // One stored version in the History tab: its time and cause, its key changes
-// one a line, and the button that puts its values into the editor.
+// one a line, and the button that puts its values into the editor. Each text
+// is a static text of its own, so that a screen reader reads the list.
 import QtQuick
 import VornLink
 import QtQuick.Layouts
@@ -33,6 +34,8 @@ ColumnLayout {
 
             Text {
                 objectName: "historyTime"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 text: root.time
                 textFormat: Text.PlainText
                 color: Theme.inkMuted
@@ -40,6 +43,8 @@ ColumnLayout {
             }
             Text {
                 objectName: "historyCause"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 Layout.fillWidth: true
                 text: root.cause
                 textFormat: Text.PlainText
@@ -57,6 +62,8 @@ ColumnLayout {
     }
     Text {
         objectName: "historyChanges"
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         Layout.fillWidth: true
         visible: root.changes.length > 0
         text: root.changes.join("\n")
