@@ -52,9 +52,10 @@ void SiteRecorder::heard(std::vector<Sighting> sightings)
 void SiteRecorder::wrote(WriteRecord write)
 {
     std::unique_lock lock(lock_);
-    const bool wasEmpty = pending_.empty();
     pending_.writes.push_back(std::move(write));
-    wake(lock, wasEmpty);
+    lock.unlock();
+    // Also ends a gathering early: other workstations wait for a write.
+    changed_.notify_all();
 }
 
 void SiteRecorder::logged(ActivityEntry entry)
@@ -194,9 +195,10 @@ void SiteRecorder::loop(QString path)
         }
         if (pending_.empty() && stopping_ && !waiting)
             return;
-        // Jobs wait for nothing; records gather a little so a round goes in together.
-        if (!waiting && pending_.hasRecords() && pending_.jobs.empty() && !stopping_)
-            changed_.wait_for(lock, kGather, [this] { return stopping_ || !pending_.jobs.empty(); });
+        // Jobs and writes wait for nothing; the rest gathers a little so a round goes in together.
+        const auto urgent = [this] { return stopping_ || !pending_.jobs.empty() || !pending_.writes.empty(); };
+        if (!waiting && pending_.hasRecords() && !urgent())
+            changed_.wait_for(lock, kGather, urgent);
         Batch batch = std::exchange(pending_, Batch{});
         const bool ending = stopping_;
         lock.unlock();

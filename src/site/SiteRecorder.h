@@ -3,7 +3,8 @@
 // smooth: the caller hands over what it heard, wrote and logged (a copy under
 // a lock, nothing more), and the store's thread commits each batch in one
 // go a quarter of a second after its first item, so a discover round's
-// replies go in together and everything is stored within a second. The
+// replies go in together and everything is stored within a second; a write
+// goes in at once, with what was gathered, as other workstations wait for it. The
 // store splits a large batch into short transactions (see SiteStore::record).
 // While a site server is unreachable, what was handed over waits in the
 // journal (see SiteJournal) and goes in once the server answers again
