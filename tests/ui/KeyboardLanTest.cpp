@@ -75,18 +75,26 @@ protected:
             GTEST_SKIP() << "needs Xvfb and xdotool (scripts/install-deps)";
     }
 
-    // Xvfb in the console namespace; its display name once it is ready.
+    // Xvfb in the console namespace on the first display from :99 on whose
+    // lock file it takes, so that tests started together, also in other
+    // namespaces, never share one (a server without a lock, as with -displayfd
+    // alone, may take a number another namespace's server has and replace its
+    // socket file); the display's name once it is ready, empty when none starts.
     std::string startDisplay()
     {
-        xvfb_.emplace(lan().consoleNs(),
-                      std::vector<std::string>{"Xvfb", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0",
-                                               "1280x800x24"},
-                      dir());
-        for (int attempt = 0; attempt < 100; ++attempt) {
-            const std::string number = xvfb_->stdoutText();
-            if (!number.empty() && number.back() == '\n')
-                return ":" + number.substr(0, number.size() - 1);
-            std::this_thread::sleep_for(100ms);
+        for (int number = 99; number < 200; ++number) {
+            const std::string name = std::to_string(number);
+            xvfb_.emplace(lan().consoleNs(),
+                          std::vector<std::string>{"Xvfb", ":" + name, "-displayfd", "1", "-nolisten", "tcp", "-screen",
+                                                   "0", "1280x800x24"},
+                          dir());
+            for (int attempt = 0; attempt < 100 && !xvfb_->wait(0ms); ++attempt) {
+                if (xvfb_->stdoutText() == name + "\n")
+                    return ":" + name;
+                std::this_thread::sleep_for(100ms);
+            }
+            if (xvfb_->stderrText().find("already active") == std::string::npos)
+                return {};
         }
         return {};
     }
