@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "PostgresServer.h"
 
-#include <libpq-fe.h>
-
 #include <QSqlDriver>
 #include <QSqlQuery>
 #include <QStringList>
@@ -11,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "LibPq.h"
 #include "SqlStatement.h"
 
 namespace Site::Postgres {
@@ -22,7 +21,7 @@ constexpr long long kWriteLockKey = 0x566f726e4c696e6bLL;
 constexpr auto kChannel = "vornlink_site";
 
 struct ConninfoFree {
-    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+    void operator()(PQconninfoOption* options) const { libPq()->conninfoFree(options); }
 };
 
 // 'value' with quotes and backslashes escaped, as a connection string wants it.
@@ -67,18 +66,25 @@ bool isServerUri(const QString& location)
 Opened openServer(const QString& uri, const QString& connection)
 {
     Opened opened;
+    // Qt SQL's driver depends on libpq: without one, neither is there.
+    const LibPq* const pq = libPq();
+    const QString noDriver = QStringLiteral("the PostgreSQL driver of Qt SQL is not installed (Debian: libqt6sql6-psql)");
+    if (!pq) {
+        opened.problem = noDriver;
+        return opened;
+    }
     const QByteArray text = uri.toUtf8();
     char* parseError = nullptr;
-    std::unique_ptr<PQconninfoOption, ConninfoFree> options(PQconninfoParse(text.constData(), &parseError));
+    std::unique_ptr<PQconninfoOption, ConninfoFree> options(pq->conninfoParse(text.constData(), &parseError));
     if (!options) {
         opened.problem = QStringLiteral("the site server address %1 cannot be read: %2")
                              .arg(uri, parseError ? oneLine(QString::fromUtf8(parseError)) : QStringLiteral("out of memory"));
-        PQfreemem(parseError);
+        pq->freemem(parseError);
         return opened;
     }
     opened.db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connection);
     if (!opened.db.isValid()) {
-        opened.problem = QStringLiteral("the PostgreSQL driver of Qt SQL is not installed (Debian: libqt6sql6-psql)");
+        opened.problem = noDriver;
         return opened;
     }
     QStringList rest;
@@ -118,7 +124,7 @@ Opened openServer(const QString& uri, const QString& connection)
     const QByteArray timeout = QByteArray::number(kConnectTimeoutSeconds);
     const char* keywords[] = {"connect_timeout", "dbname", nullptr};
     const char* values[] = {timeout.constData(), text.constData(), nullptr};
-    opened.unreachable = PQpingParams(keywords, values, 1) == PQPING_NO_RESPONSE;
+    opened.unreachable = pq->pingParams(keywords, values, 1) == PQPING_NO_RESPONSE;
     opened.problem = reason.isEmpty() ? oneLine(opened.db.lastError().text()) : reason;
     opened.db.close();
     return opened;
@@ -127,12 +133,12 @@ Opened openServer(const QString& uri, const QString& connection)
 bool connectionLost(const QSqlDatabase& db)
 {
     PGconn* const connection = connectionOf(db);
-    if (!connection || PQstatus(connection) == CONNECTION_BAD)
+    if (!connection || libPq()->status(connection) == CONNECTION_BAD)
         return true;
     // A server that shut down may have said so in the failed statement's
     // answer before libpq saw the connection close: asking again tells.
     QSqlQuery probe(db);
-    return !probe.exec(QStringLiteral("SELECT 1")) && PQstatus(connection) == CONNECTION_BAD;
+    return !probe.exec(QStringLiteral("SELECT 1")) && libPq()->status(connection) == CONNECTION_BAD;
 }
 
 bool beginWrite(QSqlDatabase& db, QSqlError& error)
@@ -160,13 +166,14 @@ bool announceChange(QSqlDatabase& db, QSqlError& error)
 bool changedElsewhere(const QSqlDatabase& db)
 {
     PGconn* const connection = connectionOf(db);
-    if (!connection || PQconsumeInput(connection) == 0)
+    const LibPq* const pq = libPq();
+    if (!connection || pq->consumeInput(connection) == 0)
         return false;
-    const int own = PQbackendPID(connection);
+    const int own = pq->backendPID(connection);
     bool elsewhere = false;
-    while (PGnotify* notice = PQnotifies(connection)) {
+    while (PGnotify* notice = pq->notifies(connection)) {
         elsewhere = elsewhere || notice->be_pid != own;
-        PQfreemem(notice);
+        pq->freemem(notice);
     }
     return elsewhere;
 }
