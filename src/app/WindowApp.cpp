@@ -7,6 +7,8 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QImageReader>
+#include <QPixmap>
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QQuickWindow>
@@ -54,6 +56,16 @@ void reportFirstFrame(QQuickWindow* window)
         Qt::SingleShotConnection);
 }
 
+// The icon built into the program, read by Qt's own PNG reader: a reader
+// that may detect the format loads every image format plugin installed first,
+// to ask each whether it reads the file.
+QIcon bundledIcon()
+{
+    QImageReader reader(QStringLiteral(":/icons/" VORN_APP_ID ".png"), "png");
+    reader.setAutoDetectImageFormat(false);
+    return QIcon(QPixmap::fromImage(reader.read()));
+}
+
 }  // namespace
 
 int runWindowApp(int& argc, char** argv)
@@ -75,8 +87,7 @@ int runWindowApp(int& argc, char** argv)
     installTranslations(app);
     // The desktop entry, the metadata and the icon are all named by the application id.
     QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
-    QGuiApplication::setWindowIcon(
-        QIcon::fromTheme(QStringLiteral(VORN_APP_ID), QIcon(QStringLiteral(":/icons/" VORN_APP_ID ".png"))));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VORN_APP_ID), bundledIcon()));
     // Closing the window leaves discovery running; a new launch or the dock brings it back.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 

@@ -5,7 +5,7 @@
 # the window has drawn its first frame, without any of the named libraries in
 # its memory (its site store is then a file in the empty home folder). Run it
 # inside a network namespace: the window binds UDP 23457 and broadcasts.
-#   first-frame.sh PREFIX/bin/vornlink [LIBRARY...]   (e.g. libpq.so)
+#   first-frame.sh PREFIX/bin/vornlink [LIBRARY...]   (e.g. libpq.so, imageformats/)
 set -u
 [ $# -ge 1 ] || { echo "usage: first-frame.sh VORNLINK [LIBRARY...]" >&2; exit 2; }
 program=$(realpath "$1")
