@@ -268,12 +268,17 @@ void VornClient::showEarlierLog(const std::vector<EarlierEntry>& entries)
 
 void VornClient::showElsewhere(WallClock::time_point at, const QString& message)
 {
-    activity_->append(logStamps_.textFor(at) + QStringLiteral("  ") + message);
+    appendLogLine(at, message);
 }
 
 void VornClient::addLog(const QString& message)
 {
     const auto now = clock_->now();
-    activity_->append(logStamps_.textFor(now) + QStringLiteral("  ") + message);
+    appendLogLine(now, message);
     emit logged(now, message);
+}
+
+void VornClient::appendLogLine(WallClock::time_point at, const QString& message)
+{
+    activity_->append(logStamps_.textFor(at) + QStringLiteral("  ") + message);
 }

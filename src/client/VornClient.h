@@ -235,6 +235,8 @@ private:
     QVariantMap networkData(const Device& device) const;
     void setStatus(const QString& status);
     void addLog(const QString& message);
+    // One line of the activity log: its time, two spaces, the message.
+    void appendLogLine(WallClock::time_point at, const QString& message);
     void noteUpdated(int row);
     void noteInserted(int row);
 
