@@ -55,10 +55,12 @@ TestCase {
         grabImage(view).save(TestKit.shotPath(name));
     }
 
-    // A store in which an earlier run heard the units `ips`.
-    function storeWith(ips) {
+    // A store in which an earlier run heard the units `ips`, at `heardAt` if given.
+    function storeWith(ips, heardAt) {
         const file = TestKit.scratchFile("site-" + (++sites) + ".sqlite");
         const earlier = TestKit.makeClient();
+        if (heardAt !== undefined)
+            TestKit.setNow(earlier, heardAt);
         TestKit.rememberSite(earlier, file);
         for (let i = 0; i < ips.length; ++i)
             TestKit.ingest(earlier, ips[i], unitConfig(ips[i], "KT4-00001" + i));
@@ -194,7 +196,9 @@ TestCase {
     }
 
     function test_earlier_runs_activity_shows_above_this_runs_under_date_lines() {
-        const file = storeWith(["10.232.1.7"]);
+        // An hour ago: a run that ended within the same millisecond as this
+        // one started would not be earlier by the stored times.
+        const file = storeWith(["10.232.1.7"], new Date(Date.now() - 3600 * 1000));
         openWindow(file);
         TestKit.ingest(client, "10.232.1.30", unitConfig("10.232.1.30", "KT4-000030"));
         view.activityShown = true;
