@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <tuple>
 
 namespace Vorn {
 namespace {
@@ -36,11 +37,13 @@ Config Config::lastValueWins(std::span<TextPair> entries)
     if (entries.size() > kSortInPlaceUpTo) {
         std::stable_sort(entries.begin(), entries.end(), byKey);
     } else {
-        for (auto it = entries.begin(); it != entries.end(); ++it) {
-            const TextPair entry = *it;
-            const auto place = std::upper_bound(entries.begin(), it, entry, byKey);
-            std::move_backward(place, it, std::next(it));
-            *place = entry;
+        // Element by element: shifting a few pairs costs less than a call to memmove.
+        for (std::size_t i = 1; i < entries.size(); ++i) {
+            const TextPair entry = entries[i];
+            std::size_t place = i;
+            for (; place > 0 && byKey(entry, entries[place - 1]); --place)
+                entries[place] = entries[place - 1];
+            entries[place] = entry;
         }
     }
     Config config;
@@ -48,7 +51,8 @@ Config Config::lastValueWins(std::span<TextPair> entries)
     for (auto it = entries.begin(); it != entries.end(); ++it) {
         const auto next = std::next(it);
         if (next == entries.end() || next->first != it->first)
-            config.entries_.emplace_back(std::string(it->first), std::string(it->second));
+            config.entries_.emplace_back(std::piecewise_construct, std::forward_as_tuple(it->first),
+                                          std::forward_as_tuple(it->second));
     }
     return config;
 }
