@@ -10,6 +10,7 @@
 #include <QImageReader>
 #include <QPixmap>
 #include <QQmlApplicationEngine>
+#include <QQmlComponent>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QSettings>
@@ -17,6 +18,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 #include "AppLogging.h"
+#include "FontWarmUp.h"
 #include "LatencyProbe.h"
 #include "SharedClient.h"
 #include "SingleInstance.h"
@@ -84,10 +86,6 @@ int runWindowApp(int& argc, char** argv)
     // The user's settings: ~/.config/vornlink/VornLink.conf on Linux.
     QGuiApplication::setOrganizationName(QStringLiteral("vornlink"));
     QGuiApplication::setApplicationName(QStringLiteral("VornLink"));
-    installTranslations(app);
-    // The desktop entry, the metadata and the icon are all named by the application id.
-    QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VORN_APP_ID), bundledIcon()));
     // Closing the window leaves discovery running; a new launch or the dock brings it back.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
@@ -103,8 +101,18 @@ int runWindowApp(int& argc, char** argv)
         return 2;
     }
 
+    // The QML loader thread starts reading the window's types at once; what
+    // this thread does until the scene is made overlaps with it.
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     QQmlApplicationEngine engine;
+    const QUrl mainUrl(QStringLiteral("qrc:/VornLink/Main.qml"));
+    QQmlComponent typesAhead(&engine, mainUrl, QQmlComponent::Asynchronous);
+
+    installTranslations(app);
+    // The desktop entry, the metadata and the icon are all named by the application id.
+    QGuiApplication::setDesktopFileName(QStringLiteral(VORN_APP_ID));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VORN_APP_ID), bundledIcon()));
+
     SharedClient::provide(engine, SharedClient::deviceFactory());
     WindowMemory::provide(engine, std::make_unique<QSettings>());
     // The store opens and is read on its own thread while the scene builds; its
@@ -119,7 +127,9 @@ int runWindowApp(int& argc, char** argv)
     // The History tabs and every write from the window go through the store; not after it is gone.
     WindowRecorder::use(siteMemory ? &siteMemory->recorder() : nullptr);
     const auto forgetRecorder = qScopeGuard([] { WindowRecorder::use(nullptr); });
-    engine.load(QUrl(QStringLiteral("qrc:/VornLink/Main.qml")));
+    warmUpFonts();
+    // Waits for what the loader thread has not read yet, then makes the scene.
+    engine.load(mainUrl);
     auto* window = engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(engine.rootObjects().constFirst());
     if (!window) {
         std::fputs(QCoreApplication::translate("VornLink", "vornlink: the window could not be created\n").toUtf8().constData(),
