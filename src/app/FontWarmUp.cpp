@@ -2,16 +2,13 @@
 #include "FontWarmUp.h"
 
 #include <QFont>
-#include <QFontDatabase>
 #include <QFontMetricsF>
-#include <QStringList>
 
 namespace VornLink {
 
 void warmUpFonts()
 {
-    // Reads the list of installed families, which the icon font is looked up in.
-    (void)QFontDatabase::families();
+    // The first face opened also reads the installed fonts into Qt's database.
     QFont demiBold;
     demiBold.setWeight(QFont::DemiBold);
     for (const QFont& font : {QFont(), demiBold, QFont(QStringLiteral("monospace"))})
