@@ -3,7 +3,9 @@
 # The installed window as a desktop sees it, on the X display of the caller:
 # its class is the menu entry's StartupWMClass (so the dock groups the window
 # under the entry) and it carries an icon. Run it inside a network namespace,
-# under xvfb-run: the window binds UDP 23457 and broadcasts.
+# on a display of its own (tests/atspi/display-session.sh, which takes a free
+# display's lock also against servers in other namespaces): the window binds
+# UDP 23457 and broadcasts.
 #   window-identity.sh PREFIX/bin/vornlink PREFIX/share/applications/ID.desktop
 set -u
 [ $# -eq 2 ] || { echo "usage: window-identity.sh VORNLINK DESKTOP_FILE" >&2; exit 2; }
